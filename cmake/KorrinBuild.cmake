@@ -1,0 +1,14 @@
+# How every target of this project is compiled.
+
+function(korrin_compile_options target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  if(PROJECT_IS_TOP_LEVEL)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  endif()
+  if(KORRIN_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${KORRIN_SANITIZE} -fno-omit-frame-pointer
+                                             -fno-sanitize-recover=all)
+    target_link_options(${target} PUBLIC -fsanitize=${KORRIN_SANITIZE})
+  endif()
+endfunction()

@@ -1,0 +1,69 @@
+#pragma once
+
+// The pointer behind every value that shares storage with its copies. It is half the size of
+// std::shared_ptr, which decides the size of a List's spine, and knows whether it is the only
+// owner, which decides whether an edit may happen in place.
+
+#include <atomic>
+#include <cstddef>
+#include <utility>
+
+namespace korrin {
+
+/// Base of everything held by `Shared`: the number of owners. A copy of a counted object is a new
+/// object and starts with no owner.
+class Counted {
+ public:
+  Counted() = default;
+  Counted(const Counted&) noexcept {}
+  Counted& operator=(const Counted&) noexcept { return *this; }
+
+ private:
+  template <class Object>
+  friend class Shared;
+  std::atomic<std::size_t> owners_{0};
+};
+
+/// Counted ownership of a heap object derived from `Counted`, or of nothing. Copies cost one atomic
+/// increment; distinct copies may be used from different threads at the same time. The object is
+/// disposed of by its static `destroy(Object*)` when its last owner goes.
+template <class Object>
+class Shared {
+ public:
+  Shared() = default;
+  /// Takes part in owning `object`, which may be null.
+  explicit Shared(Object* object) noexcept : object_(object) { retain(); }
+  Shared(const Shared& other) noexcept : object_(other.object_) { retain(); }
+  Shared(Shared&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  Shared& operator=(Shared other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  ~Shared() { release(); }
+
+  Object* get() const noexcept { return object_; }
+  Object& operator*() const noexcept { return *object_; }
+  Object* operator->() const noexcept { return object_; }
+  explicit operator bool() const noexcept { return object_ != nullptr; }
+
+  /// Whether this is the only owner, so that a change is seen by nobody else.
+  bool isUnique() const noexcept {
+    // Acquire: what a former owner on another thread read is read before it is changed here.
+    return object_->owners_.load(std::memory_order_acquire) == 1;
+  }
+
+ private:
+  void retain() noexcept {
+    if (object_ != nullptr) object_->owners_.fetch_add(1, std::memory_order_relaxed);
+  }
+  void release() noexcept {
+    if (object_ == nullptr) return;
+    // A sole owner needs no read-modify-write: nobody else can gain or lose a share meanwhile.
+    if (isUnique() || object_->owners_.fetch_sub(1, std::memory_order_acq_rel) == 1)
+      Object::destroy(object_);
+  }
+
+  Object* object_ = nullptr;
+};
+
+}  // namespace korrin

@@ -1,0 +1,63 @@
+#pragma once
+
+// 128-bit identifiers of records.
+
+#include <array>
+#include <compare>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korrin {
+
+/// A universally unique identifier: 16 bytes, compared and ordered byte by byte.
+class UUID {
+ public:
+  using Bytes = std::array<std::uint8_t, 16>;
+
+  /// Number of characters of the text form.
+  static constexpr std::size_t textLength = 36;
+
+  /// The nil identifier: 16 zero bytes.
+  constexpr UUID() = default;
+  constexpr explicit UUID(const Bytes& bytes) : bytes_(bytes) {}
+
+  /// A fresh version 4 identifier from the operating system's generator. Throws std::system_error
+  /// when the generator gives no bytes.
+  static UUID random();
+
+  /// The identifier written as 8-4-4-4-12 hexadecimal digits of either letter case, without braces
+  /// or blanks; nothing for any other text.
+  static std::optional<UUID> fromText(std::string_view text);
+
+  /// The canonical text form: 36 characters, upper-case digits.
+  std::string text() const;
+
+  /// Writes the canonical text form to the `textLength` characters from `out` on; adds no
+  /// terminator.
+  void writeText(char* out) const;
+
+  constexpr const Bytes& bytes() const { return bytes_; }
+
+  friend constexpr bool operator==(const UUID&, const UUID&) = default;
+  friend constexpr auto operator<=>(const UUID&, const UUID&) = default;
+
+ private:
+  Bytes bytes_{};
+};
+
+}  // namespace korrin
+
+template <>
+struct std::hash<korrin::UUID> {
+  std::size_t operator()(const korrin::UUID& id) const noexcept {
+    std::uint64_t halves[2];
+    std::memcpy(halves, id.bytes().data(), sizeof halves);
+    // Random identifiers are their own hash; the multiplication spreads counting ones.
+    const std::uint64_t mixed = (halves[0] ^ (halves[1] >> 29) ^ halves[1]) * 0x9E3779B97F4A7C15u;
+    return static_cast<std::size_t>(mixed ^ (mixed >> 32));
+  }
+};

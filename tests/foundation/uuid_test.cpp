@@ -1,0 +1,78 @@
+#include "korrin/foundation/uuid.h"
+
+#include <unordered_set>
+
+#include <gtest/gtest.h>
+
+namespace korrin {
+namespace {
+
+TEST(UUID, IsNilByDefault) {
+  EXPECT_EQ(UUID{}.text(), "00000000-0000-0000-0000-000000000000");
+  EXPECT_EQ(UUID{}.bytes(), UUID::Bytes{});
+}
+
+TEST(UUID, ReadsEitherLetterCaseAndWritesUpperCase) {
+  const auto lower = UUID::fromText("0123abcd-89ef-4012-b456-7890fedcba98");
+  const auto upper = UUID::fromText("0123ABCD-89EF-4012-B456-7890FEDCBA98");
+  ASSERT_TRUE(lower.has_value());
+  EXPECT_EQ(lower, upper);
+  EXPECT_EQ(lower->text(), "0123ABCD-89EF-4012-B456-7890FEDCBA98");
+  EXPECT_EQ(lower->bytes()[0], 0x01);
+  EXPECT_EQ(lower->bytes()[15], 0x98);
+}
+
+TEST(UUID, RefusesEveryOtherText) {
+  const std::string good = "0123ABCD-89EF-4012-B456-7890FEDCBA98";
+  for (const std::string text : {"", "0123ABCD89EF4012B4567890FEDCBA98", "{0123ABCD-89EF-4012-B456-7890FEDCBA98}"})
+    EXPECT_FALSE(UUID::fromText(text).has_value()) << text;
+  EXPECT_FALSE(UUID::fromText(" " + good).has_value());
+  EXPECT_FALSE(UUID::fromText(good + " ").has_value());
+  EXPECT_FALSE(UUID::fromText(good.substr(0, 35)).has_value());
+}
+
+TEST(UUID, RefusesAWrongCharacterAtEveryPlace) {
+  const std::string good = "0123ABCD-89EF-4012-B456-7890FEDCBA98";
+  for (std::size_t i = 0; i < good.size(); ++i) {
+    for (const char wrong : {'G', 'g', '/', ':', '@', '`', ' ', '\0', '\xC3', good[i] == '-' ? '0' : '-'}) {
+      std::string text = good;
+      text[i] = wrong;
+      EXPECT_FALSE(UUID::fromText(text).has_value()) << i << " " << wrong;
+    }
+  }
+}
+
+TEST(UUID, OrdersByBytesAsTheTextsDo) {
+  const UUID a = *UUID::fromText("00000000-0000-0000-0000-000000000002");
+  const UUID b = *UUID::fromText("00000000-0000-0000-0000-000000000010");
+  const UUID c = *UUID::fromText("FF000000-0000-0000-0000-000000000000");
+  EXPECT_LT(a, b);
+  EXPECT_LT(b, c);
+  EXPECT_EQ(a <=> b, a.text() <=> b.text());
+}
+
+TEST(UUID, RandomOnesAreOfVersionFourAndDiffer) {
+  std::unordered_set<UUID> seen;
+  for (int i = 0; i < 1000; ++i) {
+    const UUID id = UUID::random();
+    EXPECT_EQ(id.bytes()[6] >> 4, 4);
+    EXPECT_EQ(id.bytes()[8] >> 6, 2);
+    EXPECT_TRUE(seen.insert(id).second);
+    EXPECT_EQ(UUID::fromText(id.text()), id);
+  }
+}
+
+TEST(UUID, HashesAgreeWithEquality) {
+  const UUID id = UUID::random();
+  EXPECT_EQ(std::hash<UUID>{}(id), std::hash<UUID>{}(*UUID::fromText(id.text())));
+  std::unordered_set<std::size_t> hashes;
+  UUID::Bytes bytes{};
+  for (int i = 0; i < 256; ++i) {
+    bytes[15] = static_cast<std::uint8_t>(i);
+    hashes.insert(std::hash<UUID>{}(UUID(bytes)));
+  }
+  EXPECT_EQ(hashes.size(), 256u);
+}
+
+}  // namespace
+}  // namespace korrin
