@@ -1,9 +1,9 @@
 #include "korrin/foundation/uuid.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <system_error>
+
+#include <unistd.h>
 
 namespace korrin {
 namespace {
@@ -24,7 +24,8 @@ constexpr std::array<std::uint8_t, 256> digitValues = [] {
 constexpr std::array<std::array<char, 2>, 256> bytePairs = [] {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::array<std::array<char, 2>, 256> pairs{};
-  for (std::size_t byte = 0; byte < 256; ++byte) pairs[byte] = {digits[byte >> 4], digits[byte & 15]};
+  for (std::size_t byte = 0; byte < 256; ++byte)
+    pairs[byte] = {digits[byte >> 4], digits[byte & 15]};
   return pairs;
 }();
 

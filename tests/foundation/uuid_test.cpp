@@ -24,7 +24,8 @@ TEST(UUID, ReadsEitherLetterCaseAndWritesUpperCase) {
 
 TEST(UUID, RefusesEveryOtherText) {
   const std::string good = "0123ABCD-89EF-4012-B456-7890FEDCBA98";
-  for (const std::string text : {"", "0123ABCD89EF4012B4567890FEDCBA98", "{0123ABCD-89EF-4012-B456-7890FEDCBA98}"})
+  for (const std::string text :
+       {"", "0123ABCD89EF4012B4567890FEDCBA98", "{0123ABCD-89EF-4012-B456-7890FEDCBA98}"})
     EXPECT_FALSE(UUID::fromText(text).has_value()) << text;
   EXPECT_FALSE(UUID::fromText(" " + good).has_value());
   EXPECT_FALSE(UUID::fromText(good + " ").has_value());
@@ -34,7 +35,8 @@ TEST(UUID, RefusesEveryOtherText) {
 TEST(UUID, RefusesAWrongCharacterAtEveryPlace) {
   const std::string good = "0123ABCD-89EF-4012-B456-7890FEDCBA98";
   for (std::size_t i = 0; i < good.size(); ++i) {
-    for (const char wrong : {'G', 'g', '/', ':', '@', '`', ' ', '\0', '\xC3', good[i] == '-' ? '0' : '-'}) {
+    for (const char wrong :
+         {'G', 'g', '/', ':', '@', '`', ' ', '\0', '\xC3', good[i] == '-' ? '0' : '-'}) {
       std::string text = good;
       text[i] = wrong;
       EXPECT_FALSE(UUID::fromText(text).has_value()) << i << " " << wrong;

@@ -1,0 +1,51 @@
+#pragma once
+
+// What stops a document from being read or written.
+
+#include <stdexcept>
+#include <string>
+
+namespace korrin {
+
+/// Why a document was not read. `what()` is one sentence: where, what was expected, what was found,
+/// as in "items[3].style.labelScale: expected a number, found a string". When several fields are
+/// wrong, the first in the records' field order is named, searched depth-first; text that is not
+/// JSON goes before every field and is named by line and column.
+class DecodingError : public std::runtime_error {
+ public:
+  enum class Kind {
+    keyNotFound,    ///< A required key is missing.
+    valueNotFound,  ///< A required key, or a list's element, is null.
+    typeMismatch,   ///< A value of another JSON type, or a fraction where an integer belongs.
+    dataCorrupted,  ///< Not JSON, an unknown enumeration text, a malformed identifier or date, a
+                    ///< number that does not fit, or a known key that stands twice.
+  };
+
+  DecodingError(Kind kind, std::string keyPath, const std::string& message)
+      : std::runtime_error(message), kind_(kind), keyPath_(std::move(keyPath)) {}
+
+  Kind kind() const noexcept { return kind_; }
+
+  /// The offending field, such as "items[3].style.labelScale"; for `keyNotFound` it ends in the
+  /// missing key. Empty for the document itself.
+  const std::string& keyPath() const noexcept { return keyPath_; }
+
+ private:
+  Kind kind_;
+  std::string keyPath_;
+};
+
+/// Why a value was not written: a number that is not finite, which JSON cannot hold.
+class EncodingError : public std::runtime_error {
+ public:
+  EncodingError(std::string keyPath, const std::string& message)
+      : std::runtime_error(message), keyPath_(std::move(keyPath)) {}
+
+  /// The offending field, such as "items[3].riserHeightMillimeters".
+  const std::string& keyPath() const noexcept { return keyPath_; }
+
+ private:
+  std::string keyPath_;
+};
+
+}  // namespace korrin

@@ -1,0 +1,33 @@
+#pragma once
+
+// Turns what a reader met into the error that a person reads.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "korrin/coding/coding_error.h"
+#include "korrin/coding/json_scanner.h"
+#include "korrin/coding/key_path.h"
+
+namespace korrin::json {
+
+/// "items[3].label: expected a string, found a number".
+DecodingError refusal(DecodingError::Kind kind, const KeyPath& path, std::string_view expected,
+                      std::string_view found);
+
+/// "line 3, column 14: expected a value, found ']'".
+DecodingError notJSON(const Scanner& scanner, const Malformed& fault);
+
+/// The type of the value that starts at the scanner's position: "a string", "null", ...
+std::string_view typeOfNextValue(const Scanner& scanner);
+
+/// `words` as a sentence has them: "one of "top", "right" or "left"", and the one most like
+/// `given`.
+std::string nearestWord(std::string_view given, const std::vector<std::string_view>& words);
+std::string oneOf(const std::vector<std::string_view>& words);
+
+/// A value as an error quotes it: shortened when it is long.
+std::string quoted(std::string_view raw);
+
+}  // namespace korrin::json

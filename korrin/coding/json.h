@@ -1,0 +1,58 @@
+#pragma once
+
+// Documents as JSON text. Keys are the records' field names, in field order; optional fields that
+// are absent are left out; enumerations stand as their raw values, identifiers as their canonical
+// text.
+//
+// Reading is strict in syntax (RFC 8259 in UTF-8, the whole text one value) and in types, and takes
+// nothing else to heart: unknown keys are passed over, nothing is normalised, versions are not
+// compared and nothing is validated.
+
+#include <string>
+#include <string_view>
+
+#include "korrin/coding/coding_error.h"
+#include "korrin/coding/coding_options.h"
+#include "korrin/foundation/enumeration.h"
+#include "korrin/foundation/list.h"
+#include "korrin/foundation/record.h"
+
+namespace korrin {
+
+namespace json {
+
+template <class Value>
+struct Codec {
+  static std::string encode(const Value& value, const EncodingOptions& options);
+  static Value decode(std::string_view text, const DecodingOptions& options);
+};
+
+}  // namespace json
+
+/// A record, an enumeration with raw values, or a list of either.
+template <class T>
+inline constexpr bool isCodable = RecordType<T> || RawValueEnumeration<T>;
+template <class T>
+inline constexpr bool isCodable<List<T>> = isCodable<T>;
+
+/// The value as JSON text in UTF-8. Text is escaped only where JSON demands it; doubles take the
+/// shortest form that reads back exactly. What is decoded from the result with the same strategies
+/// equals the value, bit for bit in doubles and instants. Throws `EncodingError` for a number that
+/// is not finite, unless `options` allow it.
+///
+/// Offered for every record of a document, every raw-value enumeration, and lists of them.
+template <class T>
+requires isCodable<T> std::string encodeJSON(const T& value, const EncodingOptions& options = {}) {
+  return json::Codec<T>::encode(value, options);
+}
+
+/// The value that `text` holds. Throws `DecodingError` and yields nothing when the text is not
+/// JSON, a required key is missing, twice there or null, or a value has the wrong type or does not
+/// fit. Objects and arrays may be nested 512 deep. Time and memory are linear in the text's size,
+/// stack use is constant.
+template <class T>
+requires isCodable<T> T decodeJSON(std::string_view text, const DecodingOptions& options = {}) {
+  return json::Codec<T>::decode(text, options);
+}
+
+}  // namespace korrin

@@ -1,0 +1,128 @@
+#include "korrin/coding/json_reader.h"
+
+#include <limits>
+
+#include "korrin/coding/date_coding.h"
+#include "korrin/coding/instant_text.h"
+#include "korrin/coding/json_number.h"
+
+namespace korrin::json {
+namespace {
+
+using Kind = DecodingError::Kind;
+
+}  // namespace
+
+void Reader::read(bool& value) {
+  if (scanner_.peek() == 't') {
+    takeLiteral("true");
+    value = true;
+  } else if (scanner_.peek() == 'f') {
+    takeLiteral("false");
+    value = false;
+  } else {
+    refuseType("true or false");
+  }
+}
+
+void Reader::read(double& value) {
+  if (options_.nonFinite == NonFinite::strings && scanner_.peek() == '"') {
+    const char* const start = scanner_.position();
+    const StringToken token = scanner_.string();
+    const auto found = nonFiniteNamed(token.raw);
+    if (found) {
+      value = *found;
+      return;
+    }
+    scanner_.returnTo(start);
+  }
+  const NumberToken token = number("a number");
+  if (token.isShortInteger) {
+    const auto magnitude = static_cast<double>(token.magnitude);
+    value = token.isNegative() ? -magnitude : magnitude;  // keeps the sign of -0
+    return;
+  }
+  const auto nearest = nearestDouble(token.text);
+  if (!nearest) refuse(Kind::dataCorrupted, "a number within the range of a double", token.text);
+  value = *nearest;
+}
+
+void Reader::read(std::int64_t& value) {
+  const NumberToken token = number("an integer");
+  if (token.isShortInteger) {
+    const auto magnitude = static_cast<std::int64_t>(token.magnitude);
+    value = token.isNegative() ? -magnitude : magnitude;
+    return;
+  }
+  const ExactInteger exact = exactInteger(token.text);
+  if (exact.fault == IntegerFault::hasFraction)
+    refuse(Kind::typeMismatch, "an integer", token.text);
+  if (exact.fault == IntegerFault::doesNotFit)
+    refuse(Kind::dataCorrupted, "an integer of 64 bits", token.text);
+  value = exact.value;
+}
+
+void Reader::read(Text& value) {
+  const StringToken token = string("a string");
+  value = token.hasEscapes ? Text(unescaped(token)) : Text(token.raw);
+}
+
+void Reader::read(UUID& value) {
+  // The usual identifier needs no scan for its closing quotation mark.
+  const char* const start = scanner_.position();
+  const StringToken token = string("an identifier");
+  const auto found =
+      token.hasEscapes ? UUID::fromText(unescaped(token)) : UUID::fromText(token.raw);
+  if (!found) {
+    scanner_.returnTo(start);
+    refuse(Kind::dataCorrupted, "an identifier of 36 characters", quoted(token.raw));
+  }
+  value = *found;
+}
+
+void Reader::read(Instant& value) {
+  if (options_.dates != DateStrategy::iso8601) {
+    const NumberToken token = number("a number");
+    const auto found = instantFromNumber(token.text, options_.dates);
+    if (!found) refuse(Kind::dataCorrupted, "a date between the years 1677 and 2262", token.text);
+    value = *found;
+    return;
+  }
+  const StringToken token = string("a date as a string");
+  const auto found =
+      token.hasEscapes ? instantFromText(unescaped(token)) : instantFromText(token.raw);
+  if (!found)
+    refuse(Kind::dataCorrupted, "a date such as \"2026-07-18T20:30:00Z\"", quoted(token.raw));
+  value = *found;
+}
+
+NumberToken Reader::number(std::string_view expected) {
+  const char first = scanner_.peek();
+  if (first != '-' && (first < '0' || first > '9')) refuseType(expected);
+  return scanner_.number();
+}
+
+void Reader::checkPresence(bool isPresent, bool mayBeAbsent, bool standsTwice) const {
+  if (standsTwice) refuse(Kind::dataCorrupted, "the key once", "it twice");
+  if (!isPresent && !mayBeAbsent) refuse(Kind::keyNotFound, "a value", "no such key");
+}
+
+void Reader::refuseType(std::string_view expected) const {
+  const std::string_view found = typeOfNextValue(scanner_);
+  refuse(found == "null" ? Kind::valueNotFound : Kind::typeMismatch, expected, found);
+}
+
+void Reader::refuse(Kind kind, std::string_view expected, std::string_view found) const {
+  if (!isDiagnosing_) throw Refused{};
+  throw refusal(kind, path_, expected, found);
+}
+
+void Reader::refuseWord(const std::vector<std::string_view>& words,
+                        const StringToken& token) const {
+  if (!isDiagnosing_) throw Refused{};
+  const std::string given = unescaped(token);
+  throw refusal(Kind::dataCorrupted, path_, oneOf(words),
+                quoted(given) + "; the nearest is " + quoted(nearestWord(given, words)));
+}
+
+}  // namespace korrin::json

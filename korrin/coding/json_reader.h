@@ -1,0 +1,253 @@
+#pragma once
+
+// Reads records from JSON text, driven by their field tables: one walk over the bytes, no tree.
+//
+// A document is read in the order in which it is written. Where anything is wrong, that walk stops
+// without a word, and a second one, over an input now known to be of no use, finds out what to
+// report: first whether the text is JSON at all, then the first wrong field in the records' order.
+// So the path that every good document takes carries no bookkeeping for errors.
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "korrin/coding/coding_options.h"
+#include "korrin/coding/decoding_report.h"
+#include "korrin/coding/json_scanner.h"
+#include "korrin/foundation/enumeration.h"
+#include "korrin/foundation/instant.h"
+#include "korrin/foundation/list.h"
+#include "korrin/foundation/record.h"
+#include "korrin/foundation/text.h"
+
+namespace korrin::json {
+
+/// Thrown while reading in written order: the document is of no use.
+struct Refused {};
+
+template <class Value>
+inline constexpr bool isOptional = false;
+template <class Value>
+inline constexpr bool isOptional<std::optional<Value>> = true;
+
+/// A field's key between quotation marks, as documents hold it.
+template <class Record, std::size_t index>
+inline constexpr auto quotedKey = [] {
+  constexpr std::string_view key = std::get<index>(fieldsOf<Record>()).key;
+  std::array<char, key.size() + 2> text{};
+  std::copy(key.begin(), key.end(), text.begin() + 1);
+  text.front() = text.back() = '"';
+  return text;
+}();
+
+class Reader {
+ public:
+  Reader(std::string_view text, const DecodingOptions& options)
+      : scanner_(text), options_(options) {}
+
+  /// Reads the whole text as one value, in the order written. Throws `Refused` or `Malformed`.
+  template <class Value>
+  Value document() {
+    Value value{};
+    scanner_.skipSpace();
+    read(value);
+    scanner_.finish();
+    return value;
+  }
+
+  /// Reads the whole text as one value, in field order. Throws the `DecodingError` that describes
+  /// the first fault.
+  template <class Value>
+  Value diagnose() {
+    try {
+      const Scanner start = scanner_;
+      scanner_.skipSpace();
+      scanner_.skipValue();
+      scanner_.finish();
+      scanner_ = start;
+    } catch (const Malformed& fault) {
+      throw notJSON(scanner_, fault);
+    }
+    isDiagnosing_ = true;
+    return document<Value>();
+  }
+
+ private:
+  void read(bool& value);
+  void read(double& value);
+  void read(std::int64_t& value);
+  void read(Text& value);
+  void read(UUID& value);
+  void read(Instant& value);
+
+  template <class Value>
+  void read(std::optional<Value>& value) {
+    if (scanner_.peek() == 'n') {
+      takeLiteral("null");
+      value.reset();
+    } else {
+      read(value.emplace());
+    }
+  }
+
+  template <RawValueEnumeration Enumeration>
+  void read(Enumeration& value) {
+    const char* const start = scanner_.position();
+    const StringToken token = string("a string");
+    const auto found = token.hasEscapes ? fromRawValue<Enumeration>(unescaped(token))
+                                        : fromRawValue<Enumeration>(token.raw);
+    if (found) {
+      value = *found;
+    } else {
+      scanner_.returnTo(start);
+      std::vector<std::string_view> words;
+      if (isDiagnosing_)
+        for (const auto& row : CaseTable<Enumeration>::cases) words.push_back(row.rawValue);
+      refuseWord(words, token);
+    }
+  }
+
+  template <class Element>
+  void read(List<Element>& list) {
+    expect('[', "an array");
+    if (!scanner_.enter(']')) return;
+    do {
+      if (isDiagnosing_) path_.enterElement(list.size());
+      if constexpr (std::is_trivially_copyable_v<Element>) {
+        Element element{};
+        read(element);
+        list.push_back(element);
+      } else {
+        read(list.emplace_back());
+      }
+      if (isDiagnosing_) path_.leave();
+    } while (scanner_.next(']'));
+  }
+
+  template <RecordType Record>
+  void read(Record& record) {
+    expect('{', "an object");
+    if (isDiagnosing_)
+      readInFieldOrder(record, fieldIndices<Record>());
+    else
+      readInWrittenOrder(record, fieldIndices<Record>());
+  }
+
+  template <class Record>
+  static constexpr std::size_t fieldCount = std::tuple_size_v<decltype(fieldsOf<Record>())>;
+  template <class Record>
+  static constexpr auto fieldIndices() {
+    return std::make_index_sequence<fieldCount<Record>>();
+  }
+
+  template <class Record, std::size_t index>
+  void readField(Record& record) {
+    read(record.*std::get<index>(fieldsOf<Record>()).member);
+  }
+
+  template <class Record, std::size_t... index>
+  void readInWrittenOrder(Record& record, std::index_sequence<index...> indices) {
+    static_assert(sizeof...(index) <= 32);
+    constexpr std::uint32_t required =
+        ((isOptional<typename std::tuple_element_t<index, decltype(fieldsOf<Record>())>::ValueType>
+              ? 0
+              : std::uint32_t{1} << index) |
+         ...);
+    std::uint32_t seen = 0;
+    bool isOpen = scanner_.enter('}');
+    // Nearly every document holds the keys in field order: one comparison each.
+    const auto readIfNext = [&]<std::size_t place>(std::integral_constant<std::size_t, place>) {
+      constexpr const auto& key = quotedKey<Record, place>;
+      if (!isOpen || !scanner_.takeKey({key.data(), key.size()})) return;
+      readField<Record, place>(record);
+      seen |= std::uint32_t{1} << place;
+      isOpen = scanner_.next('}');
+    };
+    (readIfNext(std::integral_constant<std::size_t, index>()), ...);
+    // What is left stands in some other order, twice, or is not ours.
+    while (isOpen) {
+      const std::size_t place = fieldNamed<Record>(scanner_.key(), indices);
+      if (place == sizeof...(index)) {
+        scanner_.skipValue();
+      } else {
+        if ((seen >> place & 1) != 0) throw Refused{};
+        seen |= std::uint32_t{1} << place;
+        ((place == index && (readField<Record, index>(record), true)) || ...);
+      }
+      isOpen = scanner_.next('}');
+    }
+    if ((required & ~seen) != 0) throw Refused{};
+  }
+
+  template <class Record, std::size_t... index>
+  void readInFieldOrder(Record& record, std::index_sequence<index...> indices) {
+    std::array<const char*, sizeof...(index)> starts{};
+    std::array<bool, sizeof...(index)> standsTwice{};
+    if (scanner_.enter('}')) {
+      do {
+        const std::size_t place = fieldNamed<Record>(scanner_.key(), indices);
+        if (place < starts.size()) {
+          standsTwice[place] = starts[place] != nullptr;
+          if (!standsTwice[place]) starts[place] = scanner_.position();
+        }
+        scanner_.skipValue();
+      } while (scanner_.next('}'));
+    }
+    const char* const end = scanner_.position();
+    const auto readPlace = [&]<std::size_t place>(std::integral_constant<std::size_t, place>) {
+      constexpr auto field = std::get<place>(fieldsOf<Record>());
+      path_.enterKey(field.key);
+      checkPresence(starts[place] != nullptr, isOptional<typename decltype(field)::ValueType>,
+                    standsTwice[place]);
+      if (starts[place] != nullptr) {
+        scanner_.returnTo(starts[place]);
+        readField<Record, place>(record);
+      }
+      path_.leave();
+    };
+    (readPlace(std::integral_constant<std::size_t, index>()), ...);
+    scanner_.returnTo(end);
+  }
+
+  /// The place in the table of the field that `key` names, or the number of fields for a key that
+  /// the record does not know.
+  template <class Record, std::size_t... index>
+  static std::size_t fieldNamed(const StringToken& key, std::index_sequence<index...>) {
+    const std::string resolved = key.hasEscapes ? unescaped(key) : std::string();
+    const std::string_view name = key.hasEscapes ? std::string_view(resolved) : key.raw;
+    std::size_t place = 0;
+    ((std::get<index>(fieldsOf<Record>()).key == name || (++place, false)) || ...);
+    return place;
+  }
+
+  void expect(char first, std::string_view expected) {
+    if (scanner_.peek() != first) refuseType(expected);
+  }
+  StringToken string(std::string_view expected) {
+    expect('"', expected);
+    return scanner_.string();
+  }
+  NumberToken number(std::string_view expected);
+  std::int64_t scaledNumber(int decimals);
+  bool readNonFinite(double& value);
+  template <std::size_t length>
+  void takeLiteral(const char (&literal)[length]) {
+    if (!scanner_.take(literal)) throw Malformed{scanner_.position(), "a value"};
+  }
+
+  void checkPresence(bool isPresent, bool mayBeAbsent, bool standsTwice) const;
+  [[noreturn]] void refuseType(std::string_view expected) const;
+  [[noreturn]] void refuse(DecodingError::Kind kind, std::string_view expected,
+                           std::string_view found) const;
+  [[noreturn]] void refuseWord(const std::vector<std::string_view>& words,
+                               const StringToken& token) const;
+
+  Scanner scanner_;
+  const DecodingOptions& options_;
+  bool isDiagnosing_ = false;
+  KeyPath path_;  // kept up only while diagnosing
+};
+
+}  // namespace korrin::json

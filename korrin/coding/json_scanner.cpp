@@ -1,0 +1,234 @@
+#include "korrin/coding/json_scanner.h"
+
+#include <bit>
+#include <bitset>
+#include <cstdint>
+#include <optional>
+
+#include "korrin/foundation/utf8.h"
+
+namespace korrin::json {
+namespace {
+
+constexpr std::uint64_t ones = 0x0101010101010101u;
+constexpr std::uint64_t highBits = ones * 0x80;
+
+std::uint64_t loadWord(const char* at) {
+  std::uint64_t word;
+  std::memcpy(&word, at, sizeof word);
+  return word;
+}
+
+// Marks, by its high bit, the first byte that ends a run of plain characters: a quotation mark, a
+// backslash, a control character or a byte that is not ASCII. Bytes after it may be marked wrongly.
+std::uint64_t specialBytes(std::uint64_t word) {
+  const std::uint64_t quote = word ^ (ones * '"');
+  const std::uint64_t backslash = word ^ (ones * '\\');
+  return (((quote - ones) & ~quote) | ((backslash - ones) & ~backslash) |
+          ((word - ones * 0x20) & ~word) | word) &
+         highBits;
+}
+
+std::size_t firstMarkedByte(std::uint64_t marks) {
+  if constexpr (std::endian::native == std::endian::little)
+    return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
+  else
+    return static_cast<std::size_t>(std::countl_zero(marks)) / 8;
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::optional<unsigned> hexValue(char c) {
+  if (isDigit(c)) return static_cast<unsigned>(c - '0');
+  if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a' + 10);
+  if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A' + 10);
+  return std::nullopt;
+}
+
+// The value of the four hexadecimal digits from `at` on, nothing where there are fewer.
+std::optional<char32_t> fourDigits(const char* at, const char* end) {
+  if (end - at < 4) return std::nullopt;
+  char32_t value = 0;
+  for (int i = 0; i < 4; ++i) {
+    const auto digit = hexValue(at[i]);
+    if (!digit) return std::nullopt;
+    value = value << 4 | *digit;
+  }
+  return value;
+}
+
+bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+char simpleEscape(char letter) {
+  switch (letter) {
+    case 'b':
+      return '\b';
+    case 'f':
+      return '\f';
+    case 'n':
+      return '\n';
+    case 'r':
+      return '\r';
+    case 't':
+      return '\t';
+    default:
+      return letter;
+  }
+}
+
+}  // namespace
+
+std::string unescaped(const StringToken& token) {
+  std::string text;
+  text.reserve(token.raw.size());
+  const char* at = token.raw.data();
+  const char* const end = at + token.raw.size();
+  while (at != end) {
+    if (*at != '\\') {
+      text += *at++;
+      continue;
+    }
+    const char letter = at[1];
+    at += 2;
+    if (letter != 'u') {
+      text += simpleEscape(letter);
+      continue;
+    }
+    char32_t scalar = *fourDigits(at, end);
+    at += 4;
+    if (isHighSurrogate(scalar)) {
+      scalar = 0x10000 + ((scalar - 0xD800) << 10) + (*fourDigits(at + 2, end) - 0xDC00);
+      at += 6;
+    }
+    utf8::append(text, scalar);
+  }
+  return text;
+}
+
+void Scanner::skipSpaceRun() {
+  constexpr std::uint64_t blanks = ones * ' ';
+  for (;;) {
+    while (end_ - at_ >= 8 && loadWord(at_) == blanks) at_ += 8;
+    if (at_ == end_ || (*at_ != ' ' && *at_ != '\n' && *at_ != '\r' && *at_ != '\t')) return;
+    ++at_;
+  }
+}
+
+StringToken Scanner::string() {
+  const char* const open = at_++;
+  bool hasEscapes = false;
+  for (;;) {
+    while (end_ - at_ >= 8) {
+      const std::uint64_t marks = specialBytes(loadWord(at_));
+      if (marks == 0) {
+        at_ += 8;
+        continue;
+      }
+      at_ += firstMarkedByte(marks);
+      break;
+    }
+    if (at_ == end_) throw Malformed{at_, "the string's closing quotation mark"};
+    const auto byte = static_cast<unsigned char>(*at_);
+    if (byte == '"') {
+      const std::string_view raw(open + 1, static_cast<std::size_t>(at_ - open - 1));
+      ++at_;
+      return {raw, hasEscapes};
+    }
+    if (byte == '\\') {
+      takeEscape();
+      hasEscapes = true;
+    } else if (byte < 0x20) {
+      throw Malformed{at_, "no control character inside a string"};
+    } else if (byte < 0x80) {
+      ++at_;  // plain, among the last bytes of the text
+    } else {
+      const auto step = utf8::step({at_, static_cast<std::size_t>(end_ - at_)});
+      if (!step.isWellFormed) throw Malformed{at_, "well-formed UTF-8"};
+      at_ += step.length;
+    }
+  }
+}
+
+void Scanner::takeEscape() {
+  const char* const start = at_++;
+  if (at_ == end_) throw Malformed{at_, "the rest of an escape"};
+  const char letter = *at_++;
+  if (letter != 'u') {
+    if (std::string_view("\"\\/bfnrt").find(letter) == std::string_view::npos)
+      throw Malformed{start, "one of the escapes of JSON"};
+    return;
+  }
+  const auto unit = fourDigits(at_, end_);
+  if (!unit) throw Malformed{start, "four hexadecimal digits after \\u"};
+  at_ += 4;
+  if (isLowSurrogate(*unit)) throw Malformed{start, "no lone surrogate"};
+  if (!isHighSurrogate(*unit)) return;
+  const auto low = take("\\u") ? fourDigits(at_, end_) : std::nullopt;
+  if (!low || !isLowSurrogate(*low)) throw Malformed{start, "no lone surrogate"};
+  at_ += 4;
+}
+
+void Scanner::takeDigits() {
+  if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
+  while (at_ != end_ && isDigit(*at_)) ++at_;
+}
+
+NumberToken Scanner::number() {
+  const char* const start = at_;
+  take('-');
+  const char* const digits = at_;
+  std::uint64_t magnitude = 0;
+  if (!take('0')) {
+    if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
+    // Wraps for a long number, whose magnitude is then not used.
+    while (at_ != end_ && isDigit(*at_))
+      magnitude = magnitude * 10 + static_cast<std::uint64_t>(*at_++ - '0');
+  }
+  bool isShortInteger = at_ - digits <= 15;
+  if (take('.')) {
+    isShortInteger = false;
+    takeDigits();
+  }
+  if (take('e') || take('E')) {
+    isShortInteger = false;
+    if (!take('+')) take('-');
+    takeDigits();
+  }
+  return {{start, static_cast<std::size_t>(at_ - start)}, magnitude, isShortInteger};
+}
+
+void Scanner::skipScalar() {
+  const char first = peek();
+  if (first == '"')
+    string();
+  else if (first == '-' || isDigit(first))
+    number();
+  else if (!take("true") && !take("false") && !take("null"))
+    throw Malformed{at_, "a value"};
+}
+
+void Scanner::skipValue() {
+  std::bitset<maximumDepth + 1> isObject;  // of the brackets that are open, by depth
+  const int outside = depth_;
+  const auto close = [&] { return isObject[static_cast<std::size_t>(depth_)] ? '}' : ']'; };
+  for (;;) {
+    // At a value.
+    const char first = peek();
+    bool isOpen = first == '{' || first == '[';
+    if (isOpen) {
+      isOpen = enter(first == '{' ? '}' : ']');
+      if (isOpen) isObject[static_cast<std::size_t>(depth_)] = first == '{';
+    } else {
+      skipScalar();
+    }
+    // Behind a value, or at the first one of what was opened.
+    while (!isOpen) {
+      if (depth_ == outside) return;
+      isOpen = next(close());
+    }
+    if (close() == '}') key();
+  }
+}
+
+}  // namespace korrin::json

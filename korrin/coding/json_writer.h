@@ -1,0 +1,189 @@
+#pragma once
+
+// Writes records as JSON text, driven by their field tables. A value that JSON cannot hold stops
+// the walk; a second one then finds out where it stands, so that the usual walk keeps no path.
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "korrin/coding/coding_error.h"
+#include "korrin/coding/coding_options.h"
+#include "korrin/coding/key_path.h"
+#include "korrin/foundation/enumeration.h"
+#include "korrin/foundation/instant.h"
+#include "korrin/foundation/list.h"
+#include "korrin/foundation/record.h"
+#include "korrin/foundation/text.h"
+
+namespace korrin::json {
+
+/// A field's key as it stands behind another member: `,"key":`.
+template <class Record, std::size_t index>
+inline constexpr auto memberStart = [] {
+  constexpr std::string_view key = std::get<index>(fieldsOf<Record>()).key;
+  std::array<char, key.size() + 4> text{',', '"'};
+  std::copy(key.begin(), key.end(), text.begin() + 2);
+  text[text.size() - 2] = '"';
+  text[text.size() - 1] = ':';
+  return text;
+}();
+
+/// The places of a record's fields in the byte order of their keys.
+template <class Record, std::size_t... index>
+constexpr auto placesByKey(std::index_sequence<index...>) {
+  constexpr std::array keys = {std::get<index>(fieldsOf<Record>()).key...};
+  std::array places = {index...};
+  std::ranges::sort(places, {}, [&keys](std::size_t place) { return keys[place]; });
+  return places;
+}
+
+/// Thrown while writing: the value holds a number that is not finite.
+struct NotFinite {};
+
+class Writer {
+ public:
+  explicit Writer(const EncodingOptions& options) : options_(options) {}
+
+  /// The whole text of one value. Throws `NotFinite`.
+  template <class Value>
+  std::string document(const Value& value) {
+    write(value);
+    return out_.finish();
+  }
+
+  /// The same, but throws the `EncodingError` that says where the number stands.
+  template <class Value>
+  std::string diagnose(const Value& value) {
+    isDiagnosing_ = true;
+    return document(value);
+  }
+
+ private:
+  // Text that grows at its end. A std::string whose size is its capacity in use would pay for a
+  // length update and a terminator at every append.
+  class Buffer {
+   public:
+    /// At least `count` writable bytes at the end of the text.
+    char* room(std::size_t count) {
+      if (static_cast<std::size_t>(end_ - at_) < count) grow(count);
+      return at_;
+    }
+    void setEnd(char* at) { at_ = at; }
+
+    void append(const char* bytes, std::size_t count) {
+      std::memcpy(room(count), bytes, count);
+      at_ += count;
+    }
+    void append(char c) {
+      *room(1) = c;
+      ++at_;
+    }
+    std::string finish() {
+      text_.resize(static_cast<std::size_t>(at_ - text_.data()));
+      return std::move(text_);
+    }
+
+   private:
+    void grow(std::size_t count);
+
+    std::string text_;
+    char* at_ = text_.data();
+    char* end_ = at_;
+  };
+
+  void write(bool value);
+  void write(double value);
+  void write(std::int64_t value);
+  void write(const Text& value) { writeString(value); }
+  void write(const UUID& value);
+  void write(Instant value);
+  void writeString(std::string_view text);
+  void writeEscape(unsigned char byte);
+
+  template <RawValueEnumeration Enumeration>
+  void write(Enumeration value) {
+    writeString(rawValue(value));
+  }
+
+  template <class Element>
+  void write(const List<Element>& list) {
+    out_.append('[');
+    ++depth_;
+    std::size_t index = 0;
+    for (const Element& element : list) {
+      if (index != 0) out_.append(',');
+      if (options_.prettyPrinted) startLine();
+      if (isDiagnosing_) path_.enterElement(index);
+      write(element);
+      if (isDiagnosing_) path_.leave();
+      ++index;
+    }
+    close(']', index != 0);
+  }
+
+  template <RecordType Record>
+  void write(const Record& record) {
+    using Indices = std::make_index_sequence<std::tuple_size_v<decltype(fieldsOf<Record>())>>;
+    if (options_.sortedKeys)
+      writeSorted(record, Indices());
+    else
+      writeMembers(record, Indices());
+  }
+
+  template <class Record, std::size_t... position>
+  void writeSorted(const Record& record, std::index_sequence<position...> positions) {
+    constexpr auto places = placesByKey<Record>(positions);
+    writeMembers(record, std::index_sequence<places[position]...>());
+  }
+
+  template <class Record, std::size_t... index>
+  void writeMembers(const Record& record, std::index_sequence<index...>) {
+    out_.append('{');
+    ++depth_;
+    bool isFirst = true;
+    (writeMember<Record, index>(record.*std::get<index>(fieldsOf<Record>()).member, isFirst), ...);
+    close('}', !isFirst);
+  }
+
+  template <class Record, std::size_t index, class Value>
+  void writeMember(const std::optional<Value>& value, bool& isFirst) {
+    if (value) writeMember<Record, index>(*value, isFirst);
+  }
+  template <class Record, std::size_t index, class Value>
+  void writeMember(const Value& value, bool& isFirst) {
+    constexpr const auto& start = memberStart<Record, index>;
+    if (options_.prettyPrinted) {
+      if (!isFirst) out_.append(',');
+      startLine();
+      out_.append(start.data() + 1, start.size() - 1);
+      out_.append(' ');
+    } else {
+      const std::size_t skipped = isFirst ? 1 : 0;
+      out_.append(start.data() + skipped, start.size() - skipped);
+    }
+    isFirst = false;
+    if (isDiagnosing_) path_.enterKey(std::get<index>(fieldsOf<Record>()).key);
+    write(value);
+    if (isDiagnosing_) path_.leave();
+  }
+
+  void close(char bracket, bool hasContent) {
+    --depth_;
+    if (options_.prettyPrinted && hasContent) startLine();
+    out_.append(bracket);
+  }
+  void startLine();
+
+  const EncodingOptions& options_;
+  Buffer out_;
+  std::size_t depth_ = 0;
+  bool isDiagnosing_ = false;
+  KeyPath path_;
+};
+
+}  // namespace korrin::json

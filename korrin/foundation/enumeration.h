@@ -1,0 +1,80 @@
+#pragma once
+
+// Enumerations whose cases have a text, their raw value, that stands for them in documents.
+//
+// An enumeration joins by one table under its declaration:
+//
+//   template <>
+//   struct CaseTable<AudienceEdge> {
+//     static constexpr std::array cases = {Case{AudienceEdge::top, "top"}, ...};
+//   };
+
+#include <algorithm>
+#include <array>
+#include <concepts>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "korrin/foundation/precondition.h"
+
+namespace korrin {
+
+/// A case and its raw value.
+template <class Enumeration>
+struct Case {
+  Enumeration value;
+  std::string_view rawValue;
+};
+
+/// The cases of an enumeration in declaration order, which counts from 0. A table with a member
+/// `isHidden` keeps its list to itself: `allCases` is not offered.
+template <class Enumeration>
+struct CaseTable;
+
+template <class T>
+concept RawValueEnumeration = requires {
+  CaseTable<T>::cases;
+};
+
+template <class T>
+concept ListedEnumeration = RawValueEnumeration<T> && !requires {
+  CaseTable<T>::isHidden;
+};
+
+/// Whether the table's order is the declaration's, so that a case's number is its place.
+template <RawValueEnumeration E>
+inline constexpr bool casesStandInOrder = [] {
+  std::size_t place = 0;
+  return std::ranges::all_of(CaseTable<E>::cases, [&place](const Case<E>& row) {
+    return static_cast<std::size_t>(row.value) == place++;
+  });
+}();
+
+/// The text that stands for a case. Aborts for a value that is no case.
+template <RawValueEnumeration E>
+constexpr std::string_view rawValue(E value) {
+  static_assert(casesStandInOrder<E>);
+  const auto place = static_cast<std::size_t>(value);
+  precondition(place < CaseTable<E>::cases.size(), "an enumeration holds a value that is no case");
+  return CaseTable<E>::cases[place].rawValue;
+}
+
+/// The case with exactly this raw value: letter case counts and nothing is trimmed. Nothing for any
+/// other text.
+template <RawValueEnumeration E>
+constexpr std::optional<E> fromRawValue(std::string_view text) {
+  for (const Case<E>& row : CaseTable<E>::cases)
+    if (row.rawValue == text) return row.value;
+  return std::nullopt;
+}
+
+/// All cases in declaration order.
+template <ListedEnumeration E>
+constexpr auto allCases() {
+  std::array<E, CaseTable<E>::cases.size()> cases{};
+  std::ranges::transform(CaseTable<E>::cases, cases.begin(), &Case<E>::value);
+  return cases;
+}
+
+}  // namespace korrin

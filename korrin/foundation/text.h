@@ -1,0 +1,96 @@
+#pragma once
+
+// Unicode text as users mean it: two spellings of the same characters are the same text.
+
+#include <compare>
+#include <concepts>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "korrin/foundation/shared.h"
+
+namespace korrin {
+
+/// Immutable Unicode text, held as well-formed UTF-8. It stores what it was given: nothing is
+/// normalised or trimmed. Copies share storage, cost no allocation and may be used from different
+/// threads at the same time; an empty text has no storage.
+///
+/// Equality is canonical equivalence: "é" as one scalar equals "e" followed by a combining acute
+/// accent. Order is by the Unicode scalar values of the composed canonical form (NFC), neither by
+/// locale nor by numbers: "10" stands before "2". The hash agrees with equality.
+class Text {
+ public:
+  /// The empty text.
+  Text() = default;
+  /// Every ill-formed sequence of bytes is replaced by one U+FFFD.
+  Text(std::string utf8);
+  Text(std::string_view utf8) : Text(std::string(utf8)) {}
+  Text(const char* utf8) : Text(std::string(utf8)) {}
+
+  /// The bytes as stored, well-formed UTF-8. Valid as long as this text or a copy of it lives.
+  const std::string& str() const noexcept { return storage_ ? storage_->utf8 : emptyString(); }
+  operator std::string_view() const noexcept {
+    return storage_ ? std::string_view(storage_->utf8) : std::string_view();
+  }
+
+  bool empty() const noexcept { return !storage_; }
+
+  /// Whether nothing but white space (the Unicode property White_Space) stands in the text; true
+  /// for the empty text.
+  bool isBlank() const noexcept;
+
+  friend bool operator==(const Text& a, const Text& b) {
+    if (a.storage_.get() == b.storage_.get()) return true;
+    if (a.isStable() && b.isStable()) return std::string_view(a) == std::string_view(b);
+    return equalNormalized(a, b);
+  }
+  friend std::strong_ordering operator<=>(const Text& a, const Text& b) {
+    if (a.isStable() && b.isStable()) return std::string_view(a) <=> std::string_view(b);
+    return compareNormalized(a, b);
+  }
+
+  /// Comparison with a string or literal, as if it were made a text; equal bytes need no
+  /// allocation.
+  template <class String>
+  requires(std::convertible_to<const String&, std::string_view> &&
+           !std::same_as<String, Text>) friend bool
+  operator==(const Text& a, const String& b) {
+    const std::string_view view = b;
+    return std::string_view(a) == view || a == Text(view);
+  }
+  template <class String>
+  requires(std::convertible_to<const String&, std::string_view> &&
+           !std::same_as<String, Text>) friend std::strong_ordering
+  operator<=>(const Text& a, const String& b) {
+    return a <=> Text(std::string_view(b));
+  }
+
+ private:
+  friend struct std::hash<Text>;
+
+  struct Storage : Counted {
+    Storage(std::string&& text, bool stable) : utf8(std::move(text)), isStable(stable) {}
+    static void destroy(Storage* storage) noexcept { delete storage; }
+
+    const std::string utf8;
+    /// The text is its own composed form, whatever stands beside it: bytes tell equality and order.
+    const bool isStable;
+  };
+
+  static const std::string& emptyString() noexcept;
+  static bool equalNormalized(const Text& a, const Text& b);
+  static std::strong_ordering compareNormalized(const Text& a, const Text& b);
+  bool isStable() const noexcept { return !storage_ || storage_->isStable; }
+  std::size_t hash() const;
+
+  Shared<Storage> storage_;
+};
+
+}  // namespace korrin
+
+template <>
+struct std::hash<korrin::Text> {
+  std::size_t operator()(const korrin::Text& text) const { return text.hash(); }
+};
