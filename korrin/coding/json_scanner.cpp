@@ -115,6 +115,13 @@ void Scanner::skipSpaceRun() {
   }
 }
 
+void Scanner::throwMissingColon() const { throw Malformed{at_, "\":\" after the key"}; }
+
+void Scanner::leave(char close) {
+  if (!take(close)) throw Malformed{at_, close == '}' ? "\",\" or \"}\"" : "\",\" or \"]\""};
+  --depth_;
+}
+
 StringToken Scanner::string() {
   const char* const open = at_++;
   bool hasEscapes = false;
@@ -169,33 +176,39 @@ void Scanner::takeEscape() {
   at_ += 4;
 }
 
-void Scanner::takeDigits() {
+// Appends the digits that stand next, at least one, to the decimal number `value`. The result wraps
+// for a long number, where it is not used.
+std::uint64_t Scanner::takeDigits(std::uint64_t value) {
   if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
-  while (at_ != end_ && isDigit(*at_)) ++at_;
+  do {
+    value = value * 10 + static_cast<std::uint64_t>(*at_++ - '0');
+  } while (at_ != end_ && isDigit(*at_));
+  return value;
 }
 
 NumberToken Scanner::number() {
+  constexpr std::ptrdiff_t longestExact = 15;
   const char* const start = at_;
   take('-');
-  const char* const digits = at_;
-  std::uint64_t magnitude = 0;
-  if (!take('0')) {
-    if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
-    // Wraps for a long number, whose magnitude is then not used.
-    while (at_ != end_ && isDigit(*at_))
-      magnitude = magnitude * 10 + static_cast<std::uint64_t>(*at_++ - '0');
-  }
-  bool isShortInteger = at_ - digits <= 15;
+  const char* const first = at_;
+  std::uint64_t digits = 0;
+  if (!take('0')) digits = takeDigits(0);
+  std::ptrdiff_t digitCount = at_ - first;
+  std::ptrdiff_t decimals = 0;
   if (take('.')) {
-    isShortInteger = false;
-    takeDigits();
+    const char* const point = at_;
+    digits = takeDigits(digits);
+    decimals = at_ - point;
+    digitCount += decimals;
   }
+  bool isShort = digitCount <= longestExact;
   if (take('e') || take('E')) {
-    isShortInteger = false;
+    isShort = false;
     if (!take('+')) take('-');
-    takeDigits();
+    takeDigits(0);
   }
-  return {{start, static_cast<std::size_t>(at_ - start)}, magnitude, isShortInteger};
+  return {
+      {start, static_cast<std::size_t>(at_ - start)}, digits, static_cast<int>(decimals), isShort};
 }
 
 void Scanner::skipScalar() {

@@ -33,6 +33,9 @@ inline constexpr auto memberStart = [] {
   return text;
 }();
 
+template <class Record, std::size_t index>
+inline constexpr auto memberAt = std::get<index>(fieldsOf<Record>()).member;
+
 /// The places of a record's fields in the byte order of their keys.
 template <class Record, std::size_t... index>
 constexpr auto placesByKey(std::index_sequence<index...>) {
@@ -146,7 +149,7 @@ class Writer {
     out_.append('{');
     ++depth_;
     bool isFirst = true;
-    (writeMember<Record, index>(record.*std::get<index>(fieldsOf<Record>()).member, isFirst), ...);
+    (writeMember<Record, index>(record.*memberAt<Record, index>, isFirst), ...);
     close('}', !isFirst);
   }
 

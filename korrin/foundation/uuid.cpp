@@ -1,5 +1,6 @@
 #include "korrin/foundation/uuid.h"
 
+#include <bit>
 #include <cerrno>
 #include <system_error>
 
@@ -8,18 +9,43 @@
 namespace korrin {
 namespace {
 
-constexpr std::uint8_t notADigit = 0xFF;
+constexpr std::uint64_t everyByte = 0x0101010101010101u;
+constexpr std::uint64_t highBits = everyByte * 0x80;
 
-constexpr std::array<std::uint8_t, 256> digitValues = [] {
-  std::array<std::uint8_t, 256> values{};
-  values.fill(notADigit);
-  for (std::uint8_t digit = 0; digit < 10; ++digit) values['0' + digit] = digit;
-  for (std::uint8_t digit = 10; digit < 16; ++digit) {
-    values['A' + digit - 10] = digit;
-    values['a' + digit - 10] = digit;
-  }
-  return values;
-}();
+// Between memory, lowest byte first, and a number.
+constexpr std::uint64_t lowestByteFirst(std::uint64_t word) {
+  return std::endian::native == std::endian::little ? word : __builtin_bswap64(word);
+}
+
+// The eight characters at `at`, the first one in the lowest byte.
+std::uint64_t loadEight(const char* at) {
+  std::uint64_t word;
+  std::memcpy(&word, at, sizeof word);
+  return lowestByteFirst(word);
+}
+
+// High bits of the bytes, all below 0x80, that are at least `limit`.
+constexpr std::uint64_t atLeast(std::uint64_t word, char limit) {
+  return word + everyByte * static_cast<std::uint64_t>(0x80 - limit);
+}
+
+// High bits of the bytes that are hexadecimal digits.
+constexpr std::uint64_t digitMarks(std::uint64_t word) {
+  const std::uint64_t ascii = word & ~highBits;
+  const std::uint64_t lower = ascii | everyByte * 0x20;
+  const std::uint64_t isDecimal = atLeast(ascii, '0') & ~atLeast(ascii, '9' + 1);
+  const std::uint64_t isLetter = atLeast(lower, 'a') & ~atLeast(lower, 'f' + 1);
+  return (isDecimal | isLetter) & ~word & highBits;
+}
+
+// The four bytes that eight digits stand for, the first one lowest.
+constexpr std::uint64_t digitBytes(std::uint64_t digits) {
+  // Letters of either case end in 1 to 6 and have bit 6 set.
+  const std::uint64_t values = (digits & everyByte * 0x0F) + (digits >> 6 & everyByte) * 9;
+  std::uint64_t bytes = (values << 4 | values >> 8) & 0x00FF00FF00FF00FFu;
+  bytes = (bytes | bytes >> 8) & 0x0000FFFF0000FFFFu;
+  return (bytes | bytes >> 16) & 0xFFFFFFFFu;
+}
 
 constexpr std::array<std::array<char, 2>, 256> bytePairs = [] {
   constexpr std::string_view digits = "0123456789ABCDEF";
@@ -47,17 +73,25 @@ UUID UUID::random() {
 
 std::optional<UUID> UUID::fromText(std::string_view text) {
   if (text.size() != textLength) return std::nullopt;
+  const char* const at = text.data();
+  // The middle groups of four digits are taken with what stands beside them and cut out.
+  constexpr std::uint64_t lowHalf = 0xFFFFFFFFu;
+  const std::uint64_t second = loadEight(at + 8);   // -dddd-dd
+  const std::uint64_t third = loadEight(at + 14);   // dddd-ddd
+  const std::uint64_t fourth = loadEight(at + 19);  // dddd-ddd
+  const std::uint64_t fifth = loadEight(at + 24);   // dddddddd
+  const std::array<std::uint64_t, 4> words = {loadEight(at), (second >> 8 & lowHalf) | third << 32,
+                                              (fourth & lowHalf) | fifth << 32, loadEight(at + 28)};
+  const std::uint64_t marks =
+      digitMarks(words[0]) & digitMarks(words[1]) & digitMarks(words[2]) & digitMarks(words[3]);
+  const bool hasHyphens = at[8] == '-' && at[13] == '-' && at[18] == '-' && at[23] == '-';
+  if (marks != highBits || !hasHyphens) return std::nullopt;
+
+  const std::array<std::uint64_t, 2> halves = {
+      lowestByteFirst(digitBytes(words[0]) | digitBytes(words[1]) << 32),
+      lowestByteFirst(digitBytes(words[2]) | digitBytes(words[3]) << 32)};
   UUID id;
-  // Digits are below 16, so one look at the collected bits finds any character that is none.
-  unsigned wrong = 0;
-  for (std::size_t i = 0; i < id.bytes_.size(); ++i) {
-    const unsigned high = digitValues[static_cast<unsigned char>(text[pairOffsets[i]])];
-    const unsigned low = digitValues[static_cast<unsigned char>(text[pairOffsets[i] + 1u])];
-    wrong |= high | low;
-    id.bytes_[i] = static_cast<std::uint8_t>(high << 4 | low);
-  }
-  for (const std::size_t offset : hyphenOffsets) wrong |= text[offset] == '-' ? 0u : notADigit;
-  if (wrong > 15) return std::nullopt;
+  std::memcpy(id.bytes_.data(), halves.data(), sizeof halves);
   return id;
 }
 
