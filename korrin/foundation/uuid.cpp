@@ -1,28 +1,18 @@
 #include "korrin/foundation/uuid.h"
 
-#include <bit>
 #include <cerrno>
 #include <system_error>
 
 #include <unistd.h>
 
+#include "korrin/foundation/words.h"
+
 namespace korrin {
 namespace {
 
-constexpr std::uint64_t everyByte = 0x0101010101010101u;
-constexpr std::uint64_t highBits = everyByte * 0x80;
-
-// Between memory, lowest byte first, and a number.
-constexpr std::uint64_t lowestByteFirst(std::uint64_t word) {
-  return std::endian::native == std::endian::little ? word : __builtin_bswap64(word);
-}
-
-// The eight characters at `at`, the first one in the lowest byte.
-std::uint64_t loadEight(const char* at) {
-  std::uint64_t word;
-  std::memcpy(&word, at, sizeof word);
-  return lowestByteFirst(word);
-}
+using words::everyByte;
+using words::highBits;
+using words::loadWord;
 
 // High bits of the bytes, all below 0x80, that are at least `limit`.
 constexpr std::uint64_t atLeast(std::uint64_t word, char limit) {
@@ -76,22 +66,20 @@ std::optional<UUID> UUID::fromText(std::string_view text) {
   const char* const at = text.data();
   // The middle groups of four digits are taken with what stands beside them and cut out.
   constexpr std::uint64_t lowHalf = 0xFFFFFFFFu;
-  const std::uint64_t second = loadEight(at + 8);   // -dddd-dd
-  const std::uint64_t third = loadEight(at + 14);   // dddd-ddd
-  const std::uint64_t fourth = loadEight(at + 19);  // dddd-ddd
-  const std::uint64_t fifth = loadEight(at + 24);   // dddddddd
-  const std::array<std::uint64_t, 4> words = {loadEight(at), (second >> 8 & lowHalf) | third << 32,
-                                              (fourth & lowHalf) | fifth << 32, loadEight(at + 28)};
+  const std::uint64_t second = loadWord(at + 8);   // -dddd-dd
+  const std::uint64_t third = loadWord(at + 14);   // dddd-ddd
+  const std::uint64_t fourth = loadWord(at + 19);  // dddd-ddd
+  const std::uint64_t fifth = loadWord(at + 24);   // dddddddd
+  const std::array<std::uint64_t, 4> digits = {loadWord(at), (second >> 8 & lowHalf) | third << 32,
+                                               (fourth & lowHalf) | fifth << 32, loadWord(at + 28)};
   const std::uint64_t marks =
-      digitMarks(words[0]) & digitMarks(words[1]) & digitMarks(words[2]) & digitMarks(words[3]);
+      digitMarks(digits[0]) & digitMarks(digits[1]) & digitMarks(digits[2]) & digitMarks(digits[3]);
   const bool hasHyphens = at[8] == '-' && at[13] == '-' && at[18] == '-' && at[23] == '-';
   if (marks != highBits || !hasHyphens) return std::nullopt;
 
-  const std::array<std::uint64_t, 2> halves = {
-      lowestByteFirst(digitBytes(words[0]) | digitBytes(words[1]) << 32),
-      lowestByteFirst(digitBytes(words[2]) | digitBytes(words[3]) << 32)};
   UUID id;
-  std::memcpy(id.bytes_.data(), halves.data(), sizeof halves);
+  words::storeWord(&id.bytes_[0], digitBytes(digits[0]) | digitBytes(digits[1]) << 32);
+  words::storeWord(&id.bytes_[8], digitBytes(digits[2]) | digitBytes(digits[3]) << 32);
   return id;
 }
 
