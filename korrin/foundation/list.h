@@ -1,0 +1,385 @@
+#pragma once
+
+// The ordered list of every record: a value whose copies share storage until one of them changes.
+//
+// Elements stand in leaves of up to 64; a spine lists the leaves; a List is one counted pointer to
+// the spine:
+//
+//   List  -->  spine  -->  leaf  -->  element          List  -->  spine'  -->  leaf'  -->  element'
+//                 |          `----->  element                       |  |          `----->  (shared)
+//                 `----->  leaf ...                                 |  `----->  (shared leaf) ...
+//
+// A copy costs one increment and allocates nothing. A change of a shared list copies the spine (16
+// bytes for 64 elements), the touched leaf (8 bytes for each of its elements) and, in `edit` alone,
+// the one element; a change of an unshared list happens in place. Elements that are trivially
+// copyable and at most 16 bytes large stand in the leaf itself.
+//
+// Every operation either succeeds or throws and leaves the list equal to what it was, whatever
+// fails: memory, a constructor of the element, a predicate. The element's destructor does not
+// throw. Arguments may refer to elements of the same list.
+//
+// Distinct lists may be used from different threads at the same time, shared storage or not. One
+// list follows the rule of every value: many readers, or one writer.
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <functional>
+#include <initializer_list>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include "korrin/foundation/hash.h"
+#include "korrin/foundation/list_iterator.h"
+#include "korrin/foundation/list_leaf.h"
+#include "korrin/foundation/list_spine.h"
+#include "korrin/foundation/precondition.h"
+#include "korrin/foundation/shared.h"
+
+namespace korrin {
+
+/// An ordered list of copyable elements. A moved-from list is empty. Iterators and references into
+/// a list hold until it is changed, assigned to or destroyed.
+template <class T>
+class List {
+  using Spine = detail::ListSpine<T>;
+  using Leaf = detail::ListLeaf<T>;
+  using Slot = detail::ListSlot<T>;
+
+ public:
+  using value_type = T;
+  using size_type = std::size_t;
+  using difference_type = std::ptrdiff_t;
+  using reference = const T&;
+  using const_reference = const T&;
+  using const_iterator = detail::ListIterator<T>;
+  using iterator = const_iterator;
+
+  List() = default;
+  List(std::initializer_list<T> elements) : List(elements.begin(), elements.end()) {}
+  /// Implicit, so that a vector serves wherever a list is asked for. Moves the elements.
+  List(std::vector<T> elements) {
+    reserve(elements.size());
+    for (auto&& element : elements) emplace_back(std::move(element));
+  }
+  template <std::input_iterator Iterator, std::sentinel_for<Iterator> Sentinel>
+  List(Iterator first, Sentinel last) {
+    if constexpr (std::forward_iterator<Iterator>)
+      reserve(static_cast<std::size_t>(std::ranges::distance(first, last)));
+    for (; first != last; ++first) emplace_back(*first);
+  }
+
+  std::size_t size() const noexcept { return spine_ ? spine_->size() : 0; }
+  bool empty() const noexcept { return size() == 0; }
+
+  /// Element `index`. Aborts when there is none: the check is part of finding the leaf.
+  const T& operator[](std::size_t index) const noexcept {
+    precondition(static_cast<bool>(spine_), "list index out of range");
+    const std::size_t k = spine_->leafOf(index);
+    return spine_->leaf(k).slots()[index - spine_->startOf(k)].value();
+  }
+  /// The first and the last element. Abort when the list is empty.
+  const T& front() const noexcept { return (*this)[0]; }
+  const T& back() const noexcept { return (*this)[size() - 1]; }
+
+  const_iterator begin() const noexcept {
+    return spine_ ? const_iterator(spine_.get(), 0) : const_iterator();
+  }
+  const_iterator end() const noexcept {
+    return spine_ ? const_iterator(spine_.get(), spine_->size()) : const_iterator();
+  }
+
+  std::vector<T> toVector() const { return std::vector<T>(begin(), end()); }
+
+  /// The one way to a mutable element, which is copied first if another list shares it. Use the
+  /// reference before this list is copied or changed again: a copy taken in between would see what
+  /// is written through it. Aborts when there is no element `index`.
+  T& edit(std::size_t index) {
+    const std::size_t k = placeOf(index);
+    ownSpine(spine_->leafCount());
+    Slot& slot = spine_->ownLeaf(k, spine_->countOf(k)).slots()[index - spine_->startOf(k)];
+    slot.makeOwn();
+    return slot.value();
+  }
+
+  void push_back(const T& element) { emplace_back(element); }
+  void push_back(T&& element) { emplace_back(std::move(element)); }
+
+  /// Builds an element at the end. The reference to it may be used as that of `edit`.
+  template <class... Arguments>
+  T& emplace_back(Arguments&&... arguments) {
+    Slot slot(std::in_place, std::forward<Arguments>(arguments)...);
+    if (!hasOwnRoomAtEnd()) [[unlikely]]
+      makeRoomAtEnd();
+    const std::size_t last = spine_->leafCount() - 1;
+    Slot& appended = spine_->leaf(last).append(std::move(slot));
+    spine_->shift(last, 1);
+    return appended.value();
+  }
+
+  /// Puts `element` before element `index`, or at the end when `index` is the size. Aborts when
+  /// `index` is greater.
+  void insert(std::size_t index, T element) {
+    if (index == size()) {
+      emplace_back(std::move(element));
+      return;
+    }
+    std::size_t k = placeOf(index);
+    Slot slot(std::in_place, std::move(element));
+    // Between two leaves the earlier one takes the element if it can, so that a run of inserts in
+    // ascending order fills leaves.
+    if (index == spine_->startOf(k) && k > 0 && spine_->countOf(k - 1) < Leaf::maximum) --k;
+    const std::size_t offset = index - spine_->startOf(k);
+    if (spine_->countOf(k) == Leaf::maximum) {
+      insertIntoFullLeaf(k, offset, std::move(slot));
+    } else {
+      ownSpine(spine_->leafCount());
+      ownLeafWithRoom(k).insert(offset, std::move(slot));
+      spine_->shift(k, 1);
+    }
+  }
+
+  /// Removes element `index`. Aborts when there is none.
+  void erase(std::size_t index) {
+    const std::size_t k = placeOf(index);
+    const std::size_t offset = index - spine_->startOf(k);
+    const std::size_t count = spine_->countOf(k);
+
+    // The leaf and those neighbours it can now be merged with: leaves [first, last).
+    std::size_t first = k;
+    std::size_t last = k + 1;
+    std::size_t remaining = count - 1;
+    if (k > 0 && remaining + spine_->countOf(k - 1) <= mergedCount)
+      remaining += spine_->countOf(--first);
+    if (last < spine_->leafCount() && remaining + spine_->countOf(last) <= mergedCount)
+      remaining += spine_->countOf(last++);
+
+    if (size() == 1) {
+      clear();
+    } else if (count == 1 && last - first < 3) {
+      replaceLeaves(k, 1, {});
+    } else if (last - first == 1 && spine_.isUnique() && spine_->sharedLeaf(k).isUnique()) {
+      [[maybe_unused]] const Slot removed = spine_->leaf(k).remove(offset);
+      spine_->shift(k, std::size_t{0} - 1);
+    } else {
+      Shared<Leaf> merged = Leaf::make(remaining);
+      for (std::size_t part = first; part < last; ++part) {
+        const Leaf& leaf = spine_->leaf(part);
+        merged->appendCopiesExcept(leaf, part == k ? typename Leaf::Mask{1} << offset : 0);
+      }
+      replaceLeaves(first, last - first, std::move(merged));
+    }
+  }
+
+  /// Removes the elements for which `predicate` is true and returns their number; the others keep
+  /// their order. Calls `predicate` with each element once, in order; it leaves the list alone.
+  /// When nothing is removed the list goes on sharing all its storage.
+  template <class Predicate>
+  std::size_t eraseIf(Predicate predicate) {
+    if (empty()) return 0;
+    Shared<Spine> kept;  // from the first removal on: what precedes the leaf at hand
+    for (std::size_t k = 0; k < spine_->leafCount(); ++k) {
+      const Leaf& leaf = spine_->leaf(k);
+      const typename Leaf::Mask removed = matches(leaf, predicate);
+      if (!kept) {
+        if (removed == 0) continue;
+        kept = Spine::make(spine_->leafCount());
+        kept->appendShared(*spine_, 0, k);
+      }
+      appendRemaining(*kept, spine_->sharedLeaf(k), removed);
+    }
+    if (!kept) return 0;
+    const std::size_t removedCount = size() - kept->size();
+    if (kept->leafCount() == 0)
+      kept = {};
+    else if (kept->leafCount() <= kept->capacity() / 2)
+      kept = respined(kept, kept->leafCount());
+    spine_ = std::move(kept);
+    return removedCount;
+  }
+
+  void assign(std::initializer_list<T> elements) { *this = List(elements); }
+  template <std::input_iterator Iterator, std::sentinel_for<Iterator> Sentinel>
+  void assign(Iterator first, Sentinel last) {
+    *this = List(std::move(first), std::move(last));
+  }
+  void assign(std::size_t count, const T& element) {
+    List next;
+    next.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) next.push_back(element);
+    *this = std::move(next);
+  }
+
+  /// Removes all elements and gives up the storage.
+  void clear() noexcept { spine_ = {}; }
+
+  /// Prepares for a growth to `count` elements: room for their pointers, or for the elements
+  /// themselves where these are small, up to the end of the last leaf, and for the row of leaves. A
+  /// short list of known length is smallest this way.
+  void reserve(std::size_t count) {
+    if (count <= size()) return;
+    if (!spine_) startLeaf(std::min(count, Leaf::maximum));
+    const std::size_t last = spine_->leafCount() - 1;
+    const std::size_t countOfLast = count - spine_->startOf(last);
+    ownSpine(last + (countOfLast + Leaf::maximum - 1) / Leaf::maximum);
+    spine_->ownLeaf(last, std::min(countOfLast, Leaf::maximum));
+  }
+
+  // Sharing storage is no proof of equality: an element that holds a NaN differs from itself, and
+  // so does a list that holds it.
+  friend bool operator==(const List& a, const List& b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
+  }
+
+ private:
+  // Neighbours are merged at three quarters of a full leaf, not at a full one: an insert into what
+  // an erase has just merged must not split it again.
+  static constexpr std::size_t mergedCount = Leaf::maximum / 4 * 3;
+
+  std::size_t placeOf(std::size_t index) const noexcept {
+    precondition(static_cast<bool>(spine_), "list index out of range");
+    return spine_->leafOf(index);
+  }
+
+  bool hasOwnRoomAtEnd() const noexcept {
+    if (!spine_ || !spine_.isUnique()) return false;
+    const Shared<Leaf>& leaf = spine_->sharedLeaf(spine_->leafCount() - 1);
+    return leaf.isUnique() && leaf->count() < leaf->capacity();
+  }
+
+  [[gnu::noinline]] void makeRoomAtEnd() {
+    if (!spine_) {
+      startLeaf(smallestGrowth);
+      return;
+    }
+    const std::size_t leafCount = spine_->leafCount();
+    if (spine_->countOf(leafCount - 1) < Leaf::maximum) {
+      ownSpine(leafCount);
+      ownLeafWithRoom(leafCount - 1);
+      return;
+    }
+    Shared<Leaf> leaf = Leaf::make(Leaf::maximum);
+    if (leafCount < spine_->capacity())
+      ownSpine(leafCount + 1);
+    else  // a copy takes what it needs, a list that grows on its own takes double
+      ownSpine(spine_.isUnique() ? std::max(leafCount * 2, smallestGrowth) : leafCount + 1);
+    spine_->append(std::move(leaf), 0);
+  }
+
+  /// Gives a list without storage a leaf, empty still.
+  void startLeaf(std::size_t capacity) {
+    Shared<Spine> spine = Spine::make(1);
+    spine->append(Leaf::make(capacity), 0);
+    spine_ = std::move(spine);
+  }
+
+  /// Leaf `k`, which is not full, ready for one more slot. The only leaf of a list grows by
+  /// doubling.
+  Leaf& ownLeafWithRoom(std::size_t k) {
+    const std::size_t needed = spine_->countOf(k) + 1;
+    const Shared<Leaf>& leaf = spine_->sharedLeaf(k);
+    if (leaf.isUnique() && needed <= leaf->capacity()) return *leaf;
+    const bool isOnly = spine_->leafCount() == 1;
+    return spine_->ownLeaf(
+        k, isOnly ? std::max(std::bit_ceil(needed), smallestGrowth) : Leaf::maximum);
+  }
+
+  void ownSpine(std::size_t capacity) {
+    if (!spine_.isUnique() || spine_->capacity() < capacity) spine_ = respined(spine_, capacity);
+  }
+
+  /// A spine of the same leaves in memory for `capacity`. Empties `spine` if that has no other
+  /// owner.
+  static Shared<Spine> respined(const Shared<Spine>& spine, std::size_t capacity) {
+    Shared<Spine> next = Spine::make(capacity);
+    if (spine.isUnique())
+      next->appendTaken(*spine, 0, spine->leafCount());
+    else
+      next->appendShared(*spine, 0, spine->leafCount());
+    return next;
+  }
+
+  /// Puts up to two leaves in the place of the `removed` ones from leaf `first` on.
+  void replaceLeaves(std::size_t first, std::size_t removed, Shared<Leaf> leaf,
+                     Shared<Leaf> another = {}) {
+    const std::size_t added = (leaf ? 1u : 0u) + (another ? 1u : 0u);
+    if (removed == 1 && added == 1 && spine_.isUnique()) {
+      const Shared<Leaf> former = spine_->exchange(first, std::move(leaf));
+      return;
+    }
+    Shared<Spine> next = Spine::make(spine_->leafCount() - removed + added);
+    next->appendShared(*spine_, 0, first);
+    for (Shared<Leaf>* fresh : {&leaf, &another}) {
+      if (!*fresh) continue;
+      const std::size_t count = (*fresh)->count();
+      next->append(std::move(*fresh), count);
+    }
+    next->appendShared(*spine_, first + removed, spine_->leafCount());
+    spine_ = std::move(next);
+  }
+
+  void insertIntoFullLeaf(std::size_t k, std::size_t offset, Slot slot) {
+    if (offset == 0) {
+      // The leaf before is full too. Inserts that go on here fill the new leaf.
+      Shared<Leaf> leaf = Leaf::make(Leaf::maximum);
+      leaf->append(std::move(slot));
+      replaceLeaves(k, 0, std::move(leaf));
+      return;
+    }
+    constexpr std::size_t half = Leaf::maximum / 2;
+    Shared<Leaf> left = Leaf::make(half + (offset < half ? 1 : 0));
+    Shared<Leaf> right = Leaf::make(half + (offset < half ? 0 : 1));
+    left->appendCopies(spine_->leaf(k), 0, half);
+    right->appendCopies(spine_->leaf(k), half, Leaf::maximum);
+    if (offset < half)
+      left->insert(offset, std::move(slot));
+    else
+      right->insert(offset - half, std::move(slot));
+    replaceLeaves(k, 1, std::move(left), std::move(right));
+  }
+
+  template <class Predicate>
+  static typename Leaf::Mask matches(const Leaf& leaf, Predicate& predicate) {
+    typename Leaf::Mask mask = 0;
+    for (std::size_t i = 0; i < leaf.count(); ++i)
+      if (std::invoke(predicate, leaf.slots()[i].value())) mask |= typename Leaf::Mask{1} << i;
+    return mask;
+  }
+
+  /// Adds to `kept` what `leaf` holds beside the `removed` slots: the leaf itself where none is.
+  static void appendRemaining(Spine& kept, const Shared<Leaf>& leaf, typename Leaf::Mask removed) {
+    const std::size_t count = leaf->count() - static_cast<std::size_t>(std::popcount(removed));
+    if (count == 0) return;
+    const std::size_t last = kept.leafCount() - 1;
+    if (kept.leafCount() > 0 && kept.countOf(last) + count <= mergedCount) {
+      kept.ownLeaf(last, kept.countOf(last) + count).appendCopiesExcept(*leaf, removed);
+      kept.shift(last, count);
+    } else if (removed == 0) {
+      kept.append(leaf, count);
+    } else {
+      Shared<Leaf> rest = Leaf::make(count);
+      rest->appendCopiesExcept(*leaf, removed);
+      kept.append(std::move(rest), count);
+    }
+  }
+
+  static constexpr std::size_t smallestGrowth = 4;
+
+  Shared<Spine> spine_;  // null when the list has no storage
+};
+
+template <class Iterator, class Sentinel>
+List(Iterator, Sentinel) -> List<std::iter_value_t<Iterator>>;
+
+}  // namespace korrin
+
+/// The number of elements, then each element in order.
+template <class T>
+struct std::hash<korrin::List<T>> {
+  std::size_t operator()(const korrin::List<T>& list) const {
+    std::size_t seed = list.size();
+    for (const T& element : list) seed = korrin::hashCombine(seed, std::hash<T>{}(element));
+    return seed;
+  }
+};

@@ -1,0 +1,157 @@
+#pragma once
+
+// The lower half of a List's storage: slots that hold one element each, and leaves that hold up to
+// 64 neighbouring slots. Hosts use List (list.h), never these.
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include "korrin/foundation/shared.h"
+
+namespace korrin::detail {
+
+/// Builds an element in parentheses or, where an aggregate has no such constructor, in braces.
+template <class T, class... Arguments>
+T construct(Arguments&&... arguments) {
+  if constexpr (std::is_constructible_v<T, Arguments...>)
+    return T(std::forward<Arguments>(arguments)...);
+  else
+    return T{std::forward<Arguments>(arguments)...};
+}
+
+/// Elements that stand in the slot itself: copying one is cheaper than sharing it and cannot fail.
+template <class T>
+concept PlainElement = std::is_trivially_copyable_v<T> && sizeof(T) <= 16;
+
+/// One element. A copy of a slot shares its element; copying and moving slots never fails, which is
+/// what the guarantees of List rest on.
+template <class T>
+class ListSlot {
+ public:
+  template <class... Arguments>
+  explicit ListSlot(std::in_place_t, Arguments&&... arguments)
+      : record_(new Record(std::in_place, std::forward<Arguments>(arguments)...)) {}
+
+  const T& value() const noexcept { return record_->value; }
+  /// For a change. Only when this slot is reached by one list alone and after `makeOwn`.
+  T& value() noexcept { return record_->value; }
+
+  /// Copies the element if other slots share it. When the copy fails, nothing has changed.
+  void makeOwn() {
+    if (!record_.isUnique())
+      record_ = Shared<Record>(new Record(std::in_place, std::as_const(record_->value)));
+  }
+
+ private:
+  struct Record : Counted {
+    template <class... Arguments>
+    explicit Record(std::in_place_t, Arguments&&... arguments)
+        : value(construct<T>(std::forward<Arguments>(arguments)...)) {}
+    static void destroy(Record* record) noexcept { delete record; }
+
+    T value;
+  };
+
+  Shared<Record> record_;
+};
+
+template <PlainElement T>
+class ListSlot<T> {
+ public:
+  template <class... Arguments>
+  explicit ListSlot(std::in_place_t, Arguments&&... arguments)
+      : value_(construct<T>(std::forward<Arguments>(arguments)...)) {}
+
+  const T& value() const noexcept { return value_; }
+  T& value() noexcept { return value_; }
+  void makeOwn() noexcept {}
+
+ private:
+  T value_;
+};
+
+/// Up to 64 slots behind one count of owners, in memory for `capacity()` of them. Only a leaf with
+/// a single owner, itself reached by one list alone, may be changed.
+template <class T>
+class ListLeaf : public Counted {
+ public:
+  using Slot = ListSlot<T>;
+
+  /// A choice among the slots of a leaf: bit n stands for slot n.
+  using Mask = std::uint64_t;
+  static constexpr std::size_t maximum = 64;
+
+  /// An empty leaf with room for `capacity` slots, at most `maximum`.
+  static Shared<ListLeaf> make(std::size_t capacity) {
+    static_assert(sizeof(ListLeaf) % alignof(Slot) == 0);
+    void* const memory = ::operator new(sizeof(ListLeaf) + capacity * sizeof(Slot));
+    return Shared<ListLeaf>(::new (memory) ListLeaf(capacity));
+  }
+  static void destroy(ListLeaf* leaf) noexcept {
+    std::destroy_n(leaf->slots(), leaf->count_);
+    std::destroy_at(leaf);
+    ::operator delete(leaf);
+  }
+
+  std::size_t count() const noexcept { return count_; }
+  std::size_t capacity() const noexcept { return capacity_; }
+
+  Slot* slots() noexcept { return reinterpret_cast<Slot*>(this + 1); }
+  const Slot* slots() const noexcept { return reinterpret_cast<const Slot*>(this + 1); }
+
+  // The changes below need room for what they add.
+
+  Slot& append(Slot slot) noexcept {
+    return *std::construct_at(slots() + count_++, std::move(slot));
+  }
+
+  void appendCopies(const ListLeaf& other, std::size_t first, std::size_t last) noexcept {
+    std::uninitialized_copy(other.slots() + first, other.slots() + last, slots() + count_);
+    count_ += static_cast<std::uint32_t>(last - first);
+  }
+
+  void appendCopiesExcept(const ListLeaf& other, Mask left) noexcept {
+    for (std::size_t i = 0; i < other.count(); ++i)
+      if ((left >> i & 1) == 0) append(other.slots()[i]);
+  }
+
+  /// Leaves empty slots behind in `other`, which is good for nothing but its disposal.
+  void appendMoved(ListLeaf& other) noexcept {
+    std::uninitialized_move_n(other.slots(), other.count_, slots() + count_);
+    count_ += other.count_;
+  }
+
+  void insert(std::size_t offset, Slot slot) noexcept {
+    for (Slot* gap = slots() + count_; gap != slots() + offset; --gap) moveSlot(gap - 1, gap);
+    std::construct_at(slots() + offset, std::move(slot));
+    ++count_;
+  }
+
+  Slot remove(std::size_t offset) noexcept {
+    Slot removed = std::move(slots()[offset]);
+    std::destroy_at(slots() + offset);
+    --count_;
+    for (Slot* gap = slots() + offset; gap != slots() + count_; ++gap) moveSlot(gap + 1, gap);
+    return removed;
+  }
+
+ private:
+  explicit ListLeaf(std::size_t capacity) noexcept
+      : capacity_(static_cast<std::uint32_t>(capacity)) {}
+
+  static void moveSlot(Slot* from, Slot* to) noexcept {
+    std::construct_at(to, std::move(*from));
+    std::destroy_at(from);
+  }
+
+  std::uint32_t count_ = 0;
+  std::uint32_t capacity_;
+  // The slots follow, from the end of this object on.
+};
+
+}  // namespace korrin::detail
