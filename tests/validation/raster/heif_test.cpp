@@ -134,7 +134,7 @@ TEST(HeifBoxes, AreRefusedWhenTheyEndBeforeTheyBegin) {
     EXPECT_EQ(sizeOf(file({.beforeMeta = ByteWriter().u32(length).text("free").done()})),
               std::nullopt);
   EXPECT_EQ(sizeOf(file({.beforeMeta = ByteWriter().u32(8).text("free").done()})), threeByTwo);
-  for (const std::uint64_t length : {0, 1, 8, 15})
+  for (const std::uint64_t length : {0u, 1u, 8u, 15u})
     EXPECT_EQ(sizeOf(file({.beforeMeta = ByteWriter().u32(1).text("free").u64(length).done()})),
               std::nullopt);
   EXPECT_EQ(sizeOf(file({.beforeMeta = ByteWriter().u32(1).text("free").u64(16).done()})),

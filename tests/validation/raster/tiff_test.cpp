@@ -73,7 +73,7 @@ TEST_P(TiffDirectory, HoldsSidesOfEightBytesInBigTiffOnly) {
 }
 
 TEST_P(TiffDirectory, HoldsOneNumberPerSide) {
-  for (const std::uint64_t count : {0, 2, 0x10001})
+  for (const std::uint64_t count : {0u, 2u, 0x10001u})
     EXPECT_EQ(sizeOf(file({{256, tiffShort, count, 3}, height_})), std::nullopt) << count;
 }
 
