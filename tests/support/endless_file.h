@@ -7,12 +7,13 @@
 
 namespace korrin::test {
 
-/// A file of 16 GiB of which only the beginning may be looked at: reading a byte after it ends the
-/// program. What a reader makes of such a file does not depend on the file's length.
+/// A file of 16 GiB of which only the first MiB may be looked at: reading a byte after that ends
+/// the program. What a reader makes of such a file does not depend on the file's length.
 class EndlessFile {
  public:
-  /// Throws std::system_error when there is no such range of addresses to be had.
-  explicit EndlessFile(const Bytes& beginning);
+  /// `beginning`, followed by `part` over and over. Throws std::system_error when there is no such
+  /// range of addresses to be had.
+  EndlessFile(const Bytes& beginning, const Bytes& part);
   ~EndlessFile();
   EndlessFile(const EndlessFile&) = delete;
   EndlessFile& operator=(const EndlessFile&) = delete;
