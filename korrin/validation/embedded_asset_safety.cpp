@@ -4,7 +4,7 @@
 
 #include "korrin/validation/document_validation_error.h"
 #include "korrin/validation/pdf/first_page_box.h"
-#include "korrin/validation/raster/raster_facts.h"
+#include "korrin/validation/raster/readers.h"
 #include "korrin/validation/raster_asset_safety.h"
 
 namespace korrin {
@@ -20,7 +20,8 @@ bool isSafeExtent(double extent) noexcept {
 void validatePdf(std::span<const std::byte> bytes) {
   // A known raster image is of another type, even when the rest of it is damaged or a PDF follows
   // inside. Bytes that no raster reader knows are the PDF reader's to judge.
-  if (readRasterFacts(bytes)) throw DocumentValidationError(DocumentValidationError::invalidImage);
+  if (raster::readerFor(bytes) != nullptr)
+    throw DocumentValidationError(DocumentValidationError::invalidImage);
 
   const PdfPage page = readFirstPage(bytes);
   if (page.outcome == PdfOutcome::unreadable)

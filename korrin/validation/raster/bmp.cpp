@@ -1,3 +1,4 @@
+#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
 
 namespace korrin::raster {
@@ -22,8 +23,8 @@ bool isBitCount(std::uint32_t bits) noexcept {
   return bits == 1 || bits == 2 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
 }
 
-ByteView afterFileHeader(ByteView file) noexcept {
-  ByteView info(file.bytes(), std::endian::little);
+ByteView afterFileHeader(Bytes file) noexcept {
+  ByteView info(file, std::endian::little);
   info.skip(fileHeaderLength);
   return info;
 }
@@ -31,11 +32,11 @@ ByteView afterFileHeader(ByteView file) noexcept {
 }  // namespace
 
 // Two letters are little to go by, so the length of the second header counts as well.
-bool isBmp(ByteView file) noexcept {
-  return file.startsWith("BM") && isHeaderLength(afterFileHeader(file).u32());
+bool isBmp(Bytes file) noexcept {
+  return ByteView(file).startsWith("BM") && isHeaderLength(afterFileHeader(file).u32());
 }
 
-std::optional<PixelSize> bmpSize(ByteView file) noexcept {
+std::optional<PixelSize> bmpSize(Bytes file) noexcept {
   ByteView info = afterFileHeader(file);
   const std::uint32_t length = info.u32();
   ByteView header = info.take(length - 4);

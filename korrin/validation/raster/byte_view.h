@@ -36,10 +36,8 @@ class ByteView {
 
   /// Whether the unread bytes begin with `prefix`. Reads nothing and never fails the view.
   bool startsWith(std::string_view prefix) const noexcept {
-    if (prefix.size() > bytes_.size()) return false;
-    for (std::size_t i = 0; i < prefix.size(); ++i)
-      if (static_cast<char>(bytes_[i]) != prefix[i]) return false;
-    return true;
+    const std::string_view text(reinterpret_cast<const char*>(bytes_.data()), bytes_.size());
+    return text.starts_with(prefix);
   }
 
   std::uint32_t u8() noexcept { return static_cast<std::uint32_t>(number<1>()); }
@@ -67,7 +65,7 @@ class ByteView {
   }
 
  private:
-  template <int count>
+  template <unsigned count>
   std::uint64_t number() noexcept {
     if (bytes_.size() < count) {
       fail();
@@ -76,7 +74,7 @@ class ByteView {
     std::uint64_t value = 0;
     for (unsigned i = 0; i < count; ++i) {
       const unsigned place = order_ == std::endian::big ? count - 1 - i : i;
-      value |= static_cast<std::uint64_t>(bytes_[i]) << (8 * place);
+      value |= std::to_integer<std::uint64_t>(bytes_[i]) << (8 * place);
     }
     bytes_ = bytes_.subspan(count);
     return value;

@@ -1,3 +1,4 @@
+#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
 #include "korrin/validation/raster/step_budget.h"
 
@@ -34,12 +35,13 @@ bool hasFrame(ByteView& file, StepBudget& budget) noexcept {
 
 }  // namespace
 
-bool isGif(ByteView file) noexcept {
+bool isGif(Bytes bytes) noexcept {
+  const ByteView file(bytes);
   return file.startsWith("GIF87a") || file.startsWith("GIF89a");
 }
 
-std::optional<PixelSize> gifSize(ByteView bytes) noexcept {
-  ByteView file(bytes.bytes(), std::endian::little);
+std::optional<PixelSize> gifSize(Bytes bytes) noexcept {
+  ByteView file(bytes, std::endian::little);
   file.skip(signatureLength);
   const PixelSize screen{.width = file.u16(), .height = file.u16()};
   const std::uint32_t flags = file.u8();

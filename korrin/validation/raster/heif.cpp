@@ -1,5 +1,6 @@
 #include <bitset>
 
+#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
 #include "korrin/validation/raster/step_budget.h"
 
@@ -50,7 +51,8 @@ std::optional<ByteView> findBox(ByteView boxes, std::uint32_t type, StepBudget& 
   return std::nullopt;
 }
 
-bool hasBrand(ByteView file, std::span<const std::uint32_t> wanted) noexcept {
+bool hasBrand(Bytes bytes, std::span<const std::uint32_t> wanted) noexcept {
+  ByteView file(bytes);
   const auto box = nextBox(file);
   if (!box || box->type != tag("ftyp")) return false;
   ByteView brands = box->content;
@@ -119,12 +121,12 @@ std::optional<Properties> propertiesOf(std::uint32_t item, ByteView iprp,
 
 }  // namespace
 
-bool isHeif(ByteView file) noexcept { return hasBrand(file, stillBrands); }
-bool isAvif(ByteView file) noexcept { return hasBrand(file, avifBrands); }
+bool isHeif(Bytes file) noexcept { return hasBrand(file, stillBrands); }
+bool isAvif(Bytes file) noexcept { return hasBrand(file, avifBrands); }
 
-std::optional<PixelSize> heifSize(ByteView file) noexcept {
+std::optional<PixelSize> heifSize(Bytes file) noexcept {
   StepBudget budget;
-  auto meta = findBox(file, tag("meta"), budget);
+  auto meta = findBox(ByteView(file), tag("meta"), budget);
   if (!meta) return std::nullopt;
   readFullBoxHeader(*meta);
   const auto item = primaryItem(*meta, budget);

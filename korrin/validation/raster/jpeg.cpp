@@ -1,3 +1,4 @@
+#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
 #include "korrin/validation/raster/step_budget.h"
 
@@ -49,9 +50,10 @@ std::optional<PixelSize> frameSize(ByteView frame) noexcept {
 
 }  // namespace
 
-bool isJpeg(ByteView file) noexcept { return file.startsWith("\xFF\xD8\xFF"); }
+bool isJpeg(Bytes file) noexcept { return ByteView(file).startsWith("\xFF\xD8\xFF"); }
 
-std::optional<PixelSize> jpegSize(ByteView file) noexcept {
+std::optional<PixelSize> jpegSize(Bytes bytes) noexcept {
+  ByteView file(bytes);
   file.skip(2);
   StepBudget budget;
   while (const auto marker = nextMarker(file, budget)) {

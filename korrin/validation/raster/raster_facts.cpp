@@ -3,40 +3,37 @@
 #include "korrin/validation/raster/readers.h"
 
 namespace korrin {
+namespace raster {
 namespace {
-
-struct Reader {
-  RasterFormat format;
-  std::string_view name;
-  bool (*knows)(raster::ByteView) noexcept;
-  std::optional<PixelSize> (*size)(raster::ByteView) noexcept;
-};
 
 // AVIF stands before HEIF, of which it is a part. Otherwise no file is known to two of them.
 constexpr Reader readers[] = {
-    {RasterFormat::png, "PNG", raster::isPng, raster::pngSize},
-    {RasterFormat::jpeg, "JPEG", raster::isJpeg, raster::jpegSize},
-    {RasterFormat::gif, "GIF", raster::isGif, raster::gifSize},
-    {RasterFormat::bmp, "BMP", raster::isBmp, raster::bmpSize},
-    {RasterFormat::tiff, "TIFF", raster::isTiff, raster::tiffSize},
-    {RasterFormat::webp, "WebP", raster::isWebp, raster::webpSize},
-    {RasterFormat::avif, "AVIF", raster::isAvif, raster::heifSize},
-    {RasterFormat::heif, "HEIF", raster::isHeif, raster::heifSize},
+    {RasterFormat::png, "PNG", isPng, pngSize},     {RasterFormat::jpeg, "JPEG", isJpeg, jpegSize},
+    {RasterFormat::gif, "GIF", isGif, gifSize},     {RasterFormat::bmp, "BMP", isBmp, bmpSize},
+    {RasterFormat::tiff, "TIFF", isTiff, tiffSize}, {RasterFormat::webp, "WebP", isWebp, webpSize},
+    {RasterFormat::avif, "AVIF", isAvif, heifSize}, {RasterFormat::heif, "HEIF", isHeif, heifSize},
 };
 
 }  // namespace
 
-std::string_view name(RasterFormat format) noexcept {
+const Reader* readerFor(Bytes file) noexcept {
   for (const Reader& reader : readers)
+    if (reader.knows(file)) return &reader;
+  return nullptr;
+}
+
+}  // namespace raster
+
+std::string_view name(RasterFormat format) noexcept {
+  for (const raster::Reader& reader : raster::readers)
     if (reader.format == format) return reader.name;
   return "";
 }
 
 std::optional<RasterFacts> readRasterFacts(std::span<const std::byte> bytes) noexcept {
-  const raster::ByteView file(bytes);
-  for (const Reader& reader : readers)
-    if (reader.knows(file)) return RasterFacts{.format = reader.format, .size = reader.size(file)};
-  return std::nullopt;
+  const raster::Reader* reader = raster::readerFor(bytes);
+  if (reader == nullptr) return std::nullopt;
+  return RasterFacts{.format = reader->format, .size = reader->size(bytes)};
 }
 
 }  // namespace korrin

@@ -5,34 +5,50 @@
 // nothing when the header is damaged or incomplete. Each looks at a bounded number of places,
 // whatever the file's length.
 
+#include <cstddef>
 #include <optional>
+#include <span>
+#include <string_view>
 
-#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/raster_facts.h"
 
 namespace korrin::raster {
 
-bool isPng(ByteView file) noexcept;
-std::optional<PixelSize> pngSize(ByteView file) noexcept;
+/// A whole file.
+using Bytes = std::span<const std::byte>;
 
-bool isJpeg(ByteView file) noexcept;
-std::optional<PixelSize> jpegSize(ByteView file) noexcept;
+bool isPng(Bytes file) noexcept;
+std::optional<PixelSize> pngSize(Bytes file) noexcept;
 
-bool isGif(ByteView file) noexcept;
-std::optional<PixelSize> gifSize(ByteView file) noexcept;
+bool isJpeg(Bytes file) noexcept;
+std::optional<PixelSize> jpegSize(Bytes file) noexcept;
 
-bool isBmp(ByteView file) noexcept;
-std::optional<PixelSize> bmpSize(ByteView file) noexcept;
+bool isGif(Bytes file) noexcept;
+std::optional<PixelSize> gifSize(Bytes file) noexcept;
 
-bool isTiff(ByteView file) noexcept;
-std::optional<PixelSize> tiffSize(ByteView file) noexcept;
+bool isBmp(Bytes file) noexcept;
+std::optional<PixelSize> bmpSize(Bytes file) noexcept;
 
-bool isWebp(ByteView file) noexcept;
-std::optional<PixelSize> webpSize(ByteView file) noexcept;
+bool isTiff(Bytes file) noexcept;
+std::optional<PixelSize> tiffSize(Bytes file) noexcept;
+
+bool isWebp(Bytes file) noexcept;
+std::optional<PixelSize> webpSize(Bytes file) noexcept;
 
 /// HEIF in general; `isAvif` knows the part of it that is AVIF.
-bool isHeif(ByteView file) noexcept;
-bool isAvif(ByteView file) noexcept;
-std::optional<PixelSize> heifSize(ByteView file) noexcept;
+bool isHeif(Bytes file) noexcept;
+bool isAvif(Bytes file) noexcept;
+std::optional<PixelSize> heifSize(Bytes file) noexcept;
+
+struct Reader {
+  RasterFormat format;
+  std::string_view name;
+  bool (*knows)(Bytes) noexcept;
+  std::optional<PixelSize> (*size)(Bytes) noexcept;
+};
+
+/// The reader of the format to which the file belongs by its first bytes; null when it belongs to
+/// none.
+const Reader* readerFor(Bytes file) noexcept;
 
 }  // namespace korrin::raster

@@ -1,3 +1,4 @@
+#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
 
 namespace korrin::raster {
@@ -40,16 +41,16 @@ std::optional<std::uint64_t> unsignedValue(ByteView entry, bool isBig) noexcept 
 
 }  // namespace
 
-bool isTiff(ByteView file) noexcept {
+bool isTiff(Bytes file) noexcept {
   for (const std::string_view magic : magics)
-    if (file.startsWith(magic)) return true;
+    if (ByteView(file).startsWith(magic)) return true;
   return false;
 }
 
-std::optional<PixelSize> tiffSize(ByteView bytes) noexcept {
-  if (bytes.startsWith(rawMagic)) return std::nullopt;
-  const ByteView file(bytes.bytes(),
-                      bytes.startsWith(littleEndianMark) ? std::endian::little : std::endian::big);
+std::optional<PixelSize> tiffSize(Bytes bytes) noexcept {
+  if (ByteView(bytes).startsWith(rawMagic)) return std::nullopt;
+  const bool isLittle = ByteView(bytes).startsWith(littleEndianMark);
+  const ByteView file(bytes, isLittle ? std::endian::little : std::endian::big);
   ByteView header = file;
   header.skip(2);
   const bool isBig = header.u16() == bigTiffMagic;

@@ -1,3 +1,4 @@
+#include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
 
 namespace korrin::raster {
@@ -34,14 +35,15 @@ std::optional<PixelSize> extendedSize(ByteView chunk) noexcept {
 
 }  // namespace
 
-bool isWebp(ByteView file) noexcept {
+bool isWebp(Bytes bytes) noexcept {
+  ByteView file(bytes);
   if (!file.startsWith("RIFF")) return false;
   file.skip(8);
   return file.startsWith("WEBP");
 }
 
-std::optional<PixelSize> webpSize(ByteView bytes) noexcept {
-  ByteView file(bytes.bytes(), std::endian::little);
+std::optional<PixelSize> webpSize(Bytes bytes) noexcept {
+  ByteView file(bytes, std::endian::little);
   file.skip(12);
   ByteView tagView(file.take(4).bytes());
   const std::uint32_t chunkTag = tagView.u32();
