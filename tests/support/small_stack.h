@@ -1,18 +1,33 @@
 #pragma once
 
-// Runs a function in a thread whose stack is as small as the host's worker threads may have.
+// Runs code on a thread whose stack is as small as a test wants it.
 
 #include <cstddef>
 #include <functional>
+#include <system_error>
+
+#include <pthread.h>
 
 namespace korrin::test {
 
-/// The stack in which every check on embedded images must work. The checks on raster images do so
-/// under the sanitizers as well, which surround every local variable with guards.
-inline constexpr std::size_t smallStackBytes = 128 * 1024;
-
-/// Runs `function` to its end in a new thread with a stack of `bytes`. Throws std::system_error
-/// when there is no such thread to be had. An error that leaves `function` ends the program.
-void runOnStack(std::size_t bytes, const std::function<void()>& function);
+/// Calls `work` in a new thread with a stack of `bytes` and waits for it. `work` must not throw.
+inline void runOnStack(std::size_t bytes, const std::function<void()>& work) {
+  const auto check = [](int error) {
+    if (error != 0) throw std::system_error(error, std::generic_category(), "small stack");
+  };
+  pthread_attr_t attributes;
+  check(pthread_attr_init(&attributes));
+  check(pthread_attr_setstacksize(&attributes, bytes));
+  pthread_t thread;
+  check(pthread_create(
+      &thread, &attributes,
+      [](void* argument) -> void* {
+        (*static_cast<const std::function<void()>*>(argument))();
+        return nullptr;
+      },
+      const_cast<std::function<void()>*>(&work)));
+  check(pthread_attr_destroy(&attributes));
+  check(pthread_join(thread, nullptr));
+}
 
 }  // namespace korrin::test

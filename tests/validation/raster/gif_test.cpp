@@ -13,6 +13,7 @@ const Bytes frame = gifFrame(3, 2);
 TEST(GifScreen, IsTheSizeWhateverTheFrameSays) {
   EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), gifFrame(9, 9)})), threeByTwo);
   EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), gifFrame(0, 0)})), threeByTwo);
+  EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), gifFrame(3, 2), gifFrame(9, 9)})), threeByTwo);
 }
 
 TEST(GifScreen, IsReadForBothVersions) {

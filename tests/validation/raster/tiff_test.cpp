@@ -83,6 +83,17 @@ TEST_P(TiffDirectory, CountsTheFirstOfRepeatedEntries) {
   EXPECT_EQ(sizeOf(file({{256, tiffRational, 1, 9}, width_, height_})), std::nullopt);
 }
 
+TEST_P(TiffDirectory, IsTheFirstOfSeveral) {
+  // What follows the first directory is a whole file, whose directory comes after its header.
+  const Bytes first = file({width_, height_});
+  const Bytes second = file({{256, tiffShort, 1, 9}, {257, tiffShort, 1, 9}});
+  const std::ptrdiff_t linkLength = isBig() ? 8 : 4;
+  ByteWriter both(GetParam().order);
+  both.bytes(Bytes(first.begin(), first.end() - linkLength));
+  isBig() ? both.u64(first.size() + 16) : both.u32(first.size() + 8);
+  EXPECT_EQ(sizeOf(both.bytes(second).done()), threeByTwo);
+}
+
 TEST_P(TiffDirectory, IsRefusedWhenItBelongsToACameraRawFile) {
   EXPECT_EQ(sizeOf(file({width_, height_, {50706, tiffByte, 4, 1}})), std::nullopt);
 }
