@@ -76,9 +76,7 @@ PdfPage readFirstPage(std::span<const std::byte> bytes) {
   if (!headerOffset) return unreadablePage;
   Budget budget(file.size());
   const Attempt attempt = readByCrossReferences(file, *headerOffset, budget);
-  std::optional<PdfPage> page = attempt.page;
-  if (!attempt.isFinal)
-    if (const auto recovered = readByRecovery(file, budget)) page = recovered;
+  const auto page = attempt.isFinal ? attempt.page : readByRecovery(file, budget);
   return page && !budget.isExhausted() ? *page : unreadablePage;
 }
 
