@@ -56,7 +56,7 @@ Value Objects::resolve(Value value) {
     }
     auto scanner = open(value.reference);
     if (!scanner) return {};
-    value = readValue(*scanner).value_or(Value{});
+    value = readValueHead(*scanner).value_or(Value{});
   }
   return value;
 }
@@ -65,7 +65,7 @@ Value Objects::resolveOrdinary(const Value& value) {
   if (value.kind != Value::Kind::reference) return value;
   auto object = openOrdinary(value.reference);
   if (!object) return {};
-  const Value target = readValue(object->scanner).value_or(Value{});
+  const Value target = readValueHead(object->scanner).value_or(Value{});
   return target.kind == Value::Kind::reference ? Value{} : target;
 }
 

@@ -42,7 +42,7 @@ PdfPage measured(Objects& objects, const Value& own, const std::vector<Node>& pa
   for (auto node = path.rbegin(); box.isNull() && node != path.rend(); ++node) {
     if (!node->hasBox) continue;
     auto scanner = objects.at(node->box);
-    if (scanner) box = objects.resolve(readValue(*scanner).value_or(Value{}));
+    if (scanner) box = objects.resolve(readValueHead(*scanner).value_or(Value{}));
   }
   const auto numbers = corners(objects, box);
   if (!numbers) return {PdfOutcome::noBox, 0, 0};

@@ -138,7 +138,7 @@ std::optional<std::size_t> Value::asSize() const {
   return static_cast<std::size_t>(number);
 }
 
-std::optional<Value> readValue(Scanner& scanner) {
+std::optional<Value> readValueHead(Scanner& scanner) {
   const Token token = scanner.next();
   Value value;
   value.place = scanner.place(token.begin);
@@ -161,10 +161,10 @@ std::optional<Value> readValue(Scanner& scanner) {
       value.kind = Value::Kind::string;
       return value;
     case Token::Kind::arrayOpen:
+      value.kind = Value::Kind::array;
+      return value;
     case Token::Kind::dictionaryOpen:
-      value.kind =
-          token.kind == Token::Kind::arrayOpen ? Value::Kind::array : Value::Kind::dictionary;
-      scanner.skipToClosing();
+      value.kind = Value::Kind::dictionary;
       return value;
     case Token::Kind::keyword:
       value.isTrue = scanner.is(token, "true");
@@ -172,6 +172,13 @@ std::optional<Value> readValue(Scanner& scanner) {
       return value;
   }
   return std::nullopt;
+}
+
+std::optional<Value> readValue(Scanner& scanner) {
+  auto value = readValueHead(scanner);
+  if (value && (value->kind == Value::Kind::array || value->kind == Value::Kind::dictionary))
+    scanner.skipToClosing();
+  return value;
 }
 
 std::optional<Name> readKey(Scanner& scanner) {

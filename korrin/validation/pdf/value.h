@@ -46,6 +46,9 @@ struct Value {
 /// closing bracket, which is taken.
 std::optional<Value> readValue(Scanner& scanner);
 
+/// The same, but of an array or dictionary takes no more than its opening.
+std::optional<Value> readValueHead(Scanner& scanner);
+
 /// Reads the dictionary that stands next up to its end, and gives the values of `keys` in it. A key
 /// that is missing gives null, one that stands twice its last value. Null everywhere when there is
 /// no dictionary. An unclosed dictionary ends at `endobj` or `stream`, which are left to be taken.
