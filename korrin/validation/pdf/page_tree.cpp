@@ -79,7 +79,11 @@ std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
         return std::nullopt;
       }
       const Entries entries = entriesOf(objects, next);
-      if (entries.kids.kind != Value::Kind::array) return measured(objects, entries.box, path);
+      if (entries.kids.kind != Value::Kind::array) {
+        // Nothing shows that a root without children is a page, unless it has a box.
+        if (path.empty() && entries.box.isNull()) return std::nullopt;
+        return measured(objects, entries.box, path);
+      }
       // The list is entered behind its opening bracket.
       Place kids = entries.kids.place;
       ++kids.offset;

@@ -97,15 +97,17 @@ std::size_t RecoveredObjects::passName(std::size_t slash) {
 
 // What is in a stream may look like objects; it is passed up to the end of the stream or, where
 // that is missing, of the object.
-std::size_t RecoveredObjects::passStream(std::size_t keyword) const {
-  if (!standsAt(file_, keyword, "stream")) return keyword + 1;
+std::size_t RecoveredObjects::passStream(std::size_t keyword) {
+  if (noMoreEnds_ || !standsAt(file_, keyword, "stream")) return keyword + 1;
   std::size_t before = keyword;
   backOverBlanks(file_, before);
   if (before < 2 || !standsAt(file_, before - 2, ">>")) return keyword + 1;
   for (std::size_t end = file_.find("end", keyword); end != file_.npos;
        end = file_.find("end", end + 1))
     if (standsAt(file_, end, "endstream") || standsAt(file_, end, "endobj")) return end + 3;
-  return file_.size();
+  // Nothing says how far this stream goes, nor any after it: they are searched like the rest.
+  noMoreEnds_ = true;
+  return keyword + 1;
 }
 
 void RecoveredObjects::add(const Entry& entry) {

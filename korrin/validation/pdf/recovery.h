@@ -51,7 +51,7 @@ class RecoveredObjects : public ObjectTable {
 
   std::size_t passObject(std::size_t keyword);
   std::size_t passName(std::size_t slash);
-  std::size_t passStream(std::size_t keyword) const;
+  std::size_t passStream(std::size_t keyword);
   void add(const Entry& entry);
   void sort();
 
@@ -60,6 +60,7 @@ class RecoveredObjects : public ObjectTable {
   std::vector<Entry> entries_;
   std::vector<std::uint32_t> objectStreams_;
   Offsets trailers_;
+  bool noMoreEnds_ = false;
 };
 
 }  // namespace korrin::pdf

@@ -109,6 +109,12 @@ TEST(PageTree, MayBeASinglePage) {
   EXPECT_EQ(pageOf(pdf.file()), box(2, 2));
 }
 
+TEST(PageTree, IsNoPageWithoutChildrenAndABox) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Resources<<>>>>").table();
+  EXPECT_EQ(pageOf(pdf.file()), unreadable);
+}
+
 TEST(PageTree, WithoutPagesIsUnreadable) {
   for (const char* kids : {"[]", "[null]", "[9 0 R]", "[[]]", "[3 0 R]"}) {
     PdfBuilder pdf;

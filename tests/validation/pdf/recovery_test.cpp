@@ -105,6 +105,15 @@ TEST(Recovery, PassesOverWhatLooksLikeObjectsInStreams) {
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
+TEST(Recovery, GoesOnBehindAStreamWithoutAnEnd) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  EXPECT_EQ(
+      pageOf(pdf.raw("4 0 obj<<>>stream data 3 0 obj<</MediaBox[0 0 3 3]>>trailer<</Root 1 0 R>>")
+                 .file()),
+      box(3, 3));
+}
+
 TEST(Recovery, TakesNoOverlongNumberForAnObject) {
   PdfBuilder pdf;
   pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
