@@ -4,6 +4,7 @@
 
 #include "tests/support/image_builder.h"
 #include "tests/support/outcome.h"
+#include "tests/support/pdf_builder.h"
 
 namespace korrin::test {
 namespace {
@@ -42,25 +43,54 @@ TEST(EmbeddedAssetSafety, RefusesImagesThatAreCalledPdfHoweverLargeOrDamaged) {
   EXPECT_EQ(assetOutcome(bytesOf("GIF89a"), pdf), invalidImage);
 }
 
-// A small whole PDF whose page is 595 x 842, as an editor would write it.
-Bytes smallPdf() {
-  std::string text = "%PDF-1.4\n";
-  std::vector<std::size_t> offsets;
-  for (const std::string_view object :
-       {"1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\nendobj\n"sv,
-        "2 0 obj\n<< /Type /Pages /Kids [3 0 R] /Count 1 >>\nendobj\n"sv,
-        "3 0 obj\n<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] >>\nendobj\n"sv}) {
-    offsets.push_back(text.size());
-    text += object;
-  }
-  const std::size_t table = text.size();
-  text += "xref\n0 4\n0000000000 65535 f \n";
-  for (const std::size_t offset : offsets) {
-    const std::string digits = std::to_string(offset);
-    text += std::string(10 - digits.size(), '0') + digits + " 00000 n \n";
-  }
-  text += "trailer\n<< /Size 4 /Root 1 0 R >>\nstartxref\n" + std::to_string(table) + "\n%%EOF\n";
-  return bytesOf(text);
+// A whole PDF with one page, whose media box is `box`.
+Bytes pdfWithBox(std::string_view box) {
+  return bytesOf(onePage("/MediaBox [" + std::string(box) + "]"));
+}
+
+Bytes smallPdf() { return pdfWithBox("0 0 595 842"); }
+
+struct PageBox {
+  std::string name;
+  std::string_view box;
+  std::string_view expected;
+};
+
+class EmbeddedPdf : public testing::TestWithParam<PageBox> {};
+
+TEST_P(EmbeddedPdf, IsJudgedByItsFirstPagesBox) {
+  EXPECT_EQ(assetOutcome(pdfWithBox(GetParam().box), pdf), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EmbeddedPdf,
+                         testing::Values(PageBox{"OrdinaryPage", "0 0 595 842", "0"},
+                                         PageBox{"CornersInAnyOrder", "595 842 0 0", "0"},
+                                         PageBox{"AwayFromTheOrigin", "-100 -100 100 100", "0"},
+                                         PageBox{"SmallestOfExtents", "0 0 0.001 0.001", "0"},
+                                         PageBox{"LargestWidthAndHeight", "0 0 20000 20000", "0"},
+                                         PageBox{"TooWide", "0 0 20001 842", imageTooLarge},
+                                         PageBox{"TooHigh", "0 0 595 20001", imageTooLarge},
+                                         PageBox{"BarelyTooWide", "0 0 20000.5 842", imageTooLarge},
+                                         PageBox{"ZeroWidth", "0 0 0 842", imageTooLarge},
+                                         PageBox{"ZeroHeight", "0 7 595 7", imageTooLarge},
+                                         PageBox{"ThreeNumbers", "0 0 595", imageTooLarge},
+                                         PageBox{"NoNumbers", "/a /b /c /d", imageTooLarge}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(EmbeddedAssetSafety, FindsAPageWithoutABoxTooLarge) {
+  EXPECT_EQ(assetOutcome(bytesOf(onePage("")), pdf), imageTooLarge);
+}
+
+TEST(EmbeddedAssetSafety, FindsAnInfiniteBoxTooLarge) {
+  EXPECT_EQ(assetOutcome(pdfWithBox("0 0 1" + std::string(400, '0') + " 842"), pdf), imageTooLarge);
+}
+
+TEST(EmbeddedAssetSafety, LetsThePdfReaderJudgeBytesBeforeTheHeader) {
+  EXPECT_EQ(assetOutcome(joined({bytesOf("stray bytes\n"), smallPdf()}), pdf), "0");
+}
+
+TEST(EmbeddedAssetSafety, RefusesAPdfThatCannotBeRead) {
+  EXPECT_EQ(assetOutcome(bytesOf("%PDF-1.7\n%%EOF\n"), pdf), invalidImage);
 }
 
 TEST(EmbeddedAssetSafety, RefusesAnImageEvenWhenAPdfFollowsInside) {

@@ -106,6 +106,14 @@ TEST(HeifSize, IsOneOfTheItemsOwnProperties) {
   EXPECT_EQ(sizeOf(file({.ipco = ipco, .ipma = associations({0, 4, 127})})), std::nullopt);
 }
 
+TEST(HeifSize, IsFoundUnderTheLargestNarrowNumber) {
+  ByteWriter properties;
+  for (int i = 1; i < 127; ++i) properties.bytes(ispe(9, 9));
+  const Bytes ipco = box("ipco", properties.bytes(ispe(3, 2)).done());
+  EXPECT_EQ(sizeOf(file({.ipco = ipco, .ipma = associations({127})})), threeByTwo);
+  EXPECT_EQ(sizeOf(file({.ipco = ipco, .ipma = associations({0xFF})})), threeByTwo);
+}
+
 TEST(HeifSize, IsRefusedWhenAnItemHasTwo) {
   const Bytes ipco = box("ipco", joined({ispe(3, 2), ispe(16000, 16000)}));
   EXPECT_EQ(sizeOf(file({.ipco = ipco, .ipma = associations({1, 2})})), std::nullopt);

@@ -114,6 +114,16 @@ TEST_P(TiffDirectory, MayStandAnywhereButAtTheStart) {
     EXPECT_EQ(sizeOf(withOffset(offset)), std::nullopt) << offset;
 }
 
+TEST(TiffHeader, SaysWithAnOffsetOfZeroThatThereIsNoDirectory) {
+  // Long enough for what a directory at offset 0 would be: 0x4949 entries, of which the second and
+  // third hold the sides.
+  ByteWriter file(std::endian::little);
+  file.text("II").u16(42).u32(0).repeat(0, 6);
+  file.u16(256).u16(tiffShort).u32(1).u32(3).u16(257).u16(tiffShort).u32(1).u32(2);
+  file.repeat(0, std::size_t{0x4949} * 12);
+  EXPECT_EQ(sizeOf(file.done()), std::nullopt);
+}
+
 TEST(BigTiff, HasABoundedNumberOfEntries) {
   const auto withEntries = [](std::size_t count) {
     std::vector<TiffEntry> entries(count, TiffEntry{300, tiffShort, 1, 0});
