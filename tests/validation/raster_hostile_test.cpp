@@ -103,6 +103,10 @@ INSTANTIATE_TEST_SUITE_P(
                                                                                    .u32(0xFFFFFFFF)
                                                                                    .done()))}))}),
                ByteWriter().u16(1).u8(0).done()},
+        Tiring{"HeifOfBoxesInThePropertiesBox",
+               joined({ftyp("heic"), openBox("meta", joined({Bytes(4), box("pitm", Bytes(6)),
+                                                             openBox("iprp", {})}))}),
+               box("free", {})},
         Tiring{"HeifOfProperties",
                joined({ftyp("heic"),
                        openBox("meta", joined({Bytes(4), box("pitm", Bytes(6)),

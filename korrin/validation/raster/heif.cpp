@@ -11,7 +11,7 @@
 namespace korrin::raster {
 namespace {
 
-constexpr std::uint32_t stillBrands[] = {
+constexpr std::uint32_t heifBrands[] = {
     tag("mif1"), tag("mif2"), tag("msf1"), tag("miaf"), tag("heic"), tag("heix"),
     tag("heim"), tag("heis"), tag("hevc"), tag("hevx"), tag("avif"), tag("avis"),
 };
@@ -121,7 +121,7 @@ std::optional<Properties> propertiesOf(std::uint32_t item, ByteView iprp,
 
 }  // namespace
 
-bool isHeif(Bytes file) noexcept { return hasBrand(file, stillBrands); }
+bool isHeif(Bytes file) noexcept { return hasBrand(file, heifBrands); }
 bool isAvif(Bytes file) noexcept { return hasBrand(file, avifBrands); }
 
 std::optional<PixelSize> heifSize(Bytes file) noexcept {

@@ -25,13 +25,13 @@ std::optional<std::uint64_t> unsignedValue(ByteView entry, bool isBig) noexcept 
   const std::uint64_t count = isBig ? entry.u64() : entry.u32();
   if (count != 1) return std::nullopt;
   switch (type) {
-    case 1:
+    case 1:  // byte
       return entry.u8();
-    case 3:
+    case 3:  // short
       return entry.u16();
-    case 4:
+    case 4:  // long
       return entry.u32();
-    case 16:
+    case 16:  // long of eight bytes
       if (isBig) return entry.u64();
       return std::nullopt;
     default:
