@@ -51,7 +51,7 @@ TEST(RasterResources, AreCounted) {
   EXPECT_GE(allocationCount(), before + 2) << *text;
 }
 
-TEST(RasterResources, AreAStackOfAtMost128KiB) {
+TEST(RasterResources, AreASmallStack) {
   constexpr std::size_t stackBytes = std::size_t{128} << 10;
   for (const NamedImage& image : samples()) {
     const Outcome expected = rasterOutcome(image.bytes);
