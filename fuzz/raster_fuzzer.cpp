@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "korrin/validation/document_validation_error.h"
 #include "korrin/validation/embedded_asset_safety.h"

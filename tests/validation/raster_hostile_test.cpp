@@ -1,6 +1,8 @@
 // Damage done to good files, systematically: whatever the bytes are, the check answers with one of
 // its three outcomes, the same each time.
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/endless_file.h"
@@ -19,15 +21,13 @@ INSTANTIATE_TEST_SUITE_P(All, DamagedImage, testing::ValuesIn(imagesOfEveryKind(
 
 TEST_P(DamagedImage, IsInvalidWhereverItIsCutShort) {
   const Bytes& whole = GetParam().bytes;
-  const std::size_t neededBytes = [&] {
-    // The scan that follows a JPEG's frame is not looked at.
-    return GetParam().format == RasterFormat::jpeg ? whole.size() - 10 : whole.size();
-  }();
+  // The scan that follows a JPEG's frame is not looked at.
+  const std::size_t unreadBytes = GetParam().format == RasterFormat::jpeg ? 10 : 0;
   for (std::size_t size = 0; size < whole.size(); ++size) {
     // A copy of exactly that length, so that a read past its end is noticed.
     const Bytes prefix(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
     const Outcome outcome = rasterOutcome(prefix);
-    EXPECT_EQ(outcome, size < neededBytes ? invalidImage : "6000") << size;
+    EXPECT_EQ(outcome, size < whole.size() - unreadBytes ? invalidImage : "6000") << size;
   }
 }
 
