@@ -15,9 +15,9 @@ TEST(RasterFuzzing, FindsNothingInItsCommittedCorpus) {
   std::size_t count = 0;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     const Bytes bytes = readFile(entry.path());
-    EXPECT_EQ(LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                                     bytes.size()),
-              0);
+    EXPECT_EQ(
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()),
+        0);
     ++count;
   }
   EXPECT_GT(count, 100u);
