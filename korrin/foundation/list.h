@@ -112,10 +112,7 @@ class List {
     Slot slot(std::in_place, std::forward<Arguments>(arguments)...);
     if (!hasOwnRoomAtEnd()) [[unlikely]]
       makeRoomAtEnd();
-    const std::size_t last = spine_->leafCount() - 1;
-    Slot& appended = spine_->leaf(last).append(std::move(slot));
-    spine_->shift(last, 1);
-    return appended.value();
+    return spine_->appendSlot(std::move(slot)).value();
   }
 
   /// Puts `element` before element `index`, or at the end when `index` is the size. Aborts when

@@ -33,6 +33,13 @@ class Shared {
   Shared() = default;
   /// Takes part in owning `object`, which may be null.
   explicit Shared(Object* object) noexcept : object_(object) { retain(); }
+  /// The first owner of `fresh`, which nobody else knows of yet; cheaper than the constructor.
+  static Shared first(Object* fresh) noexcept {
+    fresh->owners_.store(1, std::memory_order_relaxed);
+    Shared owner;
+    owner.object_ = fresh;
+    return owner;
+  }
   Shared(const Shared& other) noexcept : object_(other.object_) { retain(); }
   Shared(Shared&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   Shared& operator=(Shared other) noexcept {

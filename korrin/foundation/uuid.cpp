@@ -5,21 +5,37 @@
 
 #include <unistd.h>
 
+#include "korrin/foundation/words.h"
+
 namespace korrin {
 namespace {
 
-constexpr std::uint8_t notADigit = 0xFF;
+using words::everyByte;
+using words::highBits;
+using words::loadWord;
 
-constexpr std::array<std::uint8_t, 256> digitValues = [] {
-  std::array<std::uint8_t, 256> values{};
-  values.fill(notADigit);
-  for (std::uint8_t digit = 0; digit < 10; ++digit) values['0' + digit] = digit;
-  for (std::uint8_t digit = 10; digit < 16; ++digit) {
-    values['A' + digit - 10] = digit;
-    values['a' + digit - 10] = digit;
-  }
-  return values;
-}();
+// High bits of the bytes, all below 0x80, that are at least `limit`.
+constexpr std::uint64_t atLeast(std::uint64_t word, char limit) {
+  return word + everyByte * static_cast<std::uint64_t>(0x80 - limit);
+}
+
+// High bits of the bytes that are hexadecimal digits.
+constexpr std::uint64_t digitMarks(std::uint64_t word) {
+  const std::uint64_t ascii = word & ~highBits;
+  const std::uint64_t lower = ascii | everyByte * 0x20;
+  const std::uint64_t isDecimal = atLeast(ascii, '0') & ~atLeast(ascii, '9' + 1);
+  const std::uint64_t isLetter = atLeast(lower, 'a') & ~atLeast(lower, 'f' + 1);
+  return (isDecimal | isLetter) & ~word & highBits;
+}
+
+// The four bytes that eight digits stand for, the first one lowest.
+constexpr std::uint64_t digitBytes(std::uint64_t digits) {
+  // Letters of either case end in 1 to 6 and have bit 6 set.
+  const std::uint64_t values = (digits & everyByte * 0x0F) + (digits >> 6 & everyByte) * 9;
+  std::uint64_t bytes = (values << 4 | values >> 8) & 0x00FF00FF00FF00FFu;
+  bytes = (bytes | bytes >> 8) & 0x0000FFFF0000FFFFu;
+  return (bytes | bytes >> 16) & 0xFFFFFFFFu;
+}
 
 constexpr std::array<std::array<char, 2>, 256> bytePairs = [] {
   constexpr std::string_view digits = "0123456789ABCDEF";
@@ -47,17 +63,23 @@ UUID UUID::random() {
 
 std::optional<UUID> UUID::fromText(std::string_view text) {
   if (text.size() != textLength) return std::nullopt;
+  const char* const at = text.data();
+  // The middle groups of four digits are taken with what stands beside them and cut out.
+  constexpr std::uint64_t lowHalf = 0xFFFFFFFFu;
+  const std::uint64_t second = loadWord(at + 8);   // -dddd-dd
+  const std::uint64_t third = loadWord(at + 14);   // dddd-ddd
+  const std::uint64_t fourth = loadWord(at + 19);  // dddd-ddd
+  const std::uint64_t fifth = loadWord(at + 24);   // dddddddd
+  const std::array<std::uint64_t, 4> digits = {loadWord(at), (second >> 8 & lowHalf) | third << 32,
+                                               (fourth & lowHalf) | fifth << 32, loadWord(at + 28)};
+  const std::uint64_t marks =
+      digitMarks(digits[0]) & digitMarks(digits[1]) & digitMarks(digits[2]) & digitMarks(digits[3]);
+  const bool hasHyphens = at[8] == '-' && at[13] == '-' && at[18] == '-' && at[23] == '-';
+  if (marks != highBits || !hasHyphens) return std::nullopt;
+
   UUID id;
-  // Digits are below 16, so one look at the collected bits finds any character that is none.
-  unsigned wrong = 0;
-  for (std::size_t i = 0; i < id.bytes_.size(); ++i) {
-    const unsigned high = digitValues[static_cast<unsigned char>(text[pairOffsets[i]])];
-    const unsigned low = digitValues[static_cast<unsigned char>(text[pairOffsets[i] + 1u])];
-    wrong |= high | low;
-    id.bytes_[i] = static_cast<std::uint8_t>(high << 4 | low);
-  }
-  for (const std::size_t offset : hyphenOffsets) wrong |= text[offset] == '-' ? 0u : notADigit;
-  if (wrong > 15) return std::nullopt;
+  words::storeWord(&id.bytes_[0], digitBytes(digits[0]) | digitBytes(digits[1]) << 32);
+  words::storeWord(&id.bytes_[8], digitBytes(digits[2]) | digitBytes(digits[3]) << 32);
   return id;
 }
 
