@@ -92,7 +92,11 @@ class ListIterator {
   }
 
   void enterNextLeaf() noexcept {
-    if (leaf_ + 1 < spine_->leafCount()) standAt(leaf_ + 1, spine_->startOf(leaf_ + 1));
+    const std::size_t next = leaf_ + 1;
+    if (next == spine_->leafCount()) return;
+    standAt(next, spine_->startOf(next));
+    // Leaves lie apart: the one after this is fetched while this one is read.
+    if (next + 1 < spine_->leafCount()) __builtin_prefetch(spine_->leaf(next + 1).slots());
   }
 
   const Slot* slot_ = nullptr;

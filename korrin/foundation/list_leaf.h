@@ -35,7 +35,8 @@ class ListSlot {
  public:
   template <class... Arguments>
   explicit ListSlot(std::in_place_t, Arguments&&... arguments)
-      : record_(new Record(std::in_place, std::forward<Arguments>(arguments)...)) {}
+      : record_(Shared<Record>::first(
+            new Record(std::in_place, std::forward<Arguments>(arguments)...))) {}
 
   const T& value() const noexcept { return record_->value; }
   /// For a change. Only when this slot is reached by one list alone and after `makeOwn`.
@@ -43,8 +44,7 @@ class ListSlot {
 
   /// Copies the element if other slots share it. When the copy fails, nothing has changed.
   void makeOwn() {
-    if (!record_.isUnique())
-      record_ = Shared<Record>(new Record(std::in_place, std::as_const(record_->value)));
+    if (!record_.isUnique()) record_ = ListSlot(std::in_place, value()).record_;
   }
 
  private:
@@ -90,7 +90,7 @@ class ListLeaf : public Counted {
   static Shared<ListLeaf> make(std::size_t capacity) {
     static_assert(sizeof(ListLeaf) % alignof(Slot) == 0);
     void* const memory = ::operator new(sizeof(ListLeaf) + capacity * sizeof(Slot));
-    return Shared<ListLeaf>(::new (memory) ListLeaf(capacity));
+    return Shared<ListLeaf>::first(::new (memory) ListLeaf(capacity));
   }
   static void destroy(ListLeaf* leaf) noexcept {
     std::destroy_n(leaf->slots(), leaf->count_);

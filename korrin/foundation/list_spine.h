@@ -27,7 +27,7 @@ class ListSpine : public Counted {
   static Shared<ListSpine> make(std::size_t capacity) {
     static_assert(sizeof(ListSpine) % alignof(Entry) == 0);
     void* const memory = ::operator new(sizeof(ListSpine) + capacity * sizeof(Entry));
-    return Shared<ListSpine>(::new (memory) ListSpine(capacity));
+    return Shared<ListSpine>::first(::new (memory) ListSpine(capacity));
   }
   static void destroy(ListSpine* spine) noexcept {
     std::destroy_n(spine->entries(), spine->leafCount_);
@@ -57,6 +57,13 @@ class ListSpine : public Counted {
   }
 
   // The changes below need room for the entries they add.
+
+  /// Adds a slot to the last leaf, which is this spine's own and not full.
+  typename Leaf::Slot& appendSlot(typename Leaf::Slot slot) noexcept {
+    Entry& last = entries()[leafCount_ - 1];
+    ++last.end;
+    return last.leaf->append(std::move(slot));
+  }
 
   /// Adds a leaf that holds `count` elements, or will at once.
   void append(Shared<Leaf> leaf, std::size_t count) noexcept {

@@ -33,6 +33,13 @@ class Shared {
   Shared() = default;
   /// Takes part in owning `object`, which may be null.
   explicit Shared(Object* object) noexcept : object_(object) { retain(); }
+  /// The first owner of `fresh`, which nobody else knows of yet; cheaper than the constructor.
+  static Shared first(Object* fresh) noexcept {
+    fresh->owners_.store(1, std::memory_order_relaxed);
+    Shared owner;
+    owner.object_ = fresh;
+    return owner;
+  }
   Shared(const Shared& other) noexcept : object_(other.object_) { retain(); }
   Shared(Shared&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   Shared& operator=(Shared other) noexcept {
@@ -57,7 +64,7 @@ class Shared {
   /// calling itself.
   Object* giveUp() noexcept {
     Object* const object = std::exchange(object_, nullptr);
-    return object != nullptr && isLastShareOf(*object) ? object : nullptr;
+    return object != nullptr && endsLastShareOf(*object) ? object : nullptr;
   }
 
  private:
@@ -65,10 +72,10 @@ class Shared {
     if (object_ != nullptr) object_->owners_.fetch_add(1, std::memory_order_relaxed);
   }
   void release() noexcept {
-    if (object_ != nullptr && isLastShareOf(*object_)) Object::destroy(object_);
+    if (object_ != nullptr && endsLastShareOf(*object_)) Object::destroy(object_);
   }
-  /// Takes one share of the object away, unless that is the last.
-  static bool isLastShareOf(Object& object) noexcept {
+  /// Ends one share of the object; says whether it was the last.
+  static bool endsLastShareOf(Object& object) noexcept {
     // A sole owner needs no read-modify-write: nobody else can gain or lose a share meanwhile.
     return object.owners_.load(std::memory_order_acquire) == 1 ||
            object.owners_.fetch_sub(1, std::memory_order_acq_rel) == 1;

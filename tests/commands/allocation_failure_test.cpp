@@ -1,7 +1,6 @@
-// Fails every allocation of an edit in turn. The program replaces the global allocation functions,
-// which is why these tests stand apart from the others.
+// Fails every allocation of an edit in turn.
 
-#include <cstdlib>
+#include <cstddef>
 #include <new>
 #include <optional>
 #include <string>
@@ -12,45 +11,23 @@
 #include "korrin/geometry/korrin_geometry.h"
 #include "korrin/model/document_coding.h"
 
+#include "tests/support/allocations.h"
 #include "tests/support/laws.h"
 #include "tests/support/sample_project.h"
-
-namespace {
-
-// Allocations that still succeed on this thread; negative while none is made to fail.
-thread_local long allocationsLeft = -1;
-
-void* allocate(std::size_t size) noexcept {
-  if (allocationsLeft == 0) return nullptr;
-  if (allocationsLeft > 0) --allocationsLeft;
-  return std::malloc(size == 0 ? 1 : size);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  if (void* const memory = allocate(size)) return memory;
-  throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace korrin::test {
 namespace {
 
 // Runs `action` with only this many allocations; says whether they sufficed.
 template <class Action>
-bool succeedsWith(long allocations, Action action) {
-  allocationsLeft = allocations;
+bool succeedsWith(std::size_t allocations, Action action) {
   try {
+    const AllocationLimit limit(allocations);
     action();
+    return true;
   } catch (const std::bad_alloc&) {
-    allocationsLeft = -1;
     return false;
   }
-  allocationsLeft = -1;
-  return true;
 }
 
 // The project is what it was after every failure, and a shared copy of it too.
@@ -61,7 +38,7 @@ void expectNothingHalfDone(const KorrinProject& original, const DocumentCommand&
   command.apply(expected, environment);
 
   for (const bool shared : {false, true}) {
-    long allocations = 0;
+    std::size_t allocations = 0;
     for (;; ++allocations) {
       KorrinProject project = shared ? original : decodeJSON<KorrinProject>(written);
       if (succeedsWith(allocations, [&] { command.apply(project, environment); })) {
@@ -71,7 +48,7 @@ void expectNothingHalfDone(const KorrinProject& original, const DocumentCommand&
       ASSERT_EQ(project, original) << "after " << allocations << " allocations";
       ASSERT_EQ(encodeJSON(original), written) << "after " << allocations << " allocations";
     }
-    EXPECT_GT(allocations, 0);
+    EXPECT_GT(allocations, 0u);
   }
 }
 
@@ -107,13 +84,13 @@ TEST(OutOfMemory, LeavesTheProjectAsItWasWhenAGroupingIsMadeAndApplied) {
   TestEnvironment environment;
   const IDSet selection = {sample::vocal, sample::kick, sample::guitar};
   std::optional<DocumentCommand> command;
-  long allocations = 0;
+  std::size_t allocations = 0;
   while (!succeedsWith(allocations,
                        [&] { command = project.groupingCommand(selection, environment); })) {
     ASSERT_EQ(project, sampleProject());
     ++allocations;
   }
-  EXPECT_GT(allocations, 5);
+  EXPECT_GT(allocations, 5u);
   expectNothingHalfDone(project, *command);
 }
 
@@ -121,7 +98,7 @@ TEST(OutOfMemory, LeavesTheItemsOfAnAlignmentAsTheyWere) {
   const List<PlotItem> items = sampleProject().items;
   for (const ItemAlignment alignment : allCases<ItemAlignment>()) {
     List<PlotItem> result;
-    long allocations = 0;
+    std::size_t allocations = 0;
     while (
         !succeedsWith(allocations, [&] { result = KorrinGeometry::applying(alignment, items); })) {
       ASSERT_EQ(items, sampleProject().items);

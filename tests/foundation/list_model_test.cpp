@@ -1,0 +1,248 @@
+// Random sequences of changes, each list compared with a std::vector that undergoes the same, and
+// all copies kept on the way compared with what they were when taken.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "korrin/foundation/list.h"
+#include "korrin/foundation/uuid.h"
+
+namespace korrin {
+namespace {
+
+struct Part {
+  UUID id;
+  std::string label;
+  double x;
+  List<std::string> notes;
+  friend bool operator==(const Part&, const Part&) = default;
+};
+
+template <class T>
+T elementOf(std::uint64_t n);
+
+template <>
+int elementOf<int>(std::uint64_t n) {
+  return static_cast<int>(n % 1000);
+}
+
+template <>
+std::string elementOf<std::string>(std::uint64_t n) {
+  return std::string(n % 40, 'a') + std::to_string(n % 1000);
+}
+
+template <>
+UUID elementOf<UUID>(std::uint64_t n) {
+  UUID::Bytes bytes{};
+  bytes[0] = static_cast<std::uint8_t>(n);
+  bytes[15] = static_cast<std::uint8_t>(n >> 8);
+  return UUID(bytes);
+}
+
+template <>
+Part elementOf<Part>(std::uint64_t n) {
+  return {.id = elementOf<UUID>(n),
+          .label = elementOf<std::string>(n),
+          .x = static_cast<double>(n % 7),
+          .notes = {elementOf<std::string>(n + 1)}};
+}
+
+// A number to choose elements by.
+std::size_t keyOf(int element) { return static_cast<std::size_t>(element); }
+std::size_t keyOf(const std::string& element) {
+  return element.size() + static_cast<std::size_t>(element.back() - '0') * 40;
+}
+std::size_t keyOf(const UUID& element) { return element.bytes()[0]; }
+std::size_t keyOf(const Part& element) { return keyOf(element.id); }
+
+/// A list with the vector it must equal.
+template <class T>
+struct Pair {
+  List<T> list;
+  std::vector<T> model;
+
+  bool agrees() const {
+    return list.size() == model.size() &&
+           std::equal(list.begin(), list.end(), model.begin(), model.end());
+  }
+};
+
+template <class T>
+class Changer {
+ public:
+  explicit Changer(std::uint64_t seed) : random_(seed) {}
+
+  std::uint64_t below(std::uint64_t bound) { return random_() % bound; }
+
+  /// One random change. `growth` out of 10 changes tend to make the list longer.
+  void change(Pair<T>& pair, std::uint64_t growth) {
+    if (below(10) < growth)
+      grow(pair);
+    else if (!pair.model.empty())
+      shrinkOrEdit(pair);
+  }
+
+ private:
+  using Offset = std::ptrdiff_t;
+
+  T element() { return elementOf<T>(below(1000)); }
+
+  void grow(Pair<T>& pair) {
+    auto& [list, model] = pair;
+    switch (below(8)) {
+      case 0: {
+        const std::uint64_t count = below(100);
+        for (std::uint64_t i = 0; i < count; ++i) {
+          list.push_back(elementOf<T>(i));
+          model.push_back(elementOf<T>(i));
+        }
+        break;
+      }
+      case 1: {
+        const T fresh = element();
+        EXPECT_EQ(list.emplace_back(fresh), fresh);
+        model.emplace_back(fresh);
+        break;
+      }
+      case 2:
+        list.reserve(below(400));
+        break;
+      case 3:
+        if (!model.empty()) {
+          const std::size_t from = below(model.size());
+          list.push_back(list[from]);
+          model.push_back(T(model[from]));
+        }
+        break;
+      default: {  // a run of inserts at one place, at the same index or ascending
+        std::size_t at = below(model.size() + 1);
+        const bool ascending = below(2) == 0;
+        const std::uint64_t count = 1 + (below(4) == 0 ? below(100) : 0);
+        for (std::uint64_t i = 0; i < count; ++i) {
+          const T fresh = element();
+          list.insert(at, fresh);
+          model.insert(model.begin() + static_cast<Offset>(at), fresh);
+          if (ascending) ++at;
+        }
+      }
+    }
+  }
+
+  void shrinkOrEdit(Pair<T>& pair) {
+    auto& [list, model] = pair;
+    const std::size_t at = below(model.size());
+    switch (below(60)) {
+      case 0:
+      case 10:
+      case 11:
+      case 12: {
+        const std::uint64_t outOf = 2 + below(300);
+        const std::uint64_t chosen = below(outOf);
+        const auto predicate = [=](const T& element) { return keyOf(element) % outOf == chosen; };
+        EXPECT_EQ(list.eraseIf(predicate), std::erase_if(model, predicate));
+        break;
+      }
+      case 1: {  // all but one neighbourhood
+        std::size_t i = 0;
+        std::size_t j = 0;
+        const auto isFar = [at](std::size_t place) { return place + 50 < at || place > at + 50; };
+        list.eraseIf([&](const T&) { return isFar(i++); });
+        std::erase_if(model, [&](const T&) { return isFar(j++); });
+        break;
+      }
+      case 2: {
+        const std::size_t to = at + below(model.size() - at + 1);
+        list.assign(list.begin() + static_cast<Offset>(at), list.begin() + static_cast<Offset>(to));
+        model = std::vector<T>(model.begin() + static_cast<Offset>(at),
+                               model.begin() + static_cast<Offset>(to));
+        break;
+      }
+      case 3:
+        list.assign(below(10), list[at]);
+        model.assign(list.size(), T(model[at]));
+        break;
+      case 4:
+        if (below(10) == 0) {
+          list.clear();
+          model.clear();
+        }
+        break;
+      case 5:
+      case 6:
+      case 7:
+      case 8:
+      case 9: {  // a run of erases at one place
+        const std::size_t count = std::min<std::size_t>(model.size() - at, 1 + below(70));
+        for (std::size_t i = 0; i < count; ++i) list.erase(at);
+        const auto first = model.begin() + static_cast<Offset>(at);
+        model.erase(first, first + static_cast<Offset>(count));
+        break;
+      }
+      default:
+        if (below(2) == 0) {
+          list.erase(at);
+          model.erase(model.begin() + static_cast<Offset>(at));
+        } else {
+          list.edit(at) = model[at] = element();
+        }
+    }
+  }
+
+  std::mt19937_64 random_;
+};
+
+template <class T>
+class ListModel : public testing::Test {};
+
+using Elements = testing::Types<int, std::string, UUID, Part>;
+
+struct ElementName {
+  template <class T>
+  static std::string GetName(int) {
+    if constexpr (std::is_same_v<T, int>) return "OfNumbers";
+    if constexpr (std::is_same_v<T, std::string>) return "OfTexts";
+    if constexpr (std::is_same_v<T, UUID>) return "OfIdentifiers";
+    if constexpr (std::is_same_v<T, Part>) return "OfRecords";
+  }
+};
+
+TYPED_TEST_SUITE(ListModel, Elements, ElementName);
+
+TYPED_TEST(ListModel, AgreesWithAVectorAndLeavesItsCopiesAlone) {
+  std::size_t longest = 0;
+  for (std::uint64_t seed = 1; seed <= 40; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    Changer<TypeParam> changer(seed);
+    Pair<TypeParam> pair;
+    std::vector<Pair<TypeParam>> copies(6);
+    for (int step = 0; step < 400; ++step) {
+      changer.change(pair, step % 100 < 60 ? 7 : 3);
+      ASSERT_TRUE(pair.agrees()) << "step " << step;
+      longest = std::max(longest, pair.model.size());
+      if (!pair.model.empty()) {
+        const std::size_t i = changer.below(pair.model.size());
+        ASSERT_EQ(pair.list[i], pair.model[i]) << "step " << step;
+        ASSERT_EQ(pair.list.begin()[static_cast<std::ptrdiff_t>(i)], pair.model[i]);
+      }
+      if (changer.below(4) == 0) copies[changer.below(copies.size())] = pair;
+      if (changer.below(10) == 0) std::swap(copies[changer.below(copies.size())], pair);
+      if (step % 10 == 0) {
+        for (const Pair<TypeParam>& copy : copies) ASSERT_TRUE(copy.agrees()) << "step " << step;
+      }
+    }
+    for (const Pair<TypeParam>& copy : copies) ASSERT_TRUE(copy.agrees());
+    ASSERT_EQ(pair.list, List<TypeParam>(pair.model));
+    ASSERT_EQ(pair.list.toVector(), pair.model);
+  }
+  EXPECT_GT(longest, 1000u) << "the sequences reach too few leaves to mean anything";
+}
+
+}  // namespace
+}  // namespace korrin

@@ -1,0 +1,93 @@
+// Meant for the thread sanitizer: each test makes threads do what List allows at the same time.
+
+#include <atomic>
+#include <cstddef>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "korrin/foundation/list.h"
+#include "korrin/foundation/uuid.h"
+
+namespace korrin {
+namespace {
+
+List<std::string> texts(std::size_t count) {
+  List<std::string> list;
+  for (std::size_t i = 0; i < count; ++i) list.push_back("element number " + std::to_string(i));
+  return list;
+}
+
+std::size_t totalLength(const List<std::string>& list) {
+  std::size_t length = 0;
+  for (const std::string& text : list) length += text.size();
+  return length;
+}
+
+TEST(ListThreads, ReadCopiesWhileAnotherCopyIsEditedAndDropped) {
+  const List<std::string> original = texts(300);
+  const std::size_t length = totalLength(original);
+  std::vector<std::thread> threads;
+  for (int reader = 0; reader < 3; ++reader) {
+    threads.emplace_back([copy = original, length] {
+      for (int round = 0; round < 50; ++round) {
+        EXPECT_EQ(totalLength(copy), length);
+        EXPECT_EQ(copy[299], "element number 299");
+        const List<std::string> copyOfCopy = copy;
+        EXPECT_EQ(copyOfCopy, copy);
+      }
+    });
+  }
+  threads.emplace_back([copy = original]() mutable {
+    for (std::size_t round = 0; round < 50; ++round) {
+      List<std::string> edited = copy;
+      edited.edit(round) = "edited";
+      edited.erase(100);
+      edited.insert(17, "inserted");
+      edited.push_back("appended");
+      EXPECT_EQ(edited.eraseIf([](const std::string& text) { return text.size() < 10; }), 3u);
+    }
+  });
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(original, texts(300));
+}
+
+TEST(ListThreads, EachEditsACopyOfItsOwn) {
+  List<std::string> original = texts(130);
+  std::vector<std::thread> threads;
+  for (std::size_t editor = 0; editor < 4; ++editor) {
+    threads.emplace_back([copy = original, editor]() mutable {
+      for (std::size_t i = 0; i < copy.size(); ++i) copy.edit(i) = std::to_string(editor);
+      for (const std::string& text : copy) EXPECT_EQ(text, std::to_string(editor));
+    });
+  }
+  // The last owner of a part edits it in place, after all others have read it for their copies.
+  for (std::size_t i = 0; i < original.size(); ++i) original.edit(i) += "!";
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(original[129], "element number 129!");
+}
+
+TEST(ListThreads, TheLastOwnerDisposesOfWhatOthersHaveRead) {
+  for (int round = 0; round < 50; ++round) {
+    List<UUID> identifiers;
+    for (int i = 0; i < 100; ++i) identifiers.push_back(UUID());
+    std::atomic<int> ready = 0;
+    std::vector<std::thread> threads;
+    for (int owner = 0; owner < 3; ++owner) {
+      threads.emplace_back([copy = identifiers, &ready]() mutable {
+        ++ready;
+        while (ready < 3) std::this_thread::yield();
+        EXPECT_EQ(copy.size(), 100u);
+        copy.edit(0) = UUID::random();
+        copy.clear();
+      });
+    }
+    identifiers.clear();
+    for (std::thread& thread : threads) thread.join();
+  }
+}
+
+}  // namespace
+}  // namespace korrin
