@@ -3,14 +3,16 @@
 // The ordered list of every record: a value whose copies share storage until one of them changes.
 //
 // Elements stand in leaves of up to 64; a spine lists the leaves; a List is one counted pointer to
-// the spine:
+// the spine. Here the copy b was taken from a, then one element of b edited:
 //
-//   List  -->  spine  -->  leaf  -->  element          List  -->  spine'  -->  leaf'  -->  element'
-//                 |          `----->  element                       |  |          `----->  (shared)
-//                 `----->  leaf ...                                 |  `----->  (shared leaf) ...
+//   a -> spine -> leaf 0 -> elements 0 to 63
+//              -> leaf 1 -> elements 64 to 127
+//
+//   b -> spine -> leaf 0 of a
+//              -> leaf 1 -> element 64, elements 65 to 127 of a
 //
 // A copy costs one increment and allocates nothing. A change of a shared list copies the spine (16
-// bytes for 64 elements), the touched leaf (8 bytes for each of its elements) and, in `edit` alone,
+// bytes for every leaf), the touched leaf (8 bytes for every element in it) and, in `edit` alone,
 // the one element; a change of an unshared list happens in place. Elements that are trivially
 // copyable and at most 16 bytes large stand in the leaf itself.
 //
@@ -59,7 +61,7 @@ class List {
   List() = default;
   List(std::initializer_list<T> elements) : List(elements.begin(), elements.end()) {}
   /// Implicit, so that a vector serves wherever a list is asked for. Moves the elements.
-  List(std::vector<T> elements) {
+  List(std::vector<T> elements) {  // NOLINT(google-explicit-constructor)
     reserve(elements.size());
     for (auto&& element : elements) emplace_back(std::move(element));
   }
@@ -140,10 +142,11 @@ class List {
   /// Removes element `index`. Aborts when there is none.
   void erase(std::size_t index) {
     const std::size_t k = placeOf(index);
-    const std::size_t offset = index - spine_->startOf(k);
     const std::size_t count = spine_->countOf(k);
+    if (size() == 1) return clear();
+    if (count == 1) return replaceLeaves(k, 1, {});
 
-    // The leaf and those neighbours it can now be merged with: leaves [first, last).
+    // The leaf and those neighbours with which it is now merged: leaves [first, last).
     std::size_t first = k;
     std::size_t last = k + 1;
     std::size_t remaining = count - 1;
@@ -152,21 +155,18 @@ class List {
     if (last < spine_->leafCount() && remaining + spine_->countOf(last) <= mergedCount)
       remaining += spine_->countOf(last++);
 
-    if (size() == 1) {
-      clear();
-    } else if (count == 1 && last - first < 3) {
-      replaceLeaves(k, 1, {});
-    } else if (last - first == 1 && spine_.isUnique() && spine_->sharedLeaf(k).isUnique()) {
+    const std::size_t offset = index - spine_->startOf(k);
+    if (last - first == 1 && spine_.isUnique() && spine_->sharedLeaf(k).isUnique()) {
       [[maybe_unused]] const Slot removed = spine_->leaf(k).remove(offset);
       spine_->shift(k, std::size_t{0} - 1);
-    } else {
-      Shared<Leaf> merged = Leaf::make(remaining);
-      for (std::size_t part = first; part < last; ++part) {
-        const Leaf& leaf = spine_->leaf(part);
-        merged->appendCopiesExcept(leaf, part == k ? typename Leaf::Mask{1} << offset : 0);
-      }
-      replaceLeaves(first, last - first, std::move(merged));
+      return;
     }
+    Shared<Leaf> rest = Leaf::make(remaining);
+    for (std::size_t part = first; part < last; ++part) {
+      const typename Leaf::Mask removed = part == k ? typename Leaf::Mask{1} << offset : 0;
+      rest->appendCopiesExcept(spine_->leaf(part), removed);
+    }
+    replaceLeaves(first, last - first, std::move(rest));
   }
 
   /// Removes the elements for which `predicate` is true and returns their number; the others keep
@@ -316,14 +316,8 @@ class List {
     spine_ = std::move(next);
   }
 
+  /// Puts two half-filled leaves in the place of the full leaf `k`.
   void insertIntoFullLeaf(std::size_t k, std::size_t offset, Slot slot) {
-    if (offset == 0) {
-      // The leaf before is full too. Inserts that go on here fill the new leaf.
-      Shared<Leaf> leaf = Leaf::make(Leaf::maximum);
-      leaf->append(std::move(slot));
-      replaceLeaves(k, 0, std::move(leaf));
-      return;
-    }
     constexpr std::size_t half = Leaf::maximum / 2;
     Shared<Leaf> left = Leaf::make(half + (offset < half ? 1 : 0));
     Shared<Leaf> right = Leaf::make(half + (offset < half ? 0 : 1));

@@ -57,7 +57,7 @@ Part elementOf<Part>(std::uint64_t n) {
 // A number to choose elements by.
 std::size_t keyOf(int element) { return static_cast<std::size_t>(element); }
 std::size_t keyOf(const std::string& element) {
-  return element.size() + (element.back() & 7u) * 40;
+  return element.size() + static_cast<std::size_t>(element.back() - '0') * 40;
 }
 std::size_t keyOf(const UUID& element) { return element.bytes()[0]; }
 std::size_t keyOf(const Part& element) { return keyOf(element.id); }

@@ -1,11 +1,9 @@
 #include "korrin/foundation/list.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <limits>
 #include <list>
-#include <memory>
 #include <numeric>
 #include <sstream>
 #include <string>
@@ -26,10 +24,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-static_assert(std::random_access_iterator<List<std::string>::const_iterator>);
-static_assert(std::random_access_iterator<List<int>::const_iterator>);
-static_assert(std::random_access_iterator<List<UUID>::const_iterator>);
-static_assert(std::is_same_v<decltype(*List<std::string>().begin()), const std::string&>);
 static_assert(std::is_same_v<decltype(List<std::string>()[0]), const std::string&>);
 static_assert(std::is_nothrow_copy_constructible_v<List<std::string>>);
 static_assert(std::is_nothrow_move_constructible_v<List<std::string>>);
@@ -45,6 +39,13 @@ List<std::string> texts(int count) {
 List<int> numbers(int count) {
   List<int> list;
   for (int i = 0; i < count; ++i) list.push_back(i);
+  return list;
+}
+
+List<Watched> watched(Watch& watch, int count) {
+  List<Watched> list;
+  for (int i = 0; i < count; ++i) list.emplace_back(watch, i);
+  watch.copies = 0;
   return list;
 }
 
@@ -325,12 +326,9 @@ TEST(List, CopySharesEveryElement) {
 
 TEST(List, EditCopiesTheOneElementThatIsShared) {
   Watch watch;
-  List<Watched> list;
-  for (int i = 0; i < 1000; ++i) list.emplace_back(watch, i);
+  List<Watched> list = watched(watch, 1000);
   const List<Watched> copy = list;
   const auto before = addresses(copy);
-  watch.copies = 0;
-
   list.edit(500).setValue(-1);
   EXPECT_EQ(watch.copies, 1);
   EXPECT_EQ(list[500].value(), -1);
@@ -347,10 +345,8 @@ TEST(List, EditCopiesTheOneElementThatIsShared) {
 
 TEST(List, EditsInPlaceWhatNobodyShares) {
   Watch watch;
-  List<Watched> list;
-  for (int i = 0; i < 100; ++i) list.emplace_back(watch, i);
+  List<Watched> list = watched(watch, 100);
   { const List<Watched> gone = list; }
-  watch.copies = 0;
   const auto before = addresses(list);
   list.edit(7).setValue(-1);
   EXPECT_EQ(addresses(list), before);
@@ -359,11 +355,9 @@ TEST(List, EditsInPlaceWhatNobodyShares) {
 
 TEST(List, ReadsAppendsInsertsAndErasesWithoutCopyingAnElement) {
   Watch watch;
-  List<Watched> list;
-  for (int i = 0; i < 300; ++i) list.emplace_back(watch, i);
+  List<Watched> list = watched(watch, 300);
   const List<Watched> copy = list;
   const auto before = addresses(copy);
-  watch.copies = 0;
   list.erase(100);
   list.insert(17, Watched(watch, -1));
   list.insert(200, Watched(watch, -2));
@@ -417,61 +411,6 @@ TEST(List, ChangesShareTheLeavesTheyLeaveAlone) {
   list = copy;
   EXPECT_EQ(list.eraseIf([&copy](const UUID& id) { return id == copy[3] || id == copy[200]; }), 2u);
   EXPECT_EQ(sharedLeaves(list), "-ss-s");
-}
-
-TEST(ListIterator, StepsForwardsAndBackwardsOverEveryElement) {
-  const List<std::string> list = texts(200);
-  const std::vector<std::string> expected = list.toVector();
-  EXPECT_TRUE(std::equal(list.begin(), list.end(), expected.begin(), expected.end()));
-  EXPECT_TRUE(std::equal(std::make_reverse_iterator(list.end()),
-                         std::make_reverse_iterator(list.begin()), expected.rbegin(),
-                         expected.rend()));
-  auto it = list.begin();
-  EXPECT_EQ(*it++, expected[0]);
-  EXPECT_EQ(*it--, expected[1]);
-  EXPECT_EQ(it, list.begin());
-  EXPECT_EQ(it->size(), expected[0].size());
-}
-
-TEST(ListIterator, AddsAndSubtractsAcrossLeaves) {
-  List<int> list = numbers(300);
-  list.eraseIf([](int n) { return n % 64 > 60 || n == 100; });
-  const auto size = static_cast<std::ptrdiff_t>(list.size());
-  for (std::ptrdiff_t from = 0; from <= size; from += 7) {
-    for (std::ptrdiff_t to = 0; to <= size; ++to) {
-      const auto a = list.begin() + from;
-      const auto b = a + (to - from);
-      ASSERT_EQ(b - list.begin(), to);
-      ASSERT_EQ(b - a, to - from);
-      ASSERT_EQ(list.end() - b, size - to);
-      ASSERT_EQ(a == b, from == to);
-      ASSERT_EQ(a <=> b, from <=> to);
-      ASSERT_EQ(b - (to - from), a);
-      if (to < size) {
-        ASSERT_EQ(*b, list[static_cast<std::size_t>(to)]);
-        ASSERT_EQ(&a[to - from], &*b);
-      }
-    }
-  }
-}
-
-TEST(ListIterator, ServesTheStandardAlgorithms) {
-  const List<int> list = numbers(1000);
-  EXPECT_EQ(*std::lower_bound(list.begin(), list.end(), 777), 777);
-  EXPECT_EQ(std::ranges::find(list, 640) - list.begin(), 640);
-  EXPECT_EQ(std::accumulate(list.begin(), list.end(), 0), 999 * 500);
-  EXPECT_TRUE(std::ranges::is_sorted(list));
-  EXPECT_EQ(*std::ranges::max_element(list), 999);
-}
-
-TEST(ListIterator, AllEndsOfAnEmptyListAreEqual) {
-  List<int> list;
-  EXPECT_EQ(list.begin(), List<int>::const_iterator());
-  EXPECT_EQ(list.end() - list.begin(), 0);
-  EXPECT_EQ(list.begin() + 0, list.end());
-  list.reserve(10);
-  EXPECT_EQ(list.begin(), list.end());
-  EXPECT_EQ(list.end() - list.begin(), 0);
 }
 
 class ListDeathTest : public testing::TestWithParam<int> {};
