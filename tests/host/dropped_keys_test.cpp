@@ -26,17 +26,18 @@ TEST(DroppedKeys, AreNoneInADocumentOfThisProgram) {
 }
 
 TEST(DroppedKeys, AreNamedWithTheirPlaceAndNumber) {
-  EXPECT_EQ(droppedKeysSentence(exampleDocument("festival-other-host")),
-            "drops keys that the format does not know: futureKey, items[].opacity (18 times)");
+  EXPECT_EQ(
+      droppedKeysSentence(exampleDocument("festival-other-host")),
+      "writing drops keys that the format does not know: futureKey, items[].opacity (18 times)");
 }
 
 TEST(DroppedKeys, DoNotHideWhatFollowsThem) {
   EXPECT_EQ(
       droppedKeysSentence(withTopLevelKeys(R"("a": [1, {"id": [[2]]}], "b": {"stage": {}},)")),
-      "drops keys that the format does not know: a, b");
+      "writing drops keys that the format does not know: a, b");
   EXPECT_EQ(droppedKeysSentence(replaced(exampleDocument("festival-main-stage"), "\"labelVisible\"",
                                          "\"glow\": 1, \"labelVisible\"")),
-            "drops keys that the format does not know: items[].style.glow");
+            "writing drops keys that the format does not know: items[].style.glow");
 }
 
 TEST(DroppedKeys, AreKnownByTheirMeaningAndNotTheirSpelling) {
@@ -48,12 +49,12 @@ TEST(DroppedKeys, AreKnownByTheirMeaningAndNotTheirSpelling) {
 TEST(DroppedKeys, AreCountedWhenTheyAreMany) {
   EXPECT_EQ(droppedKeysSentence(
                 withTopLevelKeys(R"("a": 1, "b": 1, "c": 1, "d": 1, "e": 1, "f": 1, "g": 1,)")),
-            "drops keys that the format does not know: a, b, c, d, e and 2 more");
+            "writing drops keys that the format does not know: a, b, c, d, e and 2 more");
 }
 
 TEST(DroppedKeys, AreAdmittedEvenWhereANumberCannotBeRead) {
   EXPECT_EQ(droppedKeysSentence(withTopLevelKeys("\"huge\": 1e999,")),
-            "drops keys that the format does not know");
+            "writing drops keys that the format does not know");
 }
 
 }  // namespace

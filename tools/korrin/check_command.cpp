@@ -1,6 +1,5 @@
 #include "check_command.h"
 
-#include <unordered_set>
 #include <utility>
 
 #include "korrin/preflight/preflight_engine.h"
@@ -15,29 +14,6 @@
 
 namespace korrin::host {
 namespace {
-
-/// The assets that the rule missingAsset compares with, or why it cannot be run.
-struct KnownAssets {
-  std::unordered_set<Text> identifiers = {};
-  std::string notRunReason = {};
-};
-
-KnownAssets knownAssets(const CheckOptions& options) {
-  KnownAssets known;
-  if (options.useBuiltinAssets)
-    known.identifiers.insert(builtinAssets.begin(), builtinAssets.end());
-  for (const std::string& path : options.knownAssetFiles) {
-    try {
-      addAssetLines(readFile(path), known.identifiers);
-    } catch (const FileError& error) {
-      throw FileError(inputName(path) + ": " + error.what());
-    }
-  }
-  if (!known.identifiers.empty()) return known;
-  known.notRunReason = options.knownAssetFiles.empty() ? "no known assets given"
-                                                       : "the files of known assets name none";
-  return known;
-}
 
 FileFindings inspect(const std::string& path, DateStrategy dates, const KnownAssets& known) {
   FileFindings file{inputName(path), std::nullopt, KorrinProject{}, {}, known.notRunReason};
@@ -66,7 +42,7 @@ void print(const FileFindings& file, Console& console) {
 ExitCode check(const CheckOptions& options, Console& console) {
   KnownAssets known;
   try {
-    known = knownAssets(options);
+    known = knownAssets(options.assets);
   } catch (const FileError& error) {
     complain(console, error.what());
     return ExitCode::unusable;

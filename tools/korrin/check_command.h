@@ -10,6 +10,7 @@
 #include "korrin/foundation/enumeration.h"
 
 #include "exit_code.h"
+#include "known_assets.h"
 #include "terminal.h"
 
 namespace korrin::host {
@@ -18,9 +19,7 @@ enum class ReportFormat { text, json };
 
 struct CheckOptions {
   std::vector<std::string> files;  ///< "-" is standard input.
-  /// Files of artwork identifiers, one a line.
-  std::vector<std::string> knownAssetFiles = {};
-  bool useBuiltinAssets = false;  ///< Whether the built-in symbols are known.
+  AssetOptions assets = {};
   ReportFormat format = ReportFormat::text;
   DateStrategy dates = DateStrategy::iso8601;
 };

@@ -18,21 +18,6 @@ std::string numbered(std::string_view numberedKind, std::string_view kind,
   return text;
 }
 
-std::string description(const InputChannel& input) {
-  return numbered("channel", "input", input.channel, input.source);
-}
-
-std::string description(const MonitorMix& mix) {
-  return numbered("mix", "mix", mix.number, mix.name);
-}
-
-std::string description(const EquipmentRequirement& requirement) {
-  const Text& name = requirement.item.isBlank() ? requirement.category : requirement.item;
-  return numbered("equipment", "equipment", std::nullopt, name);
-}
-
-using host::description;  // of an item, hidden by the overloads above
-
 template <class Index, class Record>
 void add(Index& index, const List<Record>& records) {
   index.reserve(records.size());
@@ -47,6 +32,19 @@ std::string found(const Index& index, const std::optional<UUID>& id) {
 }
 
 }  // namespace
+
+std::string description(const InputChannel& input) {
+  return numbered("channel", "input", input.channel, input.source);
+}
+
+std::string description(const MonitorMix& mix) {
+  return numbered("mix", "mix", mix.number, mix.name);
+}
+
+std::string description(const EquipmentRequirement& requirement) {
+  const Text& name = requirement.item.isBlank() ? requirement.category : requirement.item;
+  return numbered("equipment", "equipment", std::nullopt, name);
+}
 
 std::string description(const PlotItem& item) {
   const std::string kind(rawValue(item.kind));

@@ -10,6 +10,12 @@
 
 namespace korrin::host {
 
+/// "channel 2: Kick Out"; "input: Kick Out" without a channel, "channel 2" without a source.
+std::string description(const InputChannel& input);
+/// "mix 1: Ángela"; "mix: Ángela" without a number, "mix 1" without a name.
+std::string description(const MonitorMix& mix);
+/// "equipment: DI box", or the category when no item is named.
+std::string description(const EquipmentRequirement& requirement);
 /// "riser: Drum riser", or where it stands when it has no label: "riser at -3600, 1200 mm".
 std::string description(const PlotItem& item);
 
@@ -18,8 +24,8 @@ class Concerns {
  public:
   explicit Concerns(const KorrinProject& project);
 
-  /// "channel 2: Kick Out", "mix 1: Ángela", "equipment: DI box" or the item's description; empty
-  /// when the project holds none of the records that the finding names.
+  /// The description of the record that the finding is about; empty when the project does not hold
+  /// it.
   std::string of(const PreflightIssue& issue) const;
 
  private:

@@ -108,7 +108,7 @@ class KeyCounter : public nlohmann::json_sax<nlohmann::json> {
 
 std::string droppedKeysSentence(std::string_view document) {
   KeyCounter counter;
-  const std::string sentence = "drops keys that the format does not know";
+  const std::string sentence = "writing drops keys that the format does not know";
   // The only numbers that stop this parser in a document that decodes stand in unknown values.
   if (!nlohmann::json::sax_parse(document, &counter)) return sentence;
   if (counter.unknown().empty()) return {};

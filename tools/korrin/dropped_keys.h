@@ -9,8 +9,8 @@
 namespace korrin::host {
 
 /// A sentence that names the unknown keys of a plot document that decodes, with how often each
-/// stands, such as "drops keys that the format does not know: futureKey, items[].opacity (12
-/// times)"; empty when there are none.
+/// stands, such as "writing drops keys that the format does not know: futureKey, items[].opacity
+/// (12 times)"; empty when there are none.
 std::string droppedKeysSentence(std::string_view document);
 
 }  // namespace korrin::host

@@ -1,5 +1,7 @@
 #include "known_assets.h"
 
+#include "document_file.h"
+
 namespace korrin::host {
 namespace {
 
@@ -13,6 +15,22 @@ std::string_view trimmed(std::string_view line) {
 }
 
 }  // namespace
+
+KnownAssets knownAssets(const AssetOptions& options) {
+  KnownAssets known;
+  if (options.useBuiltin) known.identifiers.insert(builtinAssets.begin(), builtinAssets.end());
+  for (const std::string& path : options.files) {
+    try {
+      addAssetLines(readFile(path), known.identifiers);
+    } catch (const FileError& error) {
+      throw FileError(inputName(path) + ": " + error.what());
+    }
+  }
+  if (known.identifiers.empty())
+    known.notRunReason =
+        options.files.empty() ? "no known assets given" : "the files of known assets name none";
+  return known;
+}
 
 void addAssetLines(std::string_view lines, std::unordered_set<Text>& assets) {
   if (lines.starts_with(byteOrderMark)) lines.remove_prefix(byteOrderMark.size());

@@ -15,6 +15,8 @@
 
 #include "check_command.h"
 #include "document_file.h"
+#include "edit_command.h"
+#include "edit_session.h"
 #include "exit_code.h"
 #include "fmt_command.h"
 #include "plot_document.h"
@@ -29,7 +31,8 @@ constexpr auto exitStatuses =
     "Exit status:\n"
     "  0   done; nothing found but information\n"
     "  1   findings of severity error or warning\n"
-    "  2   a file cannot be read or written, is not a plot, or is not valid\n"
+    "  2   a file cannot be read or written, is not a plot, or is not valid;\n"
+    "      or a line of a script is refused\n"
     "  3   a document needs a newer version of korrin\n"
     "  64  the command line cannot be understood";
 
@@ -49,19 +52,23 @@ void addChoice(CLI::App& command, const std::string& name, Enumeration& value,
       ->type_name(valueName);
 }
 
+void addAssets(CLI::App& command, AssetOptions& options) {
+  command
+      .add_option("--known-assets", options.files,
+                  "File of known artwork identifiers, one a line (repeatable)")
+      ->take_all()
+      ->allow_extra_args(false)
+      ->type_name("FILE");
+  command.add_flag("--builtin-assets", options.useBuiltin,
+                   "The symbols of the templates and example plots are known");
+}
+
 CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
   CLI::App* command = app.add_subcommand("check", "Say what plots still lack or get wrong");
   command->add_option("FILE", options.files, "Plots to check; - is standard input")
       ->required()
       ->type_name("");
-  command
-      ->add_option("--known-assets", options.knownAssetFiles,
-                   "File of known artwork identifiers, one a line (repeatable)")
-      ->take_all()
-      ->allow_extra_args(false)
-      ->type_name("FILE");
-  command->add_flag("--builtin-assets", options.useBuiltinAssets,
-                    "The symbols of the templates and example plots are known");
+  addAssets(*command, options.assets);
   addChoice(*command, "--format", options.format, "FORMAT", "How findings are printed");
   addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plots");
   command->footer(
@@ -93,6 +100,24 @@ CLI::App* addFormat(CLI::App& app, FormatOptions& options) {
   return command;
 }
 
+CLI::App* addEdit(CLI::App& app, EditOptions& options) {
+  CLI::App* command = app.add_subcommand("edit", "Edit a plot by commands, with undo and redo");
+  command->add_option("FILE", options.file, "Plot to edit; - is standard input")
+      ->required()
+      ->type_name("");
+  command
+      ->add_option("--script", options.script, "File of commands; standard input when absent or -")
+      ->type_name("FILE");
+  addAssets(*command, options.assets);
+  addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plot");
+  command->add_flag("--pretty", options.isPretty, "Save the plot indented");
+  command->footer(editCommandsHelp() +
+                  "\n\nA script ends at the first line that is refused, with exit status 2.\n"
+                  "Keys that the format does not know are dropped when the plot is saved.\n\n" +
+                  std::string(exitStatuses));
+  return command;
+}
+
 ExitCode misused(Console& console, const std::string& sentence) {
   complain(console, sentence);
   console.err << "Try korrin --help.\n";
@@ -100,14 +125,16 @@ ExitCode misused(Console& console, const std::string& sentence) {
 }
 
 ExitCode run(int argc, char** argv, Console& console) {
-  CLI::App app("Reads, checks and rewrites stage plots.", "korrin");
+  CLI::App app("Checks, rewrites and edits stage plots.", "korrin");
   app.set_version_flag("--version", "korrin " KORRIN_VERSION);
   app.require_subcommand(0, 1);
   app.footer(exitStatuses);
   CheckOptions checkOptions;
   FormatOptions formatOptions;
+  EditOptions editOptions;
   const CLI::App* checkCommand = addCheck(app, checkOptions);
   const CLI::App* formatCommand = addFormat(app, formatOptions);
+  const CLI::App* editCommand = addEdit(app, editOptions);
   app.allow_extras();  // and refused below, in words of our own
   try {
     app.parse(argc, argv);
@@ -119,10 +146,13 @@ ExitCode run(int argc, char** argv, Console& console) {
   }
   const std::vector<std::string> unknown = app.remaining();
   if (!unknown.empty()) return misused(console, "there is no command \"" + unknown.front() + "\"");
-  if (std::ranges::count(checkOptions.files, standardStream) > 1)
-    return misused(console, "standard input can be read only once");
+  const bool readsTwice =
+      std::ranges::count(checkOptions.files, standardStream) > 1 ||
+      (editOptions.file == standardStream && editOptions.script.value_or("-") == standardStream);
+  if (readsTwice) return misused(console, "standard input can be read only once");
   if (*checkCommand) return check(checkOptions, console);
   if (*formatCommand) return format(formatOptions, console);
+  if (*editCommand) return edit(editOptions, console);
   return misused(console, "a command is missing");
 }
 
