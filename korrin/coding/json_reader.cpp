@@ -69,7 +69,10 @@ void Reader::read(std::int64_t& value) {
 
 void Reader::read(Text& value) {
   const StringToken token = string("a string");
-  value = token.hasEscapes ? Text(unescaped(token)) : recentTexts_.text(token.raw);
+  if (token.hasEscapes)
+    value = unescaped(token);
+  else
+    recentTexts_.read(token.raw, value);
 }
 
 void Reader::read(UUID& value) {

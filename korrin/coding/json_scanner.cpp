@@ -17,10 +17,8 @@ std::uint64_t specialBytes(std::uint64_t word) {
          words::bytesBelow(word, 0x20) | (word & words::highBits);
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 std::optional<unsigned> hexValue(char c) {
-  if (isDigit(c)) return static_cast<unsigned>(c - '0');
+  if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
   if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a' + 10);
   if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A' + 10);
   return std::nullopt;
@@ -167,8 +165,7 @@ std::uint64_t Scanner::takeDigits(std::uint64_t value) {
   return value;
 }
 
-NumberToken Scanner::number() {
-  constexpr std::ptrdiff_t longestExact = 15;
+NumberToken Scanner::anyNumber() {
   const char* const start = at_;
   take('-');
   const char* const first = at_;
@@ -182,7 +179,7 @@ NumberToken Scanner::number() {
     decimals = at_ - point;
     digitCount += decimals;
   }
-  bool isShort = digitCount <= longestExact;
+  bool isShort = digitCount <= NumberToken::maximumDigits;
   if (take('e') || take('E')) {
     isShort = false;
     if (!take('+')) take('-');

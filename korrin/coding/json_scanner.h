@@ -33,6 +33,8 @@ struct NumberToken {
   int decimals;
   bool isShort;
 
+  static constexpr std::ptrdiff_t maximumDigits = 15;
+
   bool isNegative() const { return text.front() == '-'; }
 };
 
@@ -135,7 +137,21 @@ class Scanner {
   StringToken string();
 
   /// Takes a number, whose first character, a digit or a minus sign, stands next.
-  NumberToken number();
+  [[gnu::always_inline]] NumberToken number() {
+    // Most numbers are integers of few digits.
+    const char* const start = at_;
+    const char* const first = start + (*start == '-' ? 1 : 0);
+    const char* at = first;
+    std::uint64_t digits = 0;
+    while (at != end_ && isDigit(*at))
+      digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
+    const std::ptrdiff_t count = at - first;
+    const bool goesOn = at != end_ && (*at == '.' || *at == 'e' || *at == 'E');
+    if (goesOn || count == 0 || count > NumberToken::maximumDigits || (*first == '0' && count > 1))
+      return anyNumber();
+    at_ = at;
+    return {{start, static_cast<std::size_t>(at - start)}, digits, 0, true};
+  }
 
   /// Takes any value.
   void skipValue();
@@ -155,6 +171,9 @@ class Scanner {
 
   [[noreturn]] void throwMissingColon() const;
   void leave(char close);
+  static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+  NumberToken anyNumber();
   void skipSpaceRun();
   void skipScalar();
   void takeEscape();

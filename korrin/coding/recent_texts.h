@@ -11,14 +11,19 @@
 namespace korrin::json {
 
 /// Gives equal texts that stand near each other one storage: a plot names the same symbols, stands
-/// and suppliers over and over.
+/// and suppliers over and over. Remembers where texts were read into, so they must stay there while
+/// this lives, as fields of records do while their document is read.
 class RecentTexts {
  public:
-  /// `raw` as a text.
-  const Text& text(std::string_view raw) {
-    Text& slot = slots_[slotOf(raw)];
-    if (std::string_view(slot) != raw) slot = Text(raw);
-    return slot;
+  /// Makes `field` the text `raw`, which is well-formed.
+  void read(std::string_view raw, Text& field) {
+    const Text*& recent = slots_[slotOf(raw)];
+    if (recent != nullptr && std::string_view(*recent) == raw) {
+      field = *recent;
+    } else {
+      field = Text(raw);
+      recent = &field;
+    }
   }
 
  private:
@@ -30,7 +35,7 @@ class RecentTexts {
     return (raw.size() + byte(raw.size() / 2) * 7u + byte(raw.size() - 1) * 13u) % slotCount;
   }
 
-  std::array<Text, slotCount> slots_;
+  std::array<const Text*, slotCount> slots_{};
 };
 
 }  // namespace korrin::json

@@ -1,7 +1,10 @@
 #pragma once
 
-// How each case but `Compound` changes a project. The functions work in place and may leave a
-// project half changed when they throw: `DocumentCommand::apply` hands them a copy.
+// How each case but `Compound` changes a project. All of them first make what may fail, the inverse
+// and the reading of the clock among it, and then exchange parts of the project without fail: what
+// they throw leaves the project as it was. The clock is read nowhere else.
+
+#include <type_traits>
 
 #include "korrin/commands/command_result.h"
 
@@ -34,9 +37,9 @@ CommandResult applyCase(const ReplaceNotes& replacement, KorrinProject& project,
 CommandResult applyCase(const ReplaceProject& replacement, KorrinProject& project,
                         const Environment& environment);
 
-/// Sets `modifiedAt` to the current instant, which is read here and nowhere else.
-inline void touch(KorrinProject& project, const Environment& environment) {
-  project.metadata.modifiedAt = environment.now();
-}
+/// What all of them rest on: shared storage is exchanged, and nothing is allocated.
+static_assert(std::is_nothrow_copy_assignable_v<KorrinProject>);
+static_assert(std::is_nothrow_move_assignable_v<KorrinProject>);
+static_assert(std::is_nothrow_move_constructible_v<CommandResult>);
 
 }  // namespace korrin

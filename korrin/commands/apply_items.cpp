@@ -2,9 +2,11 @@
 #include <optional>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "korrin/commands/apply_cases.h"
 #include "korrin/commands/group_members.h"
+#include "korrin/commands/id_filter.h"
 
 namespace korrin {
 namespace {
@@ -18,13 +20,15 @@ IDSet identifiersOf(const List<PlotItem>& items) {
 
 // Only rows that lose their link are copied; a list without such a row stays shared whole.
 template <class Row>
-void clearLinks(List<Row>& rows, const IDSet& itemIDs) {
-  std::size_t index = 0;
-  for (const Row& row : List<Row>(rows)) {
-    if (row.plotItemID && itemIDs.contains(*row.plotItemID))
-      rows.edit(index).plotItemID = std::nullopt;
-    ++index;
+List<Row> withoutLinks(List<Row> rows, const IDFilter& itemIDs) {
+  std::vector<std::size_t> concerned;
+  std::size_t place = 0;
+  for (const Row& row : rows) {
+    if (row.plotItemID && itemIDs.contains(*row.plotItemID)) concerned.push_back(place);
+    ++place;
   }
+  for (const std::size_t index : concerned) rows.edit(index).plotItemID = std::nullopt;
+  return rows;
 }
 
 }  // namespace
@@ -32,11 +36,15 @@ void clearLinks(List<Row>& rows, const IDSet& itemIDs) {
 CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
                         const Environment& environment) {
   IDSet ids = identifiersOf(insert.items);
-  project.items.eraseIf([&ids](const PlotItem& item) { return ids.contains(item.id); });
-  for (const PlotItem& item : insert.items) project.items.push_back(item);
-  touch(project, environment);
+  const IDFilter isInserted(ids);
+  List<PlotItem> items = project.items;
+  items.eraseIf([&](const PlotItem& item) { return isInserted.contains(item.id); });
+  for (const PlotItem& item : insert.items) items.push_back(item);
   // Deliberately no more than a deletion, although the insert may have replaced items.
   DocumentCommand inverse = DocumentCommand::deleteItems(ids);
+
+  project.metadata.modifiedAt = environment.now();
+  project.items = std::move(items);
   return {.inverse = std::move(inverse),
           .changes = {.changedItemIDs = std::move(ids),
                       .affectsTechnicalData = false,
@@ -45,41 +53,52 @@ CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
 
 CommandResult applyCase(const DeleteItems& deletion, KorrinProject& project,
                         const Environment& environment) {
-  const IDSet& ids = deletion.itemIDs;
-  DocumentCommand inverse = DocumentCommand::replaceProject(project);
-  project.items.eraseIf([&ids](const PlotItem& item) { return ids.contains(item.id); });
-  clearLinks(project.inputs, ids);
-  clearLinks(project.monitorMixes, ids);
-  clearLinks(project.equipmentRequirements, ids);
-  removeMembers(project.groups, ids);
-  touch(project, environment);
-  return {
-      .inverse = std::move(inverse),
-      .changes = {
-          .changedItemIDs = ids, .affectsTechnicalData = true, .affectsDocumentStructure = true}};
+  const IDFilter isDeleted(deletion.itemIDs);
+  List<PlotItem> items = project.items;
+  items.eraseIf([&](const PlotItem& item) { return isDeleted.contains(item.id); });
+  auto inputs = withoutLinks(project.inputs, isDeleted);
+  auto monitorMixes = withoutLinks(project.monitorMixes, isDeleted);
+  auto equipmentRequirements = withoutLinks(project.equipmentRequirements, isDeleted);
+  List<PlotGroup> groups = withoutMembers(project.groups, isDeleted);
+  CommandResult result = {.inverse = DocumentCommand::replaceProject(project),
+                          .changes = {.changedItemIDs = deletion.itemIDs,
+                                      .affectsTechnicalData = true,
+                                      .affectsDocumentStructure = true}};
+
+  project.metadata.modifiedAt = environment.now();
+  project.items = std::move(items);
+  project.inputs = std::move(inputs);
+  project.monitorMixes = std::move(monitorMixes);
+  project.equipmentRequirements = std::move(equipmentRequirements);
+  project.groups = std::move(groups);
+  return result;
 }
 
 CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
                         const Environment& environment) {
   IDSet ids = identifiersOf(replacement.items);
-  List<PlotItem> formerItems;
+  const IDFilter isReplaced(ids);
   // Overwriting an item leaves its identifier where it is, so that one walk before the first change
   // tells every place.
+  List<PlotItem> formerItems;
   std::unordered_map<UUID, std::size_t> firstPlaces;
   std::size_t place = 0;
   for (const PlotItem& item : project.items) {
-    if (ids.contains(item.id)) {
+    if (isReplaced.contains(item.id)) {
       formerItems.push_back(item);
       firstPlaces.emplace(item.id, place);
     }
     ++place;
   }
+  List<PlotItem> items = project.items;
   for (const PlotItem& item : replacement.items) {
     const auto found = firstPlaces.find(item.id);
-    if (found != firstPlaces.end()) project.items.edit(found->second) = item;
+    if (found != firstPlaces.end()) items.edit(found->second) = item;
   }
-  touch(project, environment);
   DocumentCommand inverse = DocumentCommand::replaceItems(std::move(formerItems));
+
+  project.metadata.modifiedAt = environment.now();
+  project.items = std::move(items);
   return {.inverse = std::move(inverse),
           .changes = {.changedItemIDs = std::move(ids),
                       .affectsTechnicalData = false,

@@ -14,28 +14,32 @@ constexpr Flags technical = {.technicalData = true, .documentStructure = false};
 constexpr Flags structural = {.technicalData = false, .documentStructure = true};
 
 // Every replacement of one part of the project: what it replaces, what it carries, how its inverse
-// is made and which flags it raises. The inverse carries the very value moved out. The touch comes
-// last, so that metadata gets the current instant whatever instant it brought along.
+// is made and which flags it raises. The instant comes last, so that metadata gets the current one
+// whatever instant it brought along.
 template <class Part>
 CommandResult replacePart(KorrinProject& project, Part KorrinProject::*part, Part value,
                           DocumentCommand (*makeInverse)(Part), Flags flags,
                           const Environment& environment) {
-  Part former = std::exchange(project.*part, std::move(value));
-  touch(project, environment);
-  return {.inverse = makeInverse(std::move(former)),
-          .changes = {.changedItemIDs = {},
-                      .affectsTechnicalData = flags.technicalData,
-                      .affectsDocumentStructure = flags.documentStructure}};
+  CommandResult result = {.inverse = makeInverse(project.*part),
+                          .changes = {.changedItemIDs = {},
+                                      .affectsTechnicalData = flags.technicalData,
+                                      .affectsDocumentStructure = flags.documentStructure}};
+  const Instant now = environment.now();
+  project.*part = std::move(value);
+  project.metadata.modifiedAt = now;
+  return result;
 }
 
 }  // namespace
 
 CommandResult applyCase(const ReplaceGroups& replacement, KorrinProject& project,
                         const Environment& environment) {
+  IDSet members;
+  for (const PlotGroup& group : replacement.groups)
+    members.insert(group.itemIDs.begin(), group.itemIDs.end());
   CommandResult result = replacePart(project, &KorrinProject::groups, replacement.groups,
                                      &DocumentCommand::replaceGroups, structural, environment);
-  for (const PlotGroup& group : replacement.groups)
-    result.changes.changedItemIDs.insert(group.itemIDs.begin(), group.itemIDs.end());
+  result.changes.changedItemIDs = std::move(members);
   return result;
 }
 
@@ -88,15 +92,15 @@ CommandResult applyCase(const ReplaceNotes& replacement, KorrinProject& project,
                      &DocumentCommand::replaceNotes, technical, environment);
 }
 
-// No touch: the project that comes in keeps its instants, which is what makes undoing a deletion
-// exact.
+// `modifiedAt` comes with the project, which is what makes undoing a deletion exact.
 CommandResult applyCase(const ReplaceProject& replacement, KorrinProject& project,
                         const Environment&) {
-  KorrinProject former = std::exchange(project, replacement.project);
   IDSet ids;
-  ids.reserve(project.items.size());
-  for (const PlotItem& item : project.items) ids.insert(item.id);
-  return {.inverse = DocumentCommand::replaceProject(std::move(former)),
+  ids.reserve(replacement.project.items.size());
+  for (const PlotItem& item : replacement.project.items) ids.insert(item.id);
+  DocumentCommand inverse = DocumentCommand::replaceProject(project);
+  project = replacement.project;
+  return {.inverse = std::move(inverse),
           .changes = {.changedItemIDs = std::move(ids),
                       .affectsTechnicalData = true,
                       .affectsDocumentStructure = true}};

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <type_traits>
 #include <utility>
 
 #include "korrin/commands/apply_cases.h"
@@ -75,7 +74,11 @@ class CompoundApplication {
 
 CommandResult applyCase(const Compound& compound, KorrinProject& project,
                         const Environment& environment) {
-  return CompoundApplication(project, environment).run(compound);
+  // Whatever fails halfway has changed a copy, which costs no allocation.
+  KorrinProject next = project;
+  CommandResult result = CompoundApplication(next, environment).run(compound);
+  project = std::move(next);
+  return result;
 }
 
 }  // namespace
@@ -145,13 +148,8 @@ void DocumentCommand::Storage::destroy(Storage* storage) noexcept {
 }
 
 CommandResult DocumentCommand::apply(KorrinProject& project, const Environment& environment) const {
-  // Whatever throws meets a copy, which costs no allocation; the exchange at the end cannot fail.
-  static_assert(std::is_nothrow_move_assignable_v<KorrinProject>);
-  KorrinProject next = project;
-  CommandResult result = std::visit(
-      [&](const auto& payload) { return applyCase(payload, next, environment); }, payload());
-  project = std::move(next);
-  return result;
+  return std::visit([&](const auto& payload) { return applyCase(payload, project, environment); },
+                    payload());
 }
 
 }  // namespace korrin

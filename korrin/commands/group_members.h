@@ -2,24 +2,34 @@
 
 // Taking items out of groups, as deletion and regrouping do.
 
+#include <algorithm>
 #include <cstddef>
-#include <utility>
+#include <vector>
 
+#include "korrin/commands/id_filter.h"
 #include "korrin/model/plot_items.h"
 
 namespace korrin {
 
-/// Removes the members with these identifiers from every group and then all empty groups. The rest
-/// keeps its order and goes on sharing its storage with copies of the list.
-inline void removeMembers(List<PlotGroup>& groups, const IDSet& itemIDs) {
+/// The groups without the members that have these identifiers, and without the groups that are
+/// empty then or were before. The rest keeps its order and shares its storage with the argument.
+inline List<PlotGroup> withoutMembers(List<PlotGroup> groups, const IDFilter& itemIDs) {
   const auto isRemoved = [&itemIDs](const UUID& id) { return itemIDs.contains(id); };
-  std::size_t index = 0;
-  for (const PlotGroup& group : List<PlotGroup>(groups)) {
-    List<UUID> remaining = group.itemIDs;
-    if (remaining.eraseIf(isRemoved) > 0) groups.edit(index).itemIDs = std::move(remaining);
-    ++index;
+  std::vector<std::size_t> concerned;
+  bool anyIsEmpty = false;
+  std::size_t place = 0;
+  for (const PlotGroup& group : groups) {
+    if (std::ranges::any_of(group.itemIDs, isRemoved)) concerned.push_back(place);
+    anyIsEmpty |= group.itemIDs.empty();
+    ++place;
   }
-  groups.eraseIf([](const PlotGroup& group) { return group.itemIDs.empty(); });
+  for (const std::size_t index : concerned) {
+    List<UUID>& members = groups.edit(index).itemIDs;
+    members.eraseIf(isRemoved);
+    anyIsEmpty |= members.empty();
+  }
+  if (anyIsEmpty) groups.eraseIf([](const PlotGroup& group) { return group.itemIDs.empty(); });
+  return groups;
 }
 
 }  // namespace korrin

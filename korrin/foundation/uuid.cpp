@@ -1,40 +1,43 @@
 #include "korrin/foundation/uuid.h"
 
+#include <bit>
 #include <cerrno>
 #include <system_error>
 
 #include <unistd.h>
 
-#include "korrin/foundation/words.h"
-
 namespace korrin {
 namespace {
 
-using words::everyByte;
-using words::highBits;
-using words::loadWord;
+// Sixteen bytes that compilers keep in one vector register where there is one.
+using Bytes16 [[gnu::vector_size(16)]] = std::uint8_t;
+using Words2 [[gnu::vector_size(16)]] = std::uint64_t;
 
-// High bits of the bytes, all below 0x80, that are at least `limit`.
-constexpr std::uint64_t atLeast(std::uint64_t word, char limit) {
-  return word + everyByte * static_cast<std::uint64_t>(0x80 - limit);
+std::uint64_t loadEight(const char* at) {
+  std::uint64_t word;
+  std::memcpy(&word, at, sizeof word);
+  return word;
 }
 
-// High bits of the bytes that are hexadecimal digits.
-constexpr std::uint64_t digitMarks(std::uint64_t word) {
-  const std::uint64_t ascii = word & ~highBits;
-  const std::uint64_t lower = ascii | everyByte * 0x20;
-  const std::uint64_t isDecimal = atLeast(ascii, '0') & ~atLeast(ascii, '9' + 1);
-  const std::uint64_t isLetter = atLeast(lower, 'a') & ~atLeast(lower, 'f' + 1);
-  return (isDecimal | isLetter) & ~word & highBits;
+std::uint64_t loadTwoFours(const char* first, const char* second) {
+  std::array<char, 8> bytes;
+  std::memcpy(bytes.data(), first, 4);
+  std::memcpy(bytes.data() + 4, second, 4);
+  return std::bit_cast<std::uint64_t>(bytes);
 }
 
-// The four bytes that eight digits stand for, the first one lowest.
-constexpr std::uint64_t digitBytes(std::uint64_t digits) {
-  // Letters of either case end in 1 to 6 and have bit 6 set.
-  const std::uint64_t values = (digits & everyByte * 0x0F) + (digits >> 6 & everyByte) * 9;
-  std::uint64_t bytes = (values << 4 | values >> 8) & 0x00FF00FF00FF00FFu;
-  bytes = (bytes | bytes >> 8) & 0x0000FFFF0000FFFFu;
-  return (bytes | bytes >> 16) & 0xFFFFFFFFu;
+// What hexadecimal digits stand for; a mark of 0xFF where a character is one.
+struct DigitValues {
+  Bytes16 values;
+  Bytes16 marks;
+};
+
+DigitValues digitValues(Bytes16 characters) {
+  const Bytes16 decimals = characters - '0';
+  const Bytes16 letters = (characters | 0x20) - 'a';  // of either case
+  const Bytes16 isDecimal = std::bit_cast<Bytes16>(decimals <= 9);
+  const Bytes16 isLetter = std::bit_cast<Bytes16>(letters <= 5);
+  return {(decimals & isDecimal) | ((letters + 10) & isLetter), isDecimal | isLetter};
 }
 
 constexpr std::array<std::array<char, 2>, 256> bytePairs = [] {
@@ -64,23 +67,19 @@ UUID UUID::random() {
 std::optional<UUID> UUID::fromText(std::string_view text) {
   if (text.size() != textLength) return std::nullopt;
   const char* const at = text.data();
-  // The middle groups of four digits are taken with what stands beside them and cut out.
-  constexpr std::uint64_t lowHalf = 0xFFFFFFFFu;
-  const std::uint64_t second = loadWord(at + 8);   // -dddd-dd
-  const std::uint64_t third = loadWord(at + 14);   // dddd-ddd
-  const std::uint64_t fourth = loadWord(at + 19);  // dddd-ddd
-  const std::uint64_t fifth = loadWord(at + 24);   // dddddddd
-  const std::array<std::uint64_t, 4> digits = {loadWord(at), (second >> 8 & lowHalf) | third << 32,
-                                               (fourth & lowHalf) | fifth << 32, loadWord(at + 28)};
-  const std::uint64_t marks =
-      digitMarks(digits[0]) & digitMarks(digits[1]) & digitMarks(digits[2]) & digitMarks(digits[3]);
   const bool hasHyphens = at[8] == '-' && at[13] == '-' && at[18] == '-' && at[23] == '-';
-  if (marks != highBits || !hasHyphens) return std::nullopt;
+  const auto [first, firstMarks] =
+      digitValues(std::bit_cast<Bytes16>(Words2{loadEight(at), loadTwoFours(at + 9, at + 14)}));
+  const auto [second, secondMarks] = digitValues(
+      std::bit_cast<Bytes16>(Words2{loadTwoFours(at + 19, at + 24), loadEight(at + 28)}));
+  const auto marks = std::bit_cast<Words2>(firstMarks & secondMarks);
+  if (!hasHyphens || (marks[0] & marks[1]) != ~std::uint64_t{0}) return std::nullopt;
 
-  UUID id;
-  words::storeWord(&id.bytes_[0], digitBytes(digits[0]) | digitBytes(digits[1]) << 32);
-  words::storeWord(&id.bytes_[8], digitBytes(digits[2]) | digitBytes(digits[3]) << 32);
-  return id;
+  const Bytes16 high = __builtin_shufflevector(first, second, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20,
+                                               22, 24, 26, 28, 30);
+  const Bytes16 low = __builtin_shufflevector(first, second, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21,
+                                              23, 25, 27, 29, 31);
+  return UUID(std::bit_cast<Bytes>((high << 4) | low));
 }
 
 void UUID::writeText(char* out) const {

@@ -20,12 +20,6 @@ inline std::uint64_t loadWord(const char* at) noexcept {
   return std::endian::native == std::endian::little ? word : __builtin_bswap64(word);
 }
 
-/// Stores what `loadWord` reads.
-inline void storeWord(void* at, std::uint64_t word) noexcept {
-  if constexpr (std::endian::native != std::endian::little) word = __builtin_bswap64(word);
-  std::memcpy(at, &word, sizeof word);
-}
-
 /// Marks the bytes that equal `byte`.
 constexpr std::uint64_t bytesEqual(std::uint64_t word, char byte) noexcept {
   const std::uint64_t differing = word ^ everyByte * static_cast<unsigned char>(byte);

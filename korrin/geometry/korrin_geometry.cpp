@@ -67,18 +67,26 @@ List<PlotItem> centred(List<PlotItem> items, Axis axis) {
   return items;
 }
 
-// The places of the items by ascending coordinate, those at equal coordinates in the order given.
-// Behind them stand those whose coordinate is not a number: "less than" alone would be no order
-// that a sort could rely on.
-std::vector<std::size_t> sortedPlaces(const List<PlotItem>& items, Axis axis) {
-  std::vector<std::size_t> places(items.size());
-  for (std::size_t i = 0; i < places.size(); ++i) places[i] = i;
-  std::ranges::stable_sort(places, [&items, axis](std::size_t i, std::size_t j) {
-    const double a = coordinateOf(items[i], axis);
-    const double b = coordinateOf(items[j], axis);
-    return a < b || (std::isnan(b) && !std::isnan(a));
+struct Ranked {
+  double coordinate;
+  std::size_t index;
+};
+
+// The items by ascending coordinate, those at equal coordinates in the order given. Behind them
+// stand those whose coordinate is not a number: "less than" alone would be no order that a sort
+// could rely on.
+std::vector<Ranked> ranked(const List<PlotItem>& items, Axis axis) {
+  std::vector<Ranked> ranks;
+  ranks.reserve(items.size());
+  for (const PlotItem& item : items) ranks.push_back({coordinateOf(item, axis), ranks.size()});
+  std::ranges::sort(ranks, [](const Ranked& a, const Ranked& b) {
+    if (a.coordinate < b.coordinate) return true;
+    if (b.coordinate < a.coordinate) return false;
+    const bool aIsNaN = std::isnan(a.coordinate);
+    const bool bIsNaN = std::isnan(b.coordinate);
+    return aIsNaN != bIsNaN ? bIsNaN : a.index < b.index;
   });
-  return places;
+  return ranks;
 }
 
 void requireDistinctIdentifiers(const List<PlotItem>& items) {
@@ -92,12 +100,12 @@ void requireDistinctIdentifiers(const List<PlotItem>& items) {
 List<PlotItem> distributed(List<PlotItem> items, Axis axis) {
   if (items.size() < 3) return items;
   requireDistinctIdentifiers(items);
-  const std::vector<std::size_t> places = sortedPlaces(items, axis);
-  const double first = coordinateOf(items[places.front()], axis);
-  const double last = coordinateOf(items[places.back()], axis);
-  const double step = (last - first) / static_cast<double>(items.size() - 1);
-  for (std::size_t i = 0; i < places.size(); ++i)
-    items.edit(places[i]).position.*axis.coordinate = first + step * static_cast<double>(i);
+  const std::vector<Ranked> ranks = ranked(items, axis);
+  const double first = ranks.front().coordinate;
+  const double last = ranks.back().coordinate;
+  const double step = (last - first) / static_cast<double>(ranks.size() - 1);
+  for (std::size_t i = 0; i < ranks.size(); ++i)
+    items.edit(ranks[i].index).position.*axis.coordinate = first + step * static_cast<double>(i);
   return items;
 }
 
