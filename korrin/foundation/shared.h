@@ -59,15 +59,26 @@ class Shared {
     return object_->owners_.load(std::memory_order_acquire) == 1;
   }
 
+  /// Ends this share and owns nothing from then on. Returns the object if no other owner is left:
+  /// its disposal is then the caller's. For a `destroy` that takes apart a deep structure without
+  /// calling itself.
+  Object* giveUp() noexcept {
+    Object* const object = std::exchange(object_, nullptr);
+    return object != nullptr && endsLastShareOf(*object) ? object : nullptr;
+  }
+
  private:
   void retain() noexcept {
     if (object_ != nullptr) object_->owners_.fetch_add(1, std::memory_order_relaxed);
   }
   void release() noexcept {
-    if (object_ == nullptr) return;
+    if (object_ != nullptr && endsLastShareOf(*object_)) Object::destroy(object_);
+  }
+  /// Ends one share of the object; says whether it was the last.
+  static bool endsLastShareOf(Object& object) noexcept {
     // A sole owner needs no read-modify-write: nobody else can gain or lose a share meanwhile.
-    if (isUnique() || object_->owners_.fetch_sub(1, std::memory_order_acq_rel) == 1)
-      Object::destroy(object_);
+    return object.owners_.load(std::memory_order_acquire) == 1 ||
+           object.owners_.fetch_sub(1, std::memory_order_acq_rel) == 1;
   }
 
   Object* object_ = nullptr;

@@ -1,0 +1,111 @@
+#pragma once
+
+// The fourteen edits of a project, one payload each. What a case does to the project and what its
+// inverse is stands here; how commands are made, kept and applied stands in document_command.h.
+// Identifiers that the project does not hold are passed over, nothing is validated, and every case
+// but `ReplaceProject` and `Compound` sets `metadata.modifiedAt` to the current instant.
+
+#include <variant>
+#include <vector>
+
+#include "korrin/model/project.h"
+
+namespace korrin {
+
+/// Appends items at the end, in the order given. Items that have one of their identifiers are
+/// removed first, so that inserting an item again moves it to the end.
+///
+///     items  A B C        insert B' D   ->   A C B' D        inverse   ->   A C
+///
+/// The inverse deletes the inserted identifiers, with all that a deletion entails: what an inserted
+/// item replaced does not come back.
+struct InsertItems {
+  List<PlotItem> items;
+};
+
+/// Removes items, clears the links of inputs, monitor mixes and equipment to them, takes them out
+/// of all groups and drops the groups that are empty then; a group of one stays.
+///
+///     items  A B C D      delete B D   ->   A C
+///     groups (A B) (D)                 ->   (A)
+///
+/// The inverse is the whole former project, its `modifiedAt` included.
+struct DeleteItems {
+  IDSet itemIDs;
+};
+
+/// Overwrites items in their places, every field. Where the project holds an identifier more than
+/// once, the first such item is overwritten.
+///
+///     items  A B C        replace C' X A'   ->   A' B C'
+struct ReplaceItems {
+  List<PlotItem> items;
+};
+
+/// Puts another list of groups in the place of the present one. The `groupID` of items stays.
+struct ReplaceGroups {
+  List<PlotGroup> groups;
+};
+
+/// Puts another list of layers in the place of the present one. The `layerID` of items stays.
+struct ReplaceLayers {
+  List<PlotLayer> layers;
+};
+
+/// Puts another list of embedded images in the place of the present one.
+struct ReplaceAssetManifest {
+  List<AssetManifestEntry> entries;
+};
+
+/// Replaces the metadata, all but `modifiedAt`, which is the current instant afterwards.
+struct ReplaceMetadata {
+  ProjectMetadata metadata;
+};
+
+/// Replaces the stage.
+struct ReplaceStage {
+  StageDefinition stage;
+};
+
+/// Puts another input list in the place of the present one.
+struct ReplaceInputs {
+  List<InputChannel> inputs;
+};
+
+/// Puts another list of monitor mixes in the place of the present one.
+struct ReplaceMonitorMixes {
+  List<MonitorMix> monitorMixes;
+};
+
+/// Puts another list of equipment in the place of the present one.
+struct ReplaceEquipment {
+  List<EquipmentRequirement> equipmentRequirements;
+};
+
+/// Puts another list of notes in the place of the present one.
+struct ReplaceNotes {
+  List<ProjectNote> notes;
+};
+
+/// Puts another project in the place of the present one, its `modifiedAt` included.
+struct ReplaceProject {
+  KorrinProject project;
+};
+
+/// Applies commands one after the other. Compounds nest to any depth. The inverse holds the
+/// inverses in reverse order:
+///
+///     compound (A B)   ->   inverse   compound (inverse of B, inverse of A)
+///
+/// An empty compound changes nothing.
+struct Compound {
+  std::vector<DocumentCommand> commands;
+};
+
+/// One of the cases; `index()` counts them from 0 in this order.
+using CommandPayload =
+    std::variant<InsertItems, DeleteItems, ReplaceItems, ReplaceGroups, ReplaceLayers,
+                 ReplaceAssetManifest, ReplaceMetadata, ReplaceStage, ReplaceInputs,
+                 ReplaceMonitorMixes, ReplaceEquipment, ReplaceNotes, ReplaceProject, Compound>;
+
+}  // namespace korrin

@@ -1,0 +1,18 @@
+#pragma once
+
+// What applying a command gives back.
+
+#include "korrin/commands/change_set.h"
+#include "korrin/commands/document_command.h"
+
+namespace korrin {
+
+/// The way back and what changed.
+struct CommandResult {
+  /// The command that brings the edited project back to what it was; see `DocumentCommand`. A host
+  /// keeps it for undo.
+  DocumentCommand inverse;
+  ChangeSet changes;
+};
+
+}  // namespace korrin

@@ -1,0 +1,91 @@
+#pragma once
+
+// Commands: every edit of a project is one, and so is every undo and redo.
+
+#include <variant>
+#include <vector>
+
+#include "korrin/commands/command_cases.h"
+#include "korrin/foundation/environment.h"
+#include "korrin/foundation/shared.h"
+
+namespace korrin {
+
+struct CommandResult;
+
+/// An edit of a project, as a value. A command never changes once it is made; copies share its
+/// payload, cost no allocation and may be used from different threads at the same time. Copying,
+/// applying and disposing of nested compounds need no more of the calling thread's stack than a
+/// flat command does, however deep the nesting.
+class DocumentCommand {
+ public:
+  using Payload = CommandPayload;
+
+  static DocumentCommand insertItems(List<PlotItem> items);
+  static DocumentCommand deleteItems(IDSet itemIDs);
+  static DocumentCommand replaceItems(List<PlotItem> items);
+  static DocumentCommand replaceGroups(List<PlotGroup> groups);
+  static DocumentCommand replaceLayers(List<PlotLayer> layers);
+  static DocumentCommand replaceAssetManifest(List<AssetManifestEntry> entries);
+  static DocumentCommand replaceMetadata(ProjectMetadata metadata);
+  static DocumentCommand replaceStage(StageDefinition stage);
+  static DocumentCommand replaceInputs(List<InputChannel> inputs);
+  static DocumentCommand replaceMonitorMixes(List<MonitorMix> monitorMixes);
+  static DocumentCommand replaceEquipment(List<EquipmentRequirement> equipmentRequirements);
+  static DocumentCommand replaceNotes(List<ProjectNote> notes);
+  static DocumentCommand replaceProject(KorrinProject project);
+  static DocumentCommand compound(std::vector<DocumentCommand> commands);
+
+  // A move would leave a command without a payload behind; a copy costs hardly more.
+  DocumentCommand(const DocumentCommand&) noexcept = default;
+  DocumentCommand& operator=(const DocumentCommand&) noexcept = default;
+  ~DocumentCommand() = default;
+
+  /// The case and what it carries. Valid as long as this command or a copy of it lives.
+  const Payload& payload() const noexcept;
+
+  /// The payload of this case; null when the command is another one.
+  template <class Case>
+  const Case* get() const noexcept {
+    return std::get_if<Case>(&payload());
+  }
+
+  /// Changes the project as the case says and returns the inverse and what changed. Applied to the
+  /// project as it stands afterwards, the inverse restores every field but `metadata.modifiedAt`;
+  /// after a deletion or a replacement of the project, that too. (Undoing an insert deletes; see
+  /// `InsertItems`.) The inverse's own inverse is the command for redo.
+  ///
+  /// Reads the clock once for each case that sets `modifiedAt`. No request is refused. When memory
+  /// runs out or the clock throws, the exception is passed on and the project is what it was, under
+  /// compounds too. The caller holds the project exclusively during the call.
+  CommandResult apply(KorrinProject& project,
+                      const Environment& environment = Environment::system()) const;
+
+ private:
+  class Storage;
+
+  explicit DocumentCommand(Payload&& payload);
+
+  Shared<Storage> storage_;
+};
+
+/// The payload and the owners that share it.
+class DocumentCommand::Storage : public Counted {
+ public:
+  explicit Storage(Payload&& payload) : payload_(std::move(payload)) {}
+  const Payload& payload() const noexcept { return payload_; }
+  static void destroy(Storage* storage) noexcept;
+
+ private:
+  Payload payload_;
+  Storage* nextToDestroy_ = nullptr;
+};
+
+inline const DocumentCommand::Payload& DocumentCommand::payload() const noexcept {
+  return storage_->payload();
+}
+
+}  // namespace korrin
+
+// A result holds a command, hence it can only be declared now; whoever applies commands needs it.
+#include "korrin/commands/command_result.h"

@@ -1,0 +1,50 @@
+#pragma once
+
+// Looking for a few identifiers among very many.
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "korrin/foundation/record.h"
+
+namespace korrin {
+
+/// Tells whether an identifier is in a set. Nearly all that are not are told by one bit, without
+/// the division and the jumps in memory that a look-up in the set costs. The set must outlive the
+/// filter.
+class IDFilter {
+ public:
+  explicit IDFilter(const IDSet& ids) : ids_(ids) {
+    if (const std::size_t words = std::bit_ceil(ids.size() / idsPerWord + 1); words > few_.size()) {
+      many_.resize(words);
+      words_ = many_.data();
+      mask_ = words - 1;
+    }
+    for (const UUID& id : ids) {
+      const std::size_t hash = std::hash<UUID>{}(id);
+      words_[hash / 64 & mask_] |= std::uint64_t{1} << hash % 64;
+    }
+  }
+  IDFilter(const IDFilter&) = delete;
+  IDFilter& operator=(const IDFilter&) = delete;
+
+  bool contains(const UUID& id) const {
+    const std::size_t hash = std::hash<UUID>{}(id);
+    return (words_[hash / 64 & mask_] >> hash % 64 & 1) != 0 && ids_.contains(id);
+  }
+
+ private:
+  static constexpr std::size_t idsPerWord = 4;  // 16 bits for each
+
+  const IDSet& ids_;
+  std::array<std::uint64_t, 8> few_{};
+  std::vector<std::uint64_t> many_;
+  std::uint64_t* words_ = few_.data();
+  std::size_t mask_ = few_.size() - 1;
+};
+
+}  // namespace korrin
