@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "korrin/foundation/precondition.h"
 #include "korrin/templates/plot_tables.h"
@@ -6,7 +7,7 @@
 namespace korrin::templates {
 namespace {
 
-ProjectMetadata metadata(const PlotTables& tables, const Environment& environment) {
+ProjectMetadata metadata(const PlotTables& tables, Instant createdAt, Instant modifiedAt) {
   return {
       .title = tables.title,
       .artist = tables.artist,
@@ -15,9 +16,24 @@ ProjectMetadata metadata(const PlotTables& tables, const Environment& environmen
       .preparedBy = "Production",
       .contactEmail = tables.contactEmail,
       .revision = "1",
-      .createdAt = environment.now(),
-      .modifiedAt = environment.now(),
+      .createdAt = createdAt,
+      .modifiedAt = modifiedAt,
   };
+}
+
+StageDefinition stage(const PlotTables& tables) {
+  return {
+      .name = tables.stageName,
+      .size = tables.stageSize,
+      .audienceEdge = AudienceEdge::top,
+      .gridSpacingMillimeters = 500,
+      .showGrid = true,
+      .showDimensions = true,
+  };
+}
+
+PlotLayer layer(UUID id) {
+  return {.id = id, .name = "Stage", .isVisible = true, .isLocked = false, .zIndex = 0};
 }
 
 PlotItem item(const ItemRow& row, UUID layerID, const Environment& environment) {
@@ -87,28 +103,42 @@ EquipmentRequirement equipment(const EquipmentRow& row, UUID plotItemID,
 }  // namespace
 
 KorrinProject build(const PlotTables& tables, const Environment& environment) {
-  // Braced initialisers are evaluated in order, so the metadata's two instants come first.
-  KorrinProject project = {
+  const Instant createdAt = environment.now();
+  const Instant modifiedAt = environment.now();
+  const UUID layerID = environment.makeUUID();
+  List<PlotItem> items;
+  for (const ItemRow& row : tables.items) items.push_back(item(row, layerID, environment));
+  const auto link = [&items](std::string_view label) { return idOf(items, label); };
+  List<InputChannel> inputs;
+  for (const InputRow& row : tables.inputs)
+    inputs.push_back(input(row, link(row.plotItem), environment));
+  List<MonitorMix> mixes;
+  for (const MixRow& row : tables.monitorMixes)
+    mixes.push_back(mix(row, link(row.plotItem), environment));
+  List<EquipmentRequirement> requirements;
+  for (const EquipmentRow& row : tables.equipment)
+    requirements.push_back(equipment(row, link(row.plotItem), environment));
+  List<ProjectNote> notes;
+  for (const NoteRow& row : tables.notes)
+    notes.push_back({.id = environment.makeUUID(), .title = row.title, .body = row.body});
+
+  // Whatever may fail is made before the project: g++ 12 destroys the parts of a record twice when
+  // a later field of the record around it fails.
+  ProjectMetadata header = metadata(tables, createdAt, modifiedAt);
+  StageDefinition ground = stage(tables);
+  List<PlotLayer> layers = {layer(layerID)};
+  return {
       .schemaVersion = KorrinProject::currentSchemaVersion,
       .minimumReaderVersion = KorrinProject::currentMinimumReaderVersion,
-      .metadata = metadata(tables, environment),
-      .stage = {.name = tables.stageName,
-                .size = tables.stageSize,
-                .audienceEdge = AudienceEdge::top,
-                .gridSpacingMillimeters = 500,
-                .showGrid = true,
-                .showDimensions = true},
-      .layers = {PlotLayer{.id = environment.makeUUID(),
-                           .name = "Stage",
-                           .isVisible = true,
-                           .isLocked = false,
-                           .zIndex = 0}},
-      .items = {},
+      .metadata = std::move(header),
+      .stage = std::move(ground),
+      .layers = std::move(layers),
+      .items = std::move(items),
       .groups = {},
-      .inputs = {},
-      .monitorMixes = {},
-      .equipmentRequirements = {},
-      .notes = {},
+      .inputs = std::move(inputs),
+      .monitorMixes = std::move(mixes),
+      .equipmentRequirements = std::move(requirements),
+      .notes = std::move(notes),
       .exportSettings = {.paperSize = PaperSize::a4,
                          .includeInputList = true,
                          .includeMonitorMixes = true,
@@ -116,18 +146,6 @@ KorrinProject build(const PlotTables& tables, const Environment& environment) {
                          .includeNotes = true},
       .assetManifest = {},
   };
-  const UUID layerID = project.layers.front().id;
-  const auto link = [&project](std::string_view label) { return idOf(project.items, label); };
-  for (const ItemRow& row : tables.items) project.items.push_back(item(row, layerID, environment));
-  for (const InputRow& row : tables.inputs)
-    project.inputs.push_back(input(row, link(row.plotItem), environment));
-  for (const MixRow& row : tables.monitorMixes)
-    project.monitorMixes.push_back(mix(row, link(row.plotItem), environment));
-  for (const EquipmentRow& row : tables.equipment)
-    project.equipmentRequirements.push_back(equipment(row, link(row.plotItem), environment));
-  for (const NoteRow& row : tables.notes)
-    project.notes.push_back({.id = environment.makeUUID(), .title = row.title, .body = row.body});
-  return project;
 }
 
 }  // namespace korrin::templates
