@@ -25,10 +25,10 @@ class PageFlow {
   void add(const ListTable& table) {
     measure(table);
     bool isBegun = false;
+    if (needsPageOfItsOwn(table)) y_ = box_.bottom();
     for (const std::vector<std::string>& row : table.rows) {
       const CellLines cells = linesOf(table, row);
-      std::size_t count = 1;
-      for (const auto& cell : cells) count = std::max(count, cell.size());
+      const std::size_t count = countOf(cells);
       for (std::size_t first = 0; first < count;) {
         const std::size_t left = count - first;
         if (!isBegun || !fits(std::min(left, keptTogether(left)))) begin(table, isBegun, left);
@@ -70,6 +70,22 @@ class PageFlow {
       columns_.push_back({x, 0, width, 0});
       x += width;
     }
+  }
+
+  /// Whether the table would be divided here and is whole on a new page.
+  bool needsPageOfItsOwn(const ListTable& table) const {
+    double height = titleHeight + headHeight;
+    for (const std::vector<std::string>& row : table.rows) {
+      height += heightOf(countOf(linesOf(table, row)));
+      if (height > box_.height) return false;
+    }
+    return y_ + height > box_.bottom();
+  }
+
+  static std::size_t countOf(const CellLines& cells) {
+    std::size_t count = 1;
+    for (const auto& cell : cells) count = std::max(count, cell.size());
+    return count;
   }
 
   CellLines linesOf(const ListTable& table, const std::vector<std::string>& row) const {

@@ -209,7 +209,7 @@ std::string drawingAlone(const KorrinProject& project) {
   const Box box = {0, 0, std::max(shortest, longest * (size.width / larger)),
                    std::max(shortest, longest * (size.height / larger))};
   SvgWriter svg;
-  drawStage(svg, project, box);
+  drawStage(svg, project, box.inset(3));
   return svgDocument(box.width, box.height, paperLine(project.metadata.title), svg.content());
 }
 

@@ -123,6 +123,8 @@ class StageDrawing {
                         : edge == AudienceEdge::left  ? Place{centre.x - away, centre.y}
                         : edge == AudienceEdge::right ? Place{centre.x + away, centre.y}
                                                       : Place{centre.x, centre.y + away};
+    besideStage_.push_back(isUpright ? Box{place.x - 2, place.y - 17, 4, 34}
+                                     : Box{place.x - 17, place.y - 2, 34, 4});
     svg_.beginPlaced(place, isUpright ? 270 : 0, false, false);
     svg_.text({0, 1.1}, "AUDIENCE",
               {.size = 3.2, .isBold = true, .anchor = Anchor::middle, .colour = "#b4232a"});
@@ -143,6 +145,9 @@ class StageDrawing {
   void drawDimension(Place place, double turn, double length, const std::string& text) {
     const Paint thin = {.stroke = muted, .strokeWidth = 0.2};
     const double gap = textWidth(text, 3) / 2 + 1;
+    const double reach = std::max(gap, length / 2);
+    besideStage_.push_back(turn == 0 ? Box{place.x - reach, place.y - 1.5, 2 * reach, 3}
+                                     : Box{place.x - 1.5, place.y - reach, 3, 2 * reach});
     svg_.beginPlaced(place, turn, false, false);
     for (const double sign : {-1.0, 1.0}) {
       const double end = sign * length / 2;
@@ -182,10 +187,26 @@ class StageDrawing {
 
   void drawLabels(const std::vector<const PlotItem*>& items, const Box& canvas) {
     LabelPlaces places(canvas.inset(0.5));
-    for (const PlotItem* item : items)
-      if (item->kind != PlotItemKind::riser) places.avoid(around(*item));
+    avoidEdges(places, ground_);
+    for (const Box& text : besideStage_) places.avoid(text);
+    for (const PlotItem* item : items) {
+      if (item->kind == PlotItemKind::riser) {
+        avoidEdges(places, around(*item));
+      } else {
+        places.avoid(around(*item));
+      }
+    }
     for (const PlotItem* item : items)
       if (item->style.labelVisible && item->style.labelScale > 0) drawLabel(*item, canvas, places);
+  }
+
+  /// What has room inside is left free at its edges only.
+  static void avoidEdges(LabelPlaces& places, const Box& box) {
+    constexpr double thick = 0.8;
+    for (const double y : {box.y, box.bottom()})
+      places.avoid({box.x, y - thick / 2, box.width, thick});
+    for (const double x : {box.x, box.right()})
+      places.avoid({x - thick / 2, box.y, thick, box.height});
   }
 
   void drawLabel(const PlotItem& item, const Box& canvas, LabelPlaces& places) {
@@ -255,6 +276,7 @@ class StageDrawing {
   Box box_;
   Box ground_{};
   double scaleNumber_ = 1;
+  std::vector<Box> besideStage_;  // what is written there
   std::set<Symbol> symbols_;
   std::vector<std::string> risers_;
   std::size_t itemsOutOfSight_ = 0;

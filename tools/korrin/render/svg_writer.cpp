@@ -34,7 +34,7 @@ std::string svgNumber(double value) {
   value = std::round(value * 1000) / 1000;
   if (value == 0) return "0";  // and not -0
   std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.begin(), digits.end(), value);
+  const auto end = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed);
   return std::string(digits.begin(), end.ptr);
 }
 

@@ -115,7 +115,7 @@ void drawAmplifier(Pen& pen, bool isBass) {
       pen.circle(x, 0.08, 0.09, pen.lines());
     }
   }
-  pen.rectangle(-0.5, 0.4, 0.5, 0.5, pen.solid());
+  pen.rectangle(-0.45, 0.38, 0.45, 0.45, pen.solid());
 }
 
 /// The bass drum looks up and the drummer sits below.
@@ -187,9 +187,6 @@ void drawPerformer(Pen& pen) {
 
 void drawRiser(Pen& pen) {
   pen.rectangle(-0.5, -0.5, 0.5, 0.5, pen.body());
-  Paint seam = pen.lines();
-  seam.dashes = "1.6 1";
-  pen.rectangle(-0.47, -0.47, 0.47, 0.47, seam);
   for (const double x : {-0.5, 0.5})
     for (const double y : {-0.5, 0.5}) pen.line(x, y, x * 0.8, y * 0.8, pen.lines());
 }
