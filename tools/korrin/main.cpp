@@ -1,1 +1,190 @@
-int main() { return 0; }
+// The command-line host: reads the command line, runs one command and reports how it went.
+
+#include <algorithm>
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <new>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "check_command.h"
+#include "document_file.h"
+#include "edit_command.h"
+#include "edit_session.h"
+#include "exit_code.h"
+#include "fmt_command.h"
+#include "plot_document.h"
+#include "terminal.h"
+
+namespace {
+
+using namespace korrin;
+using namespace korrin::host;
+
+constexpr auto exitStatuses =
+    "Exit status:\n"
+    "  0   done; nothing found but information\n"
+    "  1   findings of severity error or warning\n"
+    "  2   a file cannot be read or written, is not a plot, or is not valid;\n"
+    "      or a line of a script is refused\n"
+    "  3   a document needs a newer version of korrin\n"
+    "  64  the command line cannot be understood";
+
+/// An option that takes the raw values of an enumeration, and a help text that ends in them.
+template <class Enumeration>
+void addChoice(CLI::App& command, const std::string& name, Enumeration& value,
+               const std::string& valueName, const std::string& description) {
+  std::string words;
+  for (const Enumeration choice : allCases<Enumeration>())
+    words += (words.empty() ? "" : ", ") + std::string(rawValue(choice));
+  const auto read = [&value, words](const std::string& word) {
+    const std::optional<Enumeration> choice = fromRawValue<Enumeration>(word);
+    if (!choice) throw CLI::ValidationError("there is no \"" + word + "\" among " + words);
+    value = *choice;
+  };
+  command.add_option_function<std::string>(name, read, description + ": " + words)
+      ->type_name(valueName);
+}
+
+void addAssets(CLI::App& command, AssetOptions& options) {
+  command
+      .add_option("--known-assets", options.files,
+                  "File of known artwork identifiers, one a line (repeatable)")
+      ->take_all()
+      ->allow_extra_args(false)
+      ->type_name("FILE");
+  command.add_flag("--builtin-assets", options.useBuiltin,
+                   "The symbols of the templates and example plots are known");
+}
+
+CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
+  CLI::App* command = app.add_subcommand("check", "Say what plots still lack or get wrong");
+  command->add_option("FILE", options.files, "Plots to check; - is standard input")
+      ->required()
+      ->type_name("");
+  addAssets(*command, options.assets);
+  addChoice(*command, "--format", options.format, "FORMAT", "How findings are printed");
+  addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plots");
+  command->footer(
+      "Without known assets the rule missingAsset is not run.\n"
+      "The first of several words is the default.\n\n" +
+      std::string(exitStatuses));
+  return command;
+}
+
+CLI::App* addFormat(CLI::App& app, FormatOptions& options) {
+  CLI::App* command = app.add_subcommand("fmt", "Write a plot in its canonical form");
+  command->add_option("FILE", options.file, "Plot to read; - is standard input")
+      ->required()
+      ->type_name("");
+  command
+      ->add_option("-o,--output", options.output,
+                   "Where to write, the plot itself if you like; standard output when absent or -")
+      ->type_name("FILE");
+  command->add_flag("--pretty", options.encoding.prettyPrinted, "One member a line, indented");
+  command->add_flag("--sorted-keys", options.encoding.sortedKeys,
+                    "Keys in alphabetical order instead of the format's");
+  addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plot");
+  addChoice(*command, "--write-dates", options.encoding.dates, "STRATEGY", "How dates are written");
+  command->footer(
+      "Keys that the format does not know are dropped, and named on standard error.\n"
+      "The plot is not validated. A file is replaced all at once or not at all.\n"
+      "The first of several words is the default.\n\n" +
+      std::string(exitStatuses));
+  return command;
+}
+
+CLI::App* addEdit(CLI::App& app, EditOptions& options) {
+  CLI::App* command = app.add_subcommand("edit", "Edit a plot by commands, with undo and redo");
+  command->add_option("FILE", options.file, "Plot to edit; - is standard input")
+      ->required()
+      ->type_name("");
+  command
+      ->add_option("--script", options.script, "File of commands; standard input when absent or -")
+      ->type_name("FILE");
+  addAssets(*command, options.assets);
+  addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plot");
+  command->add_flag("--pretty", options.isPretty, "Save the plot indented");
+  command->footer(editCommandsHelp() +
+                  "\n\nA script ends at the first line that is refused, with exit status 2.\n"
+                  "Keys that the format does not know are dropped when the plot is saved.\n\n" +
+                  std::string(exitStatuses));
+  return command;
+}
+
+ExitCode misused(Console& console, const std::string& sentence) {
+  complain(console, sentence);
+  console.err << "Try korrin --help.\n";
+  return ExitCode::usage;
+}
+
+ExitCode run(int argc, char** argv, Console& console) {
+  CLI::App app("Checks, rewrites and edits stage plots.", "korrin");
+  app.set_version_flag("--version", "korrin " KORRIN_VERSION);
+  app.require_subcommand(0, 1);
+  app.footer(exitStatuses);
+  CheckOptions checkOptions;
+  FormatOptions formatOptions;
+  EditOptions editOptions;
+  const CLI::App* checkCommand = addCheck(app, checkOptions);
+  const CLI::App* formatCommand = addFormat(app, formatOptions);
+  const CLI::App* editCommand = addEdit(app, editOptions);
+  app.allow_extras();  // and refused below, in words of our own
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& request) {  // --help or --version
+    app.exit(request, console.out, console.err);
+    return ExitCode::clean;
+  } catch (const CLI::ParseError& error) {
+    return misused(console, error.what());
+  }
+  const std::vector<std::string> unknown = app.remaining();
+  if (!unknown.empty()) return misused(console, "there is no command \"" + unknown.front() + "\"");
+  const bool readsTwice =
+      std::ranges::count(checkOptions.files, standardStream) > 1 ||
+      (editOptions.file == standardStream && editOptions.script.value_or("-") == standardStream);
+  if (readsTwice) return misused(console, "standard input can be read only once");
+  if (*checkCommand) return check(checkOptions, console);
+  if (*formatCommand) return format(formatOptions, console);
+  if (*editCommand) return edit(editOptions, console);
+  return misused(console, "a command is missing");
+}
+
+/// A standard stream that the caller closed would leave its number to the next file opened, which
+/// would then receive what is printed. A descriptor opened the wrong way round keeps the number and
+/// fails on use.
+void occupyStandardDescriptors() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(descriptor, F_GETFD) != -1) continue;
+    ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  occupyStandardDescriptors();
+  // A reader that went away shows as a failed write, like a full disk.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::ios::sync_with_stdio(false);
+  Console console{std::cout, std::cerr, Terminal::of(STDOUT_FILENO), Terminal::of(STDERR_FILENO)};
+  ExitCode result = ExitCode::unusable;
+  try {
+    result = run(argc, argv, console);
+  } catch (const std::bad_alloc&) {
+    complain(console, "there is not enough memory");
+  } catch (const std::exception& error) {
+    complain(console, error.what());
+  }
+  if (!std::cout.flush()) {
+    complain(console, "standard output cannot be written");
+    result = worse(result, ExitCode::unusable);
+  }
+  return static_cast<int>(result);
+}

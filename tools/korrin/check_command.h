@@ -1,0 +1,43 @@
+#pragma once
+
+// korrin check: what plots still lack or get wrong.
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "korrin/coding/coding_options.h"
+#include "korrin/foundation/enumeration.h"
+
+#include "exit_code.h"
+#include "known_assets.h"
+#include "terminal.h"
+
+namespace korrin::host {
+
+enum class ReportFormat { text, json };
+
+struct CheckOptions {
+  std::vector<std::string> files;  ///< "-" is standard input.
+  AssetOptions assets = {};
+  ReportFormat format = ReportFormat::text;
+  DateStrategy dates = DateStrategy::iso8601;
+};
+
+/// Opens, validates and inspects each file and prints what it finds: in text format findings to
+/// the console's output and refusals to its error output, in JSON format one report of both. The
+/// result is the worst of all files'; `unusable` without a report when a file of known assets
+/// cannot be read.
+ExitCode check(const CheckOptions& options, Console& console);
+
+}  // namespace korrin::host
+
+namespace korrin {
+
+template <>
+struct CaseTable<host::ReportFormat> {
+  static constexpr std::array cases = {Case{host::ReportFormat::text, "text"},
+                                       Case{host::ReportFormat::json, "json"}};
+};
+
+}  // namespace korrin

@@ -1,0 +1,41 @@
+#pragma once
+
+// What a finding is about, in the words of the plot.
+
+#include <string>
+#include <unordered_map>
+
+#include "korrin/model/project.h"
+#include "korrin/preflight/preflight_issue.h"
+
+namespace korrin::host {
+
+/// "channel 2: Kick Out"; "input: Kick Out" without a channel, "channel 2" without a source.
+std::string description(const InputChannel& input);
+/// "mix 1: Ángela"; "mix: Ángela" without a number, "mix 1" without a name.
+std::string description(const MonitorMix& mix);
+/// "equipment: DI box", or the category when no item is named.
+std::string description(const EquipmentRequirement& requirement);
+/// "riser: Drum riser", or where it stands when it has no label: "riser at -3600, 1200 mm".
+std::string description(const PlotItem& item);
+
+/// Finds the records that findings name. Refers to the project, which must outlive it unchanged.
+class Concerns {
+ public:
+  explicit Concerns(const KorrinProject& project);
+
+  /// The description of the record that the finding is about; empty when the project does not hold
+  /// it.
+  std::string of(const PreflightIssue& issue) const;
+
+ private:
+  template <class Record>
+  using Index = std::unordered_map<UUID, const Record*>;
+
+  Index<InputChannel> inputs_;
+  Index<MonitorMix> mixes_;
+  Index<EquipmentRequirement> equipment_;
+  Index<PlotItem> items_;
+};
+
+}  // namespace korrin::host

@@ -1,0 +1,43 @@
+#pragma once
+
+// Files as whole strings of bytes: reading them, and replacing them all at once or not at all.
+
+#include <cstddef>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace korrin::host {
+
+/// A file that cannot be read or written; `what()` says what failed and why, without the file's
+/// name: "cannot be read: No such file or directory".
+class FileError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The path that stands for standard input or standard output.
+inline constexpr std::string_view standardStream = "-";
+
+/// The name by which messages call a file: its path, or "standard input".
+std::string inputName(const std::string& path);
+
+/// More than any plot needs, and less than would exhaust a machine.
+inline constexpr std::size_t largestFile = std::size_t{1} << 30;
+
+/// All bytes of a file, or of standard input for "-". Throws FileError when it cannot be read, is a
+/// directory, or is larger than `limit` bytes.
+std::string readFile(const std::string& path, std::size_t limit = largestFile);
+
+/// As `readFile`; nothing when there is no such file.
+std::optional<std::string> readFileIfPresent(const std::string& path);
+
+/// Makes `bytes` the file's whole content: written beside it, flushed to the disk and renamed over
+/// it, so that whoever opens the path finds the old content or the new one, whatever goes wrong.
+/// The permission bits of a file that was there are kept; a symbolic link to a file stays, and the
+/// file it leads to is replaced. Throws FileError, and then the old content still stands, when a
+/// step fails or the path names something that is not a regular file.
+void replaceFile(const std::string& path, std::string_view bytes);
+
+}  // namespace korrin::host

@@ -1,0 +1,26 @@
+#pragma once
+
+// The words of one line of editing commands.
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korrin::host {
+
+/// A line that is not carried out; `what()` is one sentence without a full stop.
+class LineError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The words between the blanks of a line. Double quotes hold a word with blanks, or an empty one,
+/// together; inside them \" stands for a quote and \\ for a backslash. A # that begins a word makes
+/// the rest of the line a comment. Throws LineError for a quote without its partner.
+std::vector<std::string> wordsOf(std::string_view line);
+
+/// The word as it has to be written in a line; ill-formed bytes and all.
+std::string inQuotes(std::string_view word);
+
+}  // namespace korrin::host

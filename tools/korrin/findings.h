@@ -1,0 +1,34 @@
+#pragma once
+
+// What checking one file brought to light.
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "korrin/preflight/preflight_issue.h"
+
+#include "exit_code.h"
+#include "plot_document.h"
+
+namespace korrin::host {
+
+/// Number of findings of each severity, in the order of `PreflightSeverity`.
+using SeverityCounts = std::array<std::size_t, 3>;
+
+/// The outcome for one file: refused, or inspected.
+struct FileFindings {
+  std::string name;                      ///< The file as the user named it.
+  std::optional<Refusal> refusal;        ///< Absent when the file was inspected.
+  KorrinProject project;                 ///< Meaningless when refused.
+  std::vector<PreflightIssue> issues;    ///< In the engine's order; empty when refused.
+  std::string missingAssetNotRunReason;  ///< Empty when the rule missingAsset was run.
+
+  SeverityCounts counts() const;
+  /// Information alone is clean.
+  ExitCode exitCode() const;
+};
+
+}  // namespace korrin::host
