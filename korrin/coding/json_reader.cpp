@@ -32,7 +32,7 @@ void Reader::read(double& value) {
   if (options_.nonFinite == NonFinite::strings && scanner_.peek() == '"') {
     const char* const start = scanner_.position();
     const StringToken token = scanner_.string();
-    const auto found = nonFiniteNamed(token.raw);
+    const auto found = nonFiniteNamed(unescaped(token));
     if (found) {
       value = *found;
       return;
