@@ -230,8 +230,6 @@ class Reader {
     return scanner_.string();
   }
   NumberToken number(std::string_view expected);
-  std::int64_t scaledNumber(int decimals);
-  bool readNonFinite(double& value);
   template <std::size_t length>
   void takeLiteral(const char (&literal)[length]) {
     if (!scanner_.take(literal)) throw Malformed{scanner_.position(), "a value"};
