@@ -187,7 +187,7 @@ std::optional<ObjectPlace> CrossReferences::find(const TableSection& section,
     // whole table is off by one.
     if (number != 0 && file_.substr(entry, entrySize) == "0000000000 65535 f") return ObjectPlace{};
     scanner.moveTo(entry);
-    const std::size_t offset = *scanner.takeCount();
+    const std::size_t offset = scanner.takeCount().value_or(0);
     if (file_[entry + entrySize - 1] == 'f' || offset == 0)
       return ObjectPlace{ObjectPlace::Kind::free};
     return ObjectPlace{ObjectPlace::Kind::ordinary, offset + shift_, 0, 0};

@@ -28,11 +28,17 @@ bool backOverBlanks(std::string_view file, std::size_t& end) {
   return end < start;
 }
 
-// Moves `end` back over the digits of a number, all of them.
-bool backOverDigits(std::string_view file, std::size_t& end, std::size_t most) {
+// Moves `end` back over the digits of a number, all of them, and gives the number.
+std::optional<std::uint64_t> backOverNumber(std::string_view file, std::size_t& end,
+                                            std::size_t mostDigits) {
   const std::size_t start = end;
-  while (end > 0 && start - end <= most && isDigit(file[end - 1])) --end;
-  return end < start && start - end <= most;
+  std::uint64_t number = 0;
+  std::uint64_t weight = 1;
+  for (; end > 0 && isDigit(file[end - 1]); --end, weight *= 10) {
+    if (start - end == mostDigits) return std::nullopt;
+    number += weight * static_cast<std::uint64_t>(file[end - 1] - '0');
+  }
+  return end < start ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -71,13 +77,12 @@ std::size_t RecoveredObjects::passObject(std::size_t keyword) {
   if (!standsAt(file_, keyword, "obj")) return keyword + 1;
   const std::size_t next = keyword + 3;
   std::size_t start = keyword;
-  if (!backOverBlanks(file_, start) || !backOverDigits(file_, start, mostGenerationDigits) ||
-      !backOverBlanks(file_, start) || !backOverDigits(file_, start, mostNumberDigits))
+  if (!endsWordAt(file_, next) || !backOverBlanks(file_, start) ||
+      !backOverNumber(file_, start, mostGenerationDigits) || !backOverBlanks(file_, start))
     return next;
-  Scanner scanner(file_, *budget_, start);
-  const auto header = takeObjectHeader(scanner);
-  if (!header) return next;
-  add({header->number, 0, start});
+  const auto number = backOverNumber(file_, start, mostNumberDigits);
+  if (number && *number <= std::numeric_limits<std::uint32_t>::max())
+    add({static_cast<std::uint32_t>(*number), 0, start});
   return next;
 }
 
@@ -119,7 +124,9 @@ void RecoveredObjects::sort() {
   const auto before = [](const Entry& a, const Entry& b) {
     return std::tie(a.number, a.offset) < std::tie(b.number, b.offset);
   };
-  std::sort(entries_.begin(), entries_.end(), before);
+  // Most documents are in order as they are.
+  if (!std::is_sorted(entries_.begin(), entries_.end(), before))
+    std::sort(entries_.begin(), entries_.end(), before);
 }
 
 std::vector<Trailer> RecoveredObjects::trailers() const {

@@ -38,7 +38,7 @@ struct Place {
 struct Token {
   enum class Kind {
     end,
-    number,
+    word,  ///< A run of regular characters - a number or a keyword - or one stray delimiter.
     name,
     literalString,
     hexString,
@@ -46,7 +46,6 @@ struct Token {
     arrayClose,
     dictionaryOpen,
     dictionaryClose,
-    keyword,  ///< Any other run of regular characters, or one stray delimiter.
   };
   Kind kind = Kind::end;
   std::size_t begin = 0;
@@ -82,9 +81,14 @@ class Scanner {
   Budget& budget() const { return *budget_; }
 
  private:
-  void skipWhiteSpace();
-  void skipLiteralString();
-  Token finish(Token::Kind kind, std::size_t begin, std::size_t end);
+  /// The first place from `offset` on that is neither white space nor in a comment.
+  std::size_t pastWhiteSpace(std::size_t offset) const;
+  std::size_t pastRegular(std::size_t offset) const;
+  struct StringEnd {
+    std::size_t offset;
+    std::size_t tokens;
+  };
+  StringEnd pastLiteralString(std::size_t offset) const;
 
   std::shared_ptr<const Bytes> owner_;
   std::string_view bytes_;

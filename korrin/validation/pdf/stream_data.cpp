@@ -104,7 +104,9 @@ std::optional<Bytes> readStreamData(Objects& objects, Scanner scanner, const Str
       PlainSource previous(*bytes);
       bytes = inflate(previous, stage, budget);
     }
-    if (!bytes || !undoPredictor(*bytes, predictor)) return std::nullopt;
+    if (!bytes) return std::nullopt;
+    if (predictor.algorithm > 1 && !budget.inflate(bytes->size())) return std::nullopt;
+    if (!undoPredictor(*bytes, predictor)) return std::nullopt;
   }
   return bytes;
 }
