@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "korrin/validation/pdf/pdf_budget.h"
+
 #include "tests/support/pdf_builder.h"
 
 namespace korrin::test {
@@ -101,6 +103,33 @@ std::string manyPredictedStreams(std::size_t) {
       .object(3, "<</MediaBox[0 0 3 3]>>")
       .crossReferenceStream(9)
       .file();
+}
+
+// As much cross-reference data as may be kept, and then an object stream of the largest size whose
+// first unpacking is as large.
+std::string largestOfEverything(std::size_t) {
+  constexpr std::size_t largest = pdf::limits::inflatedStream;
+  std::string data = "3 0 <</MediaBox[0 0 3 3]>>";
+  data.reserve(largest);
+  std::uint32_t noise = 1;
+  while (data.size() < largest - 4000) {
+    noise = noise * 1664525 + 1013904223;
+    data += static_cast<char>(noise >> 24);
+  }
+  PdfBuilder pdf = tree();
+  pdf.stream(4, "/Type/ObjStm/N 1/First 4/Filter[/FlateDecode/FlateDecode]",
+             deflated(deflated(data)));
+  pdf.pretendIn(3, 4, 0).crossReferenceStream(5);
+  for (std::uint32_t number = 6; number < 8; ++number) {
+    const std::size_t older = pdf.lastSection();
+    const std::size_t section = pdf.offset();
+    pdf.stream(number,
+               "/Type/XRef/Root 1 0 R/Size 9/Index[9 1]/W[1 4 2]/Filter/FlateDecode/Prev " +
+                   text(number == 6 ? older : pdf.file().rfind("6 0 obj")),
+               deflatedRun('\0', largest - 100))
+        .raw("startxref\n" + text(section) + "\n%%EOF\n");
+  }
+  return pdf.file();
 }
 
 std::string objectStreamChain(std::size_t) {
@@ -214,7 +243,7 @@ std::string longHexString(std::size_t size) {
 }
 
 std::string longName(std::size_t size) {
-  return onePage("/" + repeated("#41", size) + " 1/MediaBox[0 0 3 3]");
+  return onePage("/Name" + repeated("#41", size) + " 1/MediaBox[0 0 3 3]");
 }
 
 std::string longNumber(std::size_t size) {
@@ -222,7 +251,7 @@ std::string longNumber(std::size_t size) {
 }
 
 std::string longComment(std::size_t size) {
-  return onePage("%" + repeated("%", size) + "\n/MediaBox[0 0 3 3]");
+  return onePage(repeated("%", size) + "\n/MediaBox[0 0 3 3]");
 }
 
 std::string manyEntries(std::size_t size) {
@@ -334,6 +363,7 @@ const std::vector<HostilePdf>& hostilePdfs() {
       {"TenMillionEntriesClaimed", tenMillionEntriesClaimed, PdfOutcome::box},
       {"TenMillionEntriesPresent", tenMillionEntriesPresent, PdfOutcome::unreadable},
       {"ManyPredictedStreams", manyPredictedStreams, PdfOutcome::unreadable},
+      {"LargestOfEverything", largestOfEverything, PdfOutcome::box},
       {"ObjectStreamChain", objectStreamChain, PdfOutcome::unreadable},
       {"LengthChain", lengthChain, PdfOutcome::unreadable},
       {"ReferenceChain", referenceChain, PdfOutcome::unreadable},

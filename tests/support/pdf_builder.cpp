@@ -163,11 +163,20 @@ PdfBuilder& PdfBuilder::crossReferenceStream(std::uint32_t number, std::string_v
   pretendAt(number, start);
   std::string rows;
   std::string index;
+  std::uint32_t first = 0;
+  std::uint32_t count = 0;
   for (const auto& [object, entry] : entries_) {
-    index += text(object) + " 1 ";
+    if (count > 0 && object == first + count) {
+      ++count;
+    } else {
+      if (count > 0) index += text(first) + " " + text(count) + " ";
+      first = object;
+      count = 1;
+    }
     rows += bigEndian(static_cast<std::uint64_t>(entry.type), 1) + bigEndian(entry.second, 4) +
             bigEndian(entry.third, 2);
   }
+  index += text(first) + " " + text(count);
   stream(number,
          "/Type/XRef/W[1 4 2]/Index[" + index + "]/Filter/FlateDecode" + trailerEntries(trailer),
          deflated(rows));
