@@ -21,15 +21,6 @@ std::string repeated(std::string_view unit, std::size_t size) {
   return result;
 }
 
-// Pages 1 and 2 of the tree, the page 3 still missing.
-PdfBuilder tree() {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
-  return pdf;
-}
-
-PdfBuilder wholeTree() { return tree().object(3, "<</MediaBox[0 0 3 3]>>"); }
-
 std::string pageInStream(std::string_view entries, std::string_view data) {
   return tree()
       .stream(4, "/Type/ObjStm/N 1/First 4" + std::string(entries), data)
