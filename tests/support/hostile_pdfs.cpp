@@ -256,17 +256,66 @@ std::string missingEndOfStreams(std::size_t size) {
       .file();
 }
 
-std::string streamsOfUnknownLength(std::size_t size) {
+// Two thousand object streams, each of which is looked for, have the rest of the file for their
+// data.
+std::string streamsBefore(std::string_view dictionary, std::string_view rest) {
   PdfBuilder pdf = tree();
   std::string kids;
   for (std::uint32_t i = 0; i < 2000; ++i) {
-    pdf.raw(text(1000 + i) + " 0 obj<</Type/ObjStm/N 1/First 5>>stream\n");
+    pdf.pretendAt(1000 + i, pdf.offset());
+    pdf.raw(text(1000 + i) + " 0 obj<</Type/ObjStm/N 1/First 5" + std::string(dictionary));
     kids += text(5000 + i) + " 0 R ";
-    pdf.pretendAt(1000 + i, pdf.file().rfind(text(1000 + i) + " 0 obj"));
     pdf.pretendIn(5000 + i, 1000 + i, 0);
   }
-  pdf.object(2, "<</Kids[" + kids + "3 0 R]>>").raw(repeated("x", size));
+  pdf.raw(rest).object(2, "<</Kids[" + kids + "3 0 R]>>");
   return pdf.crossReferenceStream(9).file();
+}
+
+std::string streamsOfUnknownLength(std::size_t size) {
+  return streamsBefore(">>stream\n", repeated("e", size));
+}
+
+std::string streamsOfWrongLength(std::size_t size) {
+  return streamsBefore("/Length 0>>stream\n", repeated("stream", size));
+}
+
+std::string streamBeforeBlanks(std::size_t size) {
+  PdfBuilder pdf = tree();
+  std::string kids;
+  pdf.object(4, "<</Type/ObjStm/N 1/First 5/Length 0>>stream\n" + repeated(" ", size));
+  for (std::uint32_t i = 0; i < 4000; ++i) {
+    kids += text(5000 + i) + " 0 R ";
+    pdf.pretendIn(5000 + i, 4, 0);
+  }
+  return pdf.object(2, "<</Kids[" + kids + "3 0 R]>>").crossReferenceStream(9).file();
+}
+
+// A table whose look-ups pass what stands between its parts each time.
+std::string tableWith(std::string_view filling) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[" + repeated("7 0 R ", 24'000) + "3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .table();
+  const std::size_t older = pdf.lastSection();
+  const std::size_t section = pdf.offset();
+  return pdf
+      .raw("xref\n" + std::string(filling) + "trailer<</Root 1 0 R/Prev " + text(older) +
+           ">>\nstartxref\n" + text(section) + "\n%%EOF\n")
+      .file();
+}
+
+std::string manySubsections(std::size_t size) { return tableWith(repeated("9 0\n", size)); }
+
+std::string blanksInTable(std::size_t size) {
+  return tableWith("9 0" + repeated(" ", size) + "\n");
+}
+
+std::string longWordsForObjects(std::size_t size) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[" + repeated("7 0 R ", 24'000) + "3 0 R]>>");
+  pdf.pretendAt(7, pdf.offset());
+  return pdf.raw("7 0 obj" + repeated("j", size)).crossReferenceStream(9).file();
 }
 
 std::string manyObjects(std::size_t size) {
@@ -311,20 +360,6 @@ std::string largeObjectStreamHead(std::size_t size) {
       .pretendIn(3, 4, 0)
       .raw("%" + repeated("x", size) + "\n")
       .crossReferenceStream(9)
-      .file();
-}
-
-std::string manySubsections(std::size_t size) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[" + repeated("7 0 R ", 6000) + "3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .table();
-  const std::size_t older = pdf.lastSection();
-  const std::size_t section = pdf.offset();
-  return pdf
-      .raw("xref\n" + repeated("9 0\n", size) + "trailer<</Root 1 0 R/Prev " + text(older) +
-           ">>\nstartxref\n" + text(section) + "\n%%EOF\n")
       .file();
 }
 
@@ -378,6 +413,10 @@ const std::vector<HostilePdf>& hostilePdfs() {
       {"ManyEntries", manyEntries, PdfOutcome::box},
       {"MissingEndOfStreams", missingEndOfStreams, PdfOutcome::box},
       {"StreamsOfUnknownLength", streamsOfUnknownLength, PdfOutcome::unreadable},
+      {"StreamsOfWrongLength", streamsOfWrongLength, PdfOutcome::unreadable},
+      {"StreamBeforeBlanks", streamBeforeBlanks, PdfOutcome::unreadable},
+      {"BlanksInTable", blanksInTable, PdfOutcome::unreadable},
+      {"LongWordsForObjects", longWordsForObjects, PdfOutcome::unreadable},
       {"ManyObjects", manyObjects, PdfOutcome::box},
       {"ManyObjectsInDisorder", manyObjectsInDisorder, PdfOutcome::box},
       {"ManyTrailers", manyTrailers, PdfOutcome::unreadable},

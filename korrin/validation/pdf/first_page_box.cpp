@@ -21,8 +21,8 @@ std::optional<std::size_t> headerOffsetOf(std::string_view file) {
   if (header != file.npos) return header;
   const bool isMarkedBinary =
       file.size() > 1 && file[0] == '%' && static_cast<unsigned char>(file[1]) >= 0x80;
-  return isMarkedBinary && file.find("%PDF-") == file.npos ? std::optional<std::size_t>(0)
-                                                           : std::nullopt;
+  return isMarkedBinary && find(file, "%PDF-") == file.npos ? std::optional<std::size_t>(0)
+                                                            : std::nullopt;
 }
 
 // What following the document's own cross-references came to. It is final when they were in good

@@ -81,6 +81,8 @@ class Objects {
   };
   std::optional<ObjectStreamHead> openObjectStreamHead(const Ordinary& stream);
 
+  Budget& budget() const { return *budget_; }
+
   /// Whether an object was missing, or not where the table says.
   bool foundDamage() const { return damaged_; }
 

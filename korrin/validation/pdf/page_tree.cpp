@@ -86,13 +86,8 @@ std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
   std::vector<Node> path;
   while (true) {
     if (next.kind == Value::Kind::dictionary) {
-      auto scanner = objects.at(next.place);
-      if (!scanner) return std::nullopt;
-      if (!scanner->budget().treeNode()) return std::nullopt;
-      if (path.size() == limits::treeDepth) {
-        scanner->budget().exhaust();
-        return std::nullopt;
-      }
+      if (path.size() == limits::treeDepth) objects.budget().exhaust();
+      if (!objects.budget().treeNode()) return std::nullopt;
       const Entries entries = entriesOf(objects, next);
       if (entries.kids.kind != Value::Kind::array) {
         // Nothing shows that a root without children is a page, unless it has a box.

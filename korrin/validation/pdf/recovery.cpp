@@ -107,9 +107,9 @@ std::size_t RecoveredObjects::passStream(std::size_t keyword) {
   std::size_t before = keyword;
   backOverBlanks(file_, before);
   if (before < 2 || !standsAt(file_, before - 2, ">>")) return keyword + 1;
-  for (std::size_t end = file_.find("end", keyword); end != file_.npos;
-       end = file_.find("end", end + 1))
-    if (standsAt(file_, end, "endstream") || standsAt(file_, end, "endobj")) return end + 3;
+  for (std::size_t i = keyword; i + 3 < file_.size(); ++i)
+    if (file_[i] == 'e' && (standsAt(file_, i, "endstream") || standsAt(file_, i, "endobj")))
+      return i + 3;
   // Nothing says how far this stream goes, nor any after it: they are searched like the rest.
   noMoreEnds_ = true;
   return keyword + 1;
@@ -145,6 +145,7 @@ void RecoveredObjects::addCompressedObjects(Objects& objects) {
   std::vector<std::uint32_t> containers = std::exchange(objectStreams_, {});
   std::sort(containers.begin(), containers.end());
   containers.erase(std::unique(containers.begin(), containers.end()), containers.end());
+  std::erase(containers, 0u);  // 0 stands for the file itself.
   const std::size_t ordinary = entries_.size();
   for (const std::uint32_t container : containers) {
     const ObjectPlace place = find(container);

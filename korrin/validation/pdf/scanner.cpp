@@ -1,6 +1,8 @@
 #include "korrin/validation/pdf/scanner.h"
 
+#include <algorithm>
 #include <array>
+#include <functional>
 
 namespace korrin::pdf {
 namespace {
@@ -23,6 +25,12 @@ Class classOf(char c) { return classes[static_cast<unsigned char>(c)]; }
 bool isWhiteSpace(char c) { return classOf(c) == Class::whiteSpace; }
 bool isRegular(char c) { return classOf(c) == Class::regular; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t find(std::string_view text, std::string_view word) {
+  const std::boyer_moore_horspool_searcher searcher(word.begin(), word.end());
+  const auto found = std::search(text.begin(), text.end(), searcher);
+  return found == text.end() ? text.npos : static_cast<std::size_t>(found - text.begin());
+}
 
 Scanner::Scanner(std::string_view bytes, Budget& budget, std::size_t offset)
     : bytes_(bytes), budget_(&budget) {
@@ -60,6 +68,10 @@ std::size_t Scanner::pastWhiteSpace(std::size_t offset) const {
 std::size_t Scanner::pastRegular(std::size_t offset) const {
   while (offset < bytes_.size() && isRegular(bytes_[offset])) ++offset;
   return offset;
+}
+
+bool Scanner::endsWord(std::size_t offset) const {
+  return offset >= bytes_.size() || !isRegular(bytes_[offset]);
 }
 
 // From behind the opening parenthesis to behind the closing one that belongs to it. Parentheses and
@@ -116,6 +128,13 @@ Token Scanner::next() {
   return token;
 }
 
+std::size_t Scanner::toNextToken() {
+  const std::size_t start = position_;
+  position_ = pastWhiteSpace(start);
+  budget_->scan(position_ - start);
+  return position_;
+}
+
 // Only delimiters matter here: regular characters, names among them, are passed as they come.
 void Scanner::skipToClosing() {
   std::size_t depth = 1;
@@ -147,7 +166,7 @@ bool Scanner::takeKeyword(std::string_view keyword) {
   const std::size_t start = position_;
   const std::size_t begin = pastWhiteSpace(start);
   const std::size_t end = begin + keyword.size();
-  const bool found = bytes_.substr(begin, keyword.size()) == keyword && pastRegular(end) == end;
+  const bool found = bytes_.substr(begin, keyword.size()) == keyword && endsWord(end);
   if (!budget_->scan((found ? end : begin) - start) || !found) return false;
   position_ = end;
   return budget_->takeTokens(1);
@@ -161,7 +180,7 @@ std::optional<std::uint64_t> Scanner::takeCount() {
   std::size_t end = begin;
   for (; end < bytes_.size() && isDigit(bytes_[end]) && end - begin <= mostDigits; ++end)
     value = value * 10 + static_cast<std::uint64_t>(bytes_[end] - '0');
-  const bool found = end > begin && end - begin <= mostDigits && pastRegular(end) == end;
+  const bool found = end > begin && end - begin <= mostDigits && endsWord(end);
   if (!budget_->scan(end - start) || !found) return std::nullopt;
   position_ = end;
   return budget_->takeTokens(1) ? std::optional(value) : std::nullopt;

@@ -28,6 +28,10 @@ bool isWhiteSpace(char c);
 bool isRegular(char c);
 bool isDigit(char c);
 
+/// Where `word` stands first in `text`, npos where it does not. Takes time in proportion to the
+/// text whatever is in it, unlike the search of the text itself.
+std::size_t find(std::string_view text, std::string_view word);
+
 /// A place that outlives a scanner: in the file itself (container 0) or in the object stream whose
 /// number is `container`.
 struct Place {
@@ -62,6 +66,9 @@ class Scanner {
 
   Token next();
 
+  /// Moves to where the next token begins, or to the end, and gives that place.
+  std::size_t toNextToken();
+
   /// Passes over the rest of the array or dictionary whose opening token has just been taken.
   void skipToClosing();
 
@@ -84,6 +91,7 @@ class Scanner {
   /// The first place from `offset` on that is neither white space nor in a comment.
   std::size_t pastWhiteSpace(std::size_t offset) const;
   std::size_t pastRegular(std::size_t offset) const;
+  bool endsWord(std::size_t offset) const;
   struct StringEnd {
     std::size_t offset;
     std::size_t tokens;

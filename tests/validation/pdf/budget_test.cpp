@@ -199,10 +199,35 @@ TEST(Budget, CountsScannedBytesExactly) {
   EXPECT_TRUE(budget.isExhausted());
 }
 
+TEST(Budget, CountsTokensExactly) {
+  pdf::Budget budget(10 * limits::inputBytesPerToken);
+  EXPECT_TRUE(budget.takeTokens(limits::tokensBase + 10));
+  EXPECT_FALSE(budget.isExhausted());
+  EXPECT_FALSE(budget.takeTokens(1));
+  EXPECT_TRUE(budget.isExhausted());
+}
+
+TEST(Budget, AllowsSoManyTokens) {
+  // A number among the children is looked at twice, for what it is and for a reference; it takes
+  // two bytes, which allow for one token.
+  const auto pageBehind = [](std::size_t numbers) {
+    return pageOf(PdfBuilder()
+                      .object(1, "<</Pages 2 0 R>>")
+                      .object(2, "<</Kids[" + repeated("7 ", numbers) + "3 0 R]>>")
+                      .object(3, "<</MediaBox[0 0 3 3]>>")
+                      .table()
+                      .file());
+  };
+  EXPECT_EQ(pageBehind(limits::tokensBase - 100), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::tokensBase + 1000), unreadable);
+}
+
 TEST(Budget, PaysForNothingOnceItIsUsedUp) {
   pdf::Budget budget(10);
   EXPECT_FALSE(budget.inflate(limits::inflatedInAll + 1));
   EXPECT_FALSE(budget.scan(1));
+  EXPECT_FALSE(budget.takeTokens(1));
+  EXPECT_FALSE(budget.keepCrossReferences(1));
   EXPECT_FALSE(budget.lookUp());
   EXPECT_FALSE(budget.treeNode());
   EXPECT_FALSE(budget.crossReferenceSection());

@@ -201,6 +201,12 @@ TEST(ObjectStream, MustBeAnOrdinaryObject) {
   EXPECT_EQ(pageOf(pdf.file()), unreadable);
 }
 
+TEST(ObjectStream, MayNotHaveTheNumberOfTheFreeList) {
+  PdfBuilder pdf = tree();
+  pdf.stream(0, "/Type/ObjStm/N 1/First 4", pageData()).pretendIn(3, 0, 0).crossReferenceStream(9);
+  EXPECT_EQ(pageOf(pdf.file()), unreadable);
+}
+
 TEST(ObjectStream, MayNotContainItself) {
   PdfBuilder pdf = tree();
   pdf.pretendIn(4, 4, 0).pretendIn(3, 4, 0);
