@@ -127,6 +127,7 @@ void RecoveredObjects::sort() {
   // Most documents are in order as they are.
   if (!std::is_sorted(entries_.begin(), entries_.end(), before))
     std::sort(entries_.begin(), entries_.end(), before);
+  sorted_ = entries_.size();
 }
 
 std::vector<Trailer> RecoveredObjects::trailers() const {
@@ -146,7 +147,6 @@ void RecoveredObjects::addCompressedObjects(Objects& objects) {
   std::sort(containers.begin(), containers.end());
   containers.erase(std::unique(containers.begin(), containers.end()), containers.end());
   std::erase(containers, 0u);  // 0 stands for the file itself.
-  const std::size_t ordinary = entries_.size();
   for (const std::uint32_t container : containers) {
     const ObjectPlace place = find(container);
     const auto stream = objects.openOrdinary(container);
@@ -159,12 +159,13 @@ void RecoveredObjects::addCompressedObjects(Objects& objects) {
       add({static_cast<std::uint32_t>(*number), container, place.offset});
     }
   }
-  if (entries_.size() > ordinary) sort();
+  sort();
 }
 
 ObjectPlace RecoveredObjects::find(std::uint32_t number) {
+  const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(sorted_);
   const auto after = std::upper_bound(
-      entries_.begin(), entries_.end(), number,
+      entries_.begin(), end, number,
       [](std::uint32_t wanted, const Entry& entry) { return wanted < entry.number; });
   if (after == entries_.begin() || std::prev(after)->number != number) return {};
   const Entry& entry = *std::prev(after);

@@ -45,6 +45,17 @@ TEST(Recovery, FindsObjectsInObjectStreams) {
             box(3, 3));
 }
 
+TEST(Recovery, FindsObjectStreamsBehindTheObjectsOfOthers) {
+  // The numbers in the first streams are beyond and between those of the streams themselves.
+  PdfBuilder pdf;
+  pdf.objectStream(10, {{1, "<</Pages 60 0 R>>"}, {99, "null"}, {15, "null"}})
+      .objectStream(20, {{60, "<</Kids[3 0 R]>>"}, {25, "null"}, {11, "null"}})
+      .objectStream(30, {{3, "<</MediaBox 70 0 R>>"}, {5, "null"}})
+      .objectStream(40, {{70, "[0 0 3 3]"}})
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
 TEST(Recovery, ShiftsWithBytesInsertedAnywhere) {
   for (const std::string& file :
        {onePage("/MediaBox[0 0 3 3]"), onePageInObjectStream("/MediaBox[0 0 3 3]")})
