@@ -51,7 +51,7 @@ class Objects {
       : file_(file), table_(&table), budget_(&budget) {}
 
   /// Object streams opened from now on are decrypted with `decryption`.
-  void decryptWith(Decryption decryption) { decryption_ = std::move(decryption); }
+  void decryptWith(const Decryption& decryption) { decryption_ = decryption; }
 
   /// A scanner in front of the value of object `number`; nothing when there is no such object.
   std::optional<Scanner> open(std::uint32_t number);
