@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "korrin/foundation/record.h"
@@ -36,6 +37,7 @@ class IDFilter {
     const std::size_t hash = std::hash<UUID>{}(id);
     return (words_[hash / 64 & mask_] >> hash % 64 & 1) != 0 && ids_.contains(id);
   }
+  bool contains(const std::optional<UUID>& id) const { return id && contains(*id); }
 
  private:
   static constexpr std::size_t idsPerWord = 4;  // 16 bits for each
