@@ -10,6 +10,11 @@ configure_package_config_file(
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/KorrinCoreConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+if(KORRIN_PDF_ENCRYPTION)
+  # Mbed TLS has no pkg-config module in all its versions.
+  set(KORRIN_PDF_ENCRYPTION_LIBS "-lmbedcrypto ")
+  install(FILES cmake/FindMbedTLS.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
+endif()
 configure_file(cmake/korrincore.pc.in ${PROJECT_BINARY_DIR}/korrincore.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/KorrinCoreConfig.cmake
               ${PROJECT_BINARY_DIR}/KorrinCoreConfigVersion.cmake

@@ -13,6 +13,8 @@ namespace {
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
+bool isNegativeZero(double value) { return value == 0 && std::signbit(value); }
+
 // A number taken apart: its significant digits, read as 0.ddd, times ten to the power `exponent`.
 struct Decimal {
   bool isNegative = false;
@@ -110,13 +112,16 @@ std::optional<double> nearestDouble(std::string_view text) {
 }
 
 char* writeDouble(char* out, double value) {
-  // Most lengths are whole millimetres. Below 2^53 the integer is the shortest exact text.
-  constexpr double exactIntegers = 9007199254740992.0;
-  if (std::fabs(value) < exactIntegers && value == std::trunc(value) &&
-      !(value == 0 && std::signbit(value)))
-    return writeInteger(out, static_cast<std::int64_t>(value));
+  // Most lengths are whole millimetres or thousandths of them. A decimal of at most 15 digits that
+  // reads back exactly is the shortest: no two of them lie nearest the same double.
+  constexpr int thousandths = 3;
   const double magnitude = std::fabs(value);
-  const bool isFixed = value == 0 || (magnitude >= 1e-7 && magnitude < 1e21);
+  if (magnitude < 1e12 && !isNegativeZero(value)) {
+    const auto scaled = static_cast<std::int64_t>(value * 1000 + std::copysign(0.5, value));
+    if (static_cast<double>(scaled) / 1000 == value)
+      return writeScaledInteger(out, scaled, thousandths, 0);
+  }
+  const bool isFixed = magnitude == 0 || (magnitude >= 1e-7 && magnitude < 1e21);
   const auto format = isFixed ? std::chars_format::fixed : std::chars_format::scientific;
   return std::to_chars(out, out + maximumNumberLength, value, format).ptr;
 }

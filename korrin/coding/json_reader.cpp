@@ -11,6 +11,9 @@ namespace {
 
 using Kind = DecodingError::Kind;
 
+constexpr std::array powersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 }  // namespace
 
 void Reader::read(bool& value) {
@@ -37,9 +40,11 @@ void Reader::read(double& value) {
     scanner_.returnTo(start);
   }
   const NumberToken token = number("a number");
-  if (token.isShortInteger) {
-    const auto magnitude = static_cast<double>(token.magnitude);
-    value = token.isNegative() ? -magnitude : magnitude;  // keeps the sign of -0
+  if (token.isShort) {
+    // Both operands are exact, so the quotient is the nearest double; the sign of -0 is kept.
+    const double magnitude =
+        static_cast<double>(token.digits) / powersOfTen[static_cast<std::size_t>(token.decimals)];
+    value = token.isNegative() ? -magnitude : magnitude;
     return;
   }
   const auto nearest = nearestDouble(token.text);
@@ -49,8 +54,8 @@ void Reader::read(double& value) {
 
 void Reader::read(std::int64_t& value) {
   const NumberToken token = number("an integer");
-  if (token.isShortInteger) {
-    const auto magnitude = static_cast<std::int64_t>(token.magnitude);
+  if (token.isShort && token.decimals == 0) {
+    const auto magnitude = static_cast<std::int64_t>(token.digits);
     value = token.isNegative() ? -magnitude : magnitude;
     return;
   }
@@ -64,19 +69,26 @@ void Reader::read(std::int64_t& value) {
 
 void Reader::read(Text& value) {
   const StringToken token = string("a string");
-  value = token.hasEscapes ? Text(unescaped(token)) : Text(token.raw);
+  if (token.hasEscapes)
+    value = unescaped(token);
+  else
+    recentTexts_.read(token.raw, value);
 }
 
 void Reader::read(UUID& value) {
-  // The usual identifier needs no scan for its closing quotation mark.
-  const char* const start = scanner_.position();
-  const StringToken token = string("an identifier");
-  const auto found =
-      token.hasEscapes ? UUID::fromText(unescaped(token)) : UUID::fromText(token.raw);
-  if (!found) {
-    scanner_.returnTo(start);
-    refuse(Kind::dataCorrupted, "an identifier of 36 characters", quoted(token.raw));
+  // An identifier as everybody writes it needs no search for its closing quotation mark.
+  constexpr std::size_t length = UUID::textLength + 2;
+  const std::string_view ahead = scanner_.ahead(length);
+  if (ahead.size() == length && ahead.front() == '"' && ahead.back() == '"') {
+    if (const auto found = UUID::fromText(ahead.substr(1, UUID::textLength))) {
+      scanner_.advance(length);
+      value = *found;
+      return;
+    }
   }
+  const StringToken token = string("an identifier");
+  const auto found = UUID::fromText(unescaped(token));
+  if (!found) refuse(Kind::dataCorrupted, "an identifier of 36 characters", quoted(token.raw));
   value = *found;
 }
 

@@ -16,6 +16,7 @@
 #include "korrin/coding/coding_options.h"
 #include "korrin/coding/decoding_report.h"
 #include "korrin/coding/json_scanner.h"
+#include "korrin/coding/recent_texts.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/instant.h"
 #include "korrin/foundation/list.h"
@@ -94,14 +95,12 @@ class Reader {
 
   template <RawValueEnumeration Enumeration>
   void read(Enumeration& value) {
-    const char* const start = scanner_.position();
     const StringToken token = string("a string");
     const auto found = token.hasEscapes ? fromRawValue<Enumeration>(unescaped(token))
                                         : fromRawValue<Enumeration>(token.raw);
     if (found) {
       value = *found;
     } else {
-      scanner_.returnTo(start);
       std::vector<std::string_view> words;
       if (isDiagnosing_)
         for (const auto& row : CaseTable<Enumeration>::cases) words.push_back(row.rawValue);
@@ -144,7 +143,8 @@ class Reader {
 
   template <class Record, std::size_t index>
   void readField(Record& record) {
-    read(record.*std::get<index>(fieldsOf<Record>()).member);
+    constexpr auto member = std::get<index>(fieldsOf<Record>()).member;
+    read(record.*member);
   }
 
   template <class Record, std::size_t... index>
@@ -160,7 +160,7 @@ class Reader {
     // Nearly every document holds the keys in field order: one comparison each.
     const auto readIfNext = [&]<std::size_t place>(std::integral_constant<std::size_t, place>) {
       constexpr const auto& key = quotedKey<Record, place>;
-      if (!isOpen || !scanner_.takeKey({key.data(), key.size()})) return;
+      if (!isOpen || !scanner_.takeKey(key)) return;
       readField<Record, place>(record);
       seen |= std::uint32_t{1} << place;
       isOpen = scanner_.next('}');
@@ -248,6 +248,7 @@ class Reader {
   const DecodingOptions& options_;
   bool isDiagnosing_ = false;
   KeyPath path_;  // kept up only while diagnosing
+  RecentTexts recentTexts_;
 };
 
 }  // namespace korrin::json

@@ -1,45 +1,24 @@
 #include "korrin/coding/json_scanner.h"
 
-#include <bit>
 #include <bitset>
 #include <cstdint>
 #include <optional>
 
 #include "korrin/foundation/utf8.h"
+#include "korrin/foundation/words.h"
 
 namespace korrin::json {
 namespace {
 
-constexpr std::uint64_t ones = 0x0101010101010101u;
-constexpr std::uint64_t highBits = ones * 0x80;
-
-std::uint64_t loadWord(const char* at) {
-  std::uint64_t word;
-  std::memcpy(&word, at, sizeof word);
-  return word;
-}
-
-// Marks, by its high bit, the first byte that ends a run of plain characters: a quotation mark, a
-// backslash, a control character or a byte that is not ASCII. Bytes after it may be marked wrongly.
+// Marks the bytes that end a run of plain characters: a quotation mark, a backslash, a control
+// character or a byte that is not ASCII.
 std::uint64_t specialBytes(std::uint64_t word) {
-  const std::uint64_t quote = word ^ (ones * '"');
-  const std::uint64_t backslash = word ^ (ones * '\\');
-  return (((quote - ones) & ~quote) | ((backslash - ones) & ~backslash) |
-          ((word - ones * 0x20) & ~word) | word) &
-         highBits;
+  return words::bytesEqual(word, '"') | words::bytesEqual(word, '\\') |
+         words::bytesBelow(word, 0x20) | (word & words::highBits);
 }
-
-std::size_t firstMarkedByte(std::uint64_t marks) {
-  if constexpr (std::endian::native == std::endian::little)
-    return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
-  else
-    return static_cast<std::size_t>(std::countl_zero(marks)) / 8;
-}
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::optional<unsigned> hexValue(char c) {
-  if (isDigit(c)) return static_cast<unsigned>(c - '0');
+  if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
   if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a' + 10);
   if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A' + 10);
   return std::nullopt;
@@ -107,12 +86,19 @@ std::string unescaped(const StringToken& token) {
 }
 
 void Scanner::skipSpaceRun() {
-  constexpr std::uint64_t blanks = ones * ' ';
+  constexpr std::uint64_t blanks = words::everyByte * ' ';
   for (;;) {
-    while (end_ - at_ >= 8 && loadWord(at_) == blanks) at_ += 8;
+    while (end_ - at_ >= 8 && words::loadWord(at_) == blanks) at_ += 8;
     if (at_ == end_ || (*at_ != ' ' && *at_ != '\n' && *at_ != '\r' && *at_ != '\t')) return;
     ++at_;
   }
+}
+
+void Scanner::throwMissingColon() const { throw Malformed{at_, "\":\" after the key"}; }
+
+void Scanner::leave(char close) {
+  if (!take(close)) throw Malformed{at_, close == '}' ? "\",\" or \"}\"" : "\",\" or \"]\""};
+  --depth_;
 }
 
 StringToken Scanner::string() {
@@ -120,12 +106,12 @@ StringToken Scanner::string() {
   bool hasEscapes = false;
   for (;;) {
     while (end_ - at_ >= 8) {
-      const std::uint64_t marks = specialBytes(loadWord(at_));
+      const std::uint64_t marks = specialBytes(words::loadWord(at_));
       if (marks == 0) {
         at_ += 8;
         continue;
       }
-      at_ += firstMarkedByte(marks);
+      at_ += words::firstMarked(marks);
       break;
     }
     if (at_ == end_) throw Malformed{at_, "the string's closing quotation mark"};
@@ -169,33 +155,38 @@ void Scanner::takeEscape() {
   at_ += 4;
 }
 
-void Scanner::takeDigits() {
+// Appends the digits that stand next, at least one, to the decimal number `value`. The result wraps
+// for a long number, where it is not used.
+std::uint64_t Scanner::takeDigits(std::uint64_t value) {
   if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
-  while (at_ != end_ && isDigit(*at_)) ++at_;
+  do {
+    value = value * 10 + static_cast<std::uint64_t>(*at_++ - '0');
+  } while (at_ != end_ && isDigit(*at_));
+  return value;
 }
 
-NumberToken Scanner::number() {
+NumberToken Scanner::anyNumber() {
   const char* const start = at_;
   take('-');
-  const char* const digits = at_;
-  std::uint64_t magnitude = 0;
-  if (!take('0')) {
-    if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
-    // Wraps for a long number, whose magnitude is then not used.
-    while (at_ != end_ && isDigit(*at_))
-      magnitude = magnitude * 10 + static_cast<std::uint64_t>(*at_++ - '0');
-  }
-  bool isShortInteger = at_ - digits <= 15;
+  const char* const first = at_;
+  std::uint64_t digits = 0;
+  if (!take('0')) digits = takeDigits(0);
+  std::ptrdiff_t digitCount = at_ - first;
+  std::ptrdiff_t decimals = 0;
   if (take('.')) {
-    isShortInteger = false;
-    takeDigits();
+    const char* const point = at_;
+    digits = takeDigits(digits);
+    decimals = at_ - point;
+    digitCount += decimals;
   }
+  bool isShort = digitCount <= NumberToken::maximumDigits;
   if (take('e') || take('E')) {
-    isShortInteger = false;
+    isShort = false;
     if (!take('+')) take('-');
-    takeDigits();
+    takeDigits(0);
   }
-  return {{start, static_cast<std::size_t>(at_ - start)}, magnitude, isShortInteger};
+  return {
+      {start, static_cast<std::size_t>(at_ - start)}, digits, static_cast<int>(decimals), isShort};
 }
 
 void Scanner::skipScalar() {

@@ -1,32 +1,29 @@
 #include "korrin/coding/json_writer.h"
 
 #include <cmath>
+#include <cstring>
 
 #include "korrin/coding/date_coding.h"
 #include "korrin/coding/instant_text.h"
 #include "korrin/coding/json_number.h"
+#include "korrin/foundation/words.h"
 
 namespace korrin::json {
 namespace {
+
+using words::loadWord;
+
+// Marks the bytes that JSON demands to be escaped.
+std::uint64_t bytesToEscape(std::uint64_t word) {
+  return words::bytesEqual(word, '"') | words::bytesEqual(word, '\\') |
+         words::bytesBelow(word, 0x20);
+}
 
 bool mustBeEscaped(char c) { return c == '"' || c == '\\' || static_cast<unsigned char>(c) < 0x20; }
 
 }  // namespace
 
-void Writer::Buffer::grow(std::size_t count) {
-  constexpr std::size_t smallest = 1024;
-  const auto used = static_cast<std::size_t>(at_ - text_.data());
-  text_.resize(std::max({smallest, 2 * text_.size(), used + count}));
-  at_ = text_.data() + used;
-  end_ = text_.data() + text_.size();
-}
-
-void Writer::write(bool value) {
-  if (value)
-    out_.append("true", 4);
-  else
-    out_.append("false", 5);
-}
+void Writer::write(bool value) { out_.append(std::string_view(value ? "true" : "false")); }
 
 void Writer::write(double value) {
   if (std::isfinite(value)) {
@@ -65,15 +62,31 @@ void Writer::write(Instant value) {
 }
 
 void Writer::writeString(std::string_view text) {
-  out_.append('"');
-  while (!text.empty()) {
-    const auto plain = static_cast<std::size_t>(
-        std::find_if(text.begin(), text.end(), mustBeEscaped) - text.begin());
-    out_.append(text.data(), plain);
-    text.remove_prefix(plain);
-    if (text.empty()) break;
-    writeEscape(static_cast<unsigned char>(text.front()));
-    text.remove_prefix(1);
+  // Whole words first: most strings hold nothing that must be escaped.
+  char* out = out_.room(text.size() + 2);
+  *out++ = '"';
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (end - at >= 8) {
+    const std::uint64_t word = loadWord(at);
+    if (bytesToEscape(word) != 0) break;
+    std::memcpy(out, &word, sizeof word);
+    at += 8;
+    out += 8;
+  }
+  while (at != end && !mustBeEscaped(*at)) *out++ = *at++;
+  if (at == end) *out++ = '"';
+  out_.setEnd(out);
+  if (at != end) writeEscaped({at, static_cast<std::size_t>(end - at)});
+}
+
+// The rest of a string, from a character on that must be escaped.
+void Writer::writeEscaped(std::string_view text) {
+  for (const char c : text) {
+    if (mustBeEscaped(c))
+      writeEscape(static_cast<unsigned char>(c));
+    else
+      out_.append(c);
   }
   out_.append('"');
 }
@@ -88,7 +101,7 @@ void Writer::writeEscape(unsigned char byte) {
     }
   }
   constexpr std::string_view digits = "0123456789abcdef";
-  out_.append("u00", 3);
+  out_.append(std::string_view("u00"));
   out_.append(digits[byte >> 4]);
   out_.append(digits[byte & 15]);
 }

@@ -6,14 +6,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "korrin/coding/coding_error.h"
 #include "korrin/coding/coding_options.h"
+#include "korrin/coding/expected_size.h"
 #include "korrin/coding/key_path.h"
+#include "korrin/coding/text_buffer.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/instant.h"
 #include "korrin/foundation/list.h"
@@ -32,6 +33,9 @@ inline constexpr auto memberStart = [] {
   text[text.size() - 1] = ':';
   return text;
 }();
+
+template <class Record, std::size_t index>
+inline constexpr auto memberAt = std::get<index>(fieldsOf<Record>()).member;
 
 /// The places of a record's fields in the byte order of their keys.
 template <class Record, std::size_t... index>
@@ -52,6 +56,7 @@ class Writer {
   /// The whole text of one value. Throws `NotFinite`.
   template <class Value>
   std::string document(const Value& value) {
+    out_.reserve(expectedSize(value));
     write(value);
     return out_.finish();
   }
@@ -64,38 +69,6 @@ class Writer {
   }
 
  private:
-  // Text that grows at its end. A std::string whose size is its capacity in use would pay for a
-  // length update and a terminator at every append.
-  class Buffer {
-   public:
-    /// At least `count` writable bytes at the end of the text.
-    char* room(std::size_t count) {
-      if (static_cast<std::size_t>(end_ - at_) < count) grow(count);
-      return at_;
-    }
-    void setEnd(char* at) { at_ = at; }
-
-    void append(const char* bytes, std::size_t count) {
-      std::memcpy(room(count), bytes, count);
-      at_ += count;
-    }
-    void append(char c) {
-      *room(1) = c;
-      ++at_;
-    }
-    std::string finish() {
-      text_.resize(static_cast<std::size_t>(at_ - text_.data()));
-      return std::move(text_);
-    }
-
-   private:
-    void grow(std::size_t count);
-
-    std::string text_;
-    char* at_ = text_.data();
-    char* end_ = at_;
-  };
-
   void write(bool value);
   void write(double value);
   void write(std::int64_t value);
@@ -103,6 +76,7 @@ class Writer {
   void write(const UUID& value);
   void write(Instant value);
   void writeString(std::string_view text);
+  void writeEscaped(std::string_view text);
   void writeEscape(unsigned char byte);
 
   template <RawValueEnumeration Enumeration>
@@ -146,7 +120,7 @@ class Writer {
     out_.append('{');
     ++depth_;
     bool isFirst = true;
-    (writeMember<Record, index>(record.*std::get<index>(fieldsOf<Record>()).member, isFirst), ...);
+    (writeMember<Record, index>(record.*memberAt<Record, index>, isFirst), ...);
     close('}', !isFirst);
   }
 
@@ -160,11 +134,12 @@ class Writer {
     if (options_.prettyPrinted) {
       if (!isFirst) out_.append(',');
       startLine();
-      out_.append(start.data() + 1, start.size() - 1);
+      out_.append(std::string_view(start.data() + 1, start.size() - 1));
       out_.append(' ');
+    } else if (isFirst) {
+      out_.append(std::string_view(start.data() + 1, start.size() - 1));
     } else {
-      const std::size_t skipped = isFirst ? 1 : 0;
-      out_.append(start.data() + skipped, start.size() - skipped);
+      out_.append(start);
     }
     isFirst = false;
     if (isDiagnosing_) path_.enterKey(std::get<index>(fieldsOf<Record>()).key);
@@ -180,7 +155,7 @@ class Writer {
   void startLine();
 
   const EncodingOptions& options_;
-  Buffer out_;
+  TextBuffer out_;
   std::size_t depth_ = 0;
   bool isDiagnosing_ = false;
   KeyPath path_;

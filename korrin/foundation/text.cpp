@@ -40,7 +40,7 @@ Text::Text(std::string utf8) {
     if (utf8::wellFormedPrefix(utf8) != utf8.size()) utf8 = replaceIllFormed(utf8);
     isStable = isStableNFC(utf8);
   }
-  storage_ = Shared<Storage>(new Storage(std::move(utf8), isStable));
+  storage_ = Shared<Storage>::first(new Storage(std::move(utf8), isStable));
 }
 
 const std::string& Text::emptyString() noexcept {

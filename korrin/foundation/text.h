@@ -47,6 +47,7 @@ class Text {
     return equalNormalized(a, b);
   }
   friend std::strong_ordering operator<=>(const Text& a, const Text& b) {
+    if (a.storage_.get() == b.storage_.get()) return std::strong_ordering::equal;
     if (a.isStable() && b.isStable()) return std::string_view(a) <=> std::string_view(b);
     return compareNormalized(a, b);
   }

@@ -5,9 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
+
+#include "korrin/foundation/words.h"
 
 namespace korrin::utf8 {
 
@@ -30,17 +31,14 @@ std::size_t wellFormedPrefix(std::string_view text) noexcept;
 /// Whether every byte of `text` is below `limit`, which is at least 0x80. Eight bytes are looked at
 /// a time.
 inline bool allBytesBelow(std::string_view text, unsigned char limit) noexcept {
-  constexpr std::uint64_t highBits = 0x8080808080808080u;
-  constexpr std::uint64_t everyByte = 0x0101010101010101u;
   const char* at = text.data();
   std::size_t left = text.size();
   for (; left >= 8; at += 8, left -= 8) {
-    std::uint64_t word;
-    std::memcpy(&word, at, 8);
-    if ((word & highBits) == 0) continue;
+    const std::uint64_t word = words::loadWord(at);
+    if ((word & words::highBits) == 0) continue;
     // A byte of at least `limit` has its high bit set and carries into it again when raised.
-    const std::uint64_t raised = (word & ~highBits) + everyByte * (0x100u - limit);
-    if ((word & raised & highBits) != 0) return false;
+    const std::uint64_t raised = (word & ~words::highBits) + words::everyByte * (0x100u - limit);
+    if ((word & raised & words::highBits) != 0) return false;
   }
   for (; left != 0; ++at, --left)
     if (static_cast<unsigned char>(*at) >= limit) return false;

@@ -1,5 +1,6 @@
 #include "korrin/foundation/uuid.h"
 
+#include <bit>
 #include <cerrno>
 #include <system_error>
 
@@ -8,18 +9,36 @@
 namespace korrin {
 namespace {
 
-constexpr std::uint8_t notADigit = 0xFF;
+// Sixteen bytes that compilers keep in one vector register where there is one.
+using Bytes16 [[gnu::vector_size(16)]] = std::uint8_t;
+using Words2 [[gnu::vector_size(16)]] = std::uint64_t;
 
-constexpr std::array<std::uint8_t, 256> digitValues = [] {
-  std::array<std::uint8_t, 256> values{};
-  values.fill(notADigit);
-  for (std::uint8_t digit = 0; digit < 10; ++digit) values['0' + digit] = digit;
-  for (std::uint8_t digit = 10; digit < 16; ++digit) {
-    values['A' + digit - 10] = digit;
-    values['a' + digit - 10] = digit;
-  }
-  return values;
-}();
+std::uint64_t loadEight(const char* at) {
+  std::uint64_t word;
+  std::memcpy(&word, at, sizeof word);
+  return word;
+}
+
+std::uint64_t loadTwoFours(const char* first, const char* second) {
+  std::array<char, 8> bytes;
+  std::memcpy(bytes.data(), first, 4);
+  std::memcpy(bytes.data() + 4, second, 4);
+  return std::bit_cast<std::uint64_t>(bytes);
+}
+
+// What hexadecimal digits stand for; a mark of 0xFF where a character is one.
+struct DigitValues {
+  Bytes16 values;
+  Bytes16 marks;
+};
+
+DigitValues digitValues(Bytes16 characters) {
+  const Bytes16 decimals = characters - '0';
+  const Bytes16 letters = (characters | 0x20) - 'a';  // of either case
+  const Bytes16 isDecimal = std::bit_cast<Bytes16>(decimals <= 9);
+  const Bytes16 isLetter = std::bit_cast<Bytes16>(letters <= 5);
+  return {(decimals & isDecimal) | ((letters + 10) & isLetter), isDecimal | isLetter};
+}
 
 constexpr std::array<std::array<char, 2>, 256> bytePairs = [] {
   constexpr std::string_view digits = "0123456789ABCDEF";
@@ -47,18 +66,20 @@ UUID UUID::random() {
 
 std::optional<UUID> UUID::fromText(std::string_view text) {
   if (text.size() != textLength) return std::nullopt;
-  UUID id;
-  // Digits are below 16, so one look at the collected bits finds any character that is none.
-  unsigned wrong = 0;
-  for (std::size_t i = 0; i < id.bytes_.size(); ++i) {
-    const unsigned high = digitValues[static_cast<unsigned char>(text[pairOffsets[i]])];
-    const unsigned low = digitValues[static_cast<unsigned char>(text[pairOffsets[i] + 1u])];
-    wrong |= high | low;
-    id.bytes_[i] = static_cast<std::uint8_t>(high << 4 | low);
-  }
-  for (const std::size_t offset : hyphenOffsets) wrong |= text[offset] == '-' ? 0u : notADigit;
-  if (wrong > 15) return std::nullopt;
-  return id;
+  const char* const at = text.data();
+  const bool hasHyphens = at[8] == '-' && at[13] == '-' && at[18] == '-' && at[23] == '-';
+  const auto [first, firstMarks] =
+      digitValues(std::bit_cast<Bytes16>(Words2{loadEight(at), loadTwoFours(at + 9, at + 14)}));
+  const auto [second, secondMarks] = digitValues(
+      std::bit_cast<Bytes16>(Words2{loadTwoFours(at + 19, at + 24), loadEight(at + 28)}));
+  const auto marks = std::bit_cast<Words2>(firstMarks & secondMarks);
+  if (!hasHyphens || (marks[0] & marks[1]) != ~std::uint64_t{0}) return std::nullopt;
+
+  const Bytes16 high = __builtin_shufflevector(first, second, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20,
+                                               22, 24, 26, 28, 30);
+  const Bytes16 low = __builtin_shufflevector(first, second, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21,
+                                              23, 25, 27, 29, 31);
+  return UUID(std::bit_cast<Bytes>((high << 4) | low));
 }
 
 void UUID::writeText(char* out) const {

@@ -1,0 +1,41 @@
+#pragma once
+
+// Texts that a document repeats.
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "korrin/foundation/text.h"
+
+namespace korrin::json {
+
+/// Gives equal texts that stand near each other one storage: a plot names the same symbols, stands
+/// and suppliers over and over. Remembers where texts were read into, so they must stay there while
+/// this lives, as fields of records do while their document is read.
+class RecentTexts {
+ public:
+  /// Makes `field` the text `raw`, which is well-formed.
+  void read(std::string_view raw, Text& field) {
+    const Text*& recent = slots_[slotOf(raw)];
+    if (recent != nullptr && std::string_view(*recent) == raw) {
+      field = *recent;
+    } else {
+      field = Text(raw);
+      recent = &field;
+    }
+  }
+
+ private:
+  static constexpr std::size_t slotCount = 64;
+
+  static std::size_t slotOf(std::string_view raw) {
+    if (raw.empty()) return 0;
+    const auto byte = [raw](std::size_t i) { return static_cast<unsigned char>(raw[i]); };
+    return (raw.size() + byte(raw.size() / 2) * 7u + byte(raw.size() - 1) * 13u) % slotCount;
+  }
+
+  std::array<const Text*, slotCount> slots_{};
+};
+
+}  // namespace korrin::json

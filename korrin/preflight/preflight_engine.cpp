@@ -1,0 +1,171 @@
+#include "korrin/preflight/preflight_engine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+
+#include "korrin/preflight/preflight_findings.h"
+
+namespace korrin::PreflightEngine {
+namespace {
+
+using findings::Finding;
+
+class Inspection {
+ public:
+  Inspection(const KorrinProject& project, const std::unordered_set<Text>& knownAssetIDs)
+      : project_(project), knownAssetIDs_(knownAssetIDs) {
+    itemIDs_.reserve(project.items.size());
+    for (const PlotItem& item : project.items) itemIDs_.insert(item.id);
+  }
+
+  std::vector<PreflightIssue> run() && {
+    checkRepeatedNumbers(project_.inputs, &InputChannel::channel, findings::repeatedChannel);
+    checkRepeatedNumbers(project_.monitorMixes, &MonitorMix::number, findings::repeatedMix);
+    for (const InputChannel& input : project_.inputs) {
+      checkSource(input);
+      checkPlacement(input, &findings::inputWithoutSymbol, findings::inputWithLostSymbol);
+    }
+    for (const MonitorMix& mix : project_.monitorMixes) {
+      checkOutput(mix);
+      checkPlacement(mix, &findings::mixWithoutSymbol, findings::mixWithLostSymbol);
+    }
+    for (const EquipmentRequirement& line : project_.equipmentRequirements) {
+      checkQuantity(line);
+      checkPlacement(line, nullptr, findings::equipmentWithLostSymbol);
+    }
+    for (const PlotItem& item : project_.items) {
+      checkLabel(item);
+      checkBounds(item);
+      checkAsset(item);
+    }
+    return std::move(issues_);
+  }
+
+ private:
+  // Every record whose number another record of its list carries too.
+  template <class Record>
+  void checkRepeatedNumbers(const List<Record>& records,
+                            std::optional<std::int64_t> Record::*number, const Finding& finding) {
+    std::unordered_map<std::int64_t, std::size_t> uses;
+    uses.reserve(records.size());
+    for (const Record& record : records)
+      if (record.*number) ++uses[*(record.*number)];
+    for (const Record& record : records) {
+      if (!(record.*number) || uses[*(record.*number)] < 2) continue;
+      report(finding, std::string(finding.title) + std::to_string(*(record.*number)),
+             finding.detail, relatedItem(record), record.id);
+    }
+  }
+
+  void checkSource(const InputChannel& input) {
+    if (input.source.isBlank()) reportRecord(findings::inputWithoutSource, input);
+  }
+
+  void checkOutput(const MonitorMix& mix) {
+    if (!mix.outputPatch.isBlank()) return;
+    // A name of blanks is a name: only one without any characters is replaced.
+    const std::string_view name = mix.name.empty() ? "this mix" : std::string_view(mix.name);
+    const Finding& finding = findings::mixWithoutOutput;
+    report(finding, finding.title, std::string(finding.detail).append(name) + ".", relatedItem(mix),
+           mix.id);
+  }
+
+  void checkQuantity(const EquipmentRequirement& line) {
+    if (line.quantity < 1) reportRecord(findings::equipmentWithoutQuantity, line);
+  }
+
+  // A record linked to no item (a finding unless `unplaced` is null), or to one that is gone.
+  template <class Record>
+  void checkPlacement(const Record& record, const Finding* unplaced, const Finding& lost) {
+    const Finding* const finding = record.plotItemID ? &lost : unplaced;
+    if (finding != nullptr && !relatedItem(record)) reportRecord(*finding, record);
+  }
+
+  void checkLabel(const PlotItem& item) {
+    if (item.style.labelVisible && item.label.isBlank())
+      reportItem(findings::symbolWithoutLabel, item);
+  }
+
+  // The unrotated box; an edge that lies on the stage's edge is inside, and so is what cannot be
+  // compared.
+  void checkBounds(const PlotItem& item) {
+    const StageSize& stage = project_.stage.size;
+    if (stage.width * 0.5 < std::fabs(item.position.x) + item.size.width * 0.5 ||
+        stage.height * 0.5 < std::fabs(item.position.y) + item.size.height * 0.5)
+      reportItem(findings::symbolOffStage, item);
+  }
+
+  void checkAsset(const PlotItem& item) {
+    if (knownAssetIDs_.empty() || knownAssetIDs_.contains(item.assetID) ||
+        embeddedAssetIDs().contains(item.assetID))
+      return;
+    reportItem(findings::symbolWithoutAsset, item);
+  }
+
+  // Gathered when the first item asks, so that a long manifest is walked once and not once an item.
+  const std::unordered_set<Text>& embeddedAssetIDs() {
+    if (embeddedAssetIDs_.empty())
+      for (const AssetManifestEntry& entry : project_.assetManifest)
+        embeddedAssetIDs_.insert(entry.sha256);
+    return embeddedAssetIDs_;
+  }
+
+  // The item that a record points at, when the project holds it.
+  template <class Record>
+  std::optional<UUID> relatedItem(const Record& record) const {
+    return record.plotItemID && itemIDs_.contains(*record.plotItemID) ? record.plotItemID
+                                                                      : std::nullopt;
+  }
+
+  template <class Record>
+  void reportRecord(const Finding& finding, const Record& record) {
+    report(finding, finding.title, finding.detail, relatedItem(record), record.id);
+  }
+  void reportItem(const Finding& finding, const PlotItem& item) {
+    report(finding, finding.title, finding.detail, item.id, std::nullopt);
+  }
+  void report(const Finding& finding, Text title, Text detail, std::optional<UUID> relatedID,
+              std::optional<UUID> recordID) {
+    issues_.emplace_back(finding.rule, finding.severity, std::move(title), std::move(detail),
+                         relatedID, recordID);
+  }
+
+  const KorrinProject& project_;
+  const std::unordered_set<Text>& knownAssetIDs_;
+  IDSet itemIDs_;
+  std::unordered_set<Text> embeddedAssetIDs_;
+  std::vector<PreflightIssue> issues_;
+};
+
+int sortRank(PreflightSeverity severity) {
+  switch (severity) {
+    case PreflightSeverity::error:
+      return 0;
+    case PreflightSeverity::warning:
+      return 1;
+    case PreflightSeverity::information:
+      return 2;
+  }
+  return 3;
+}
+
+bool standsBefore(const PreflightIssue& a, const PreflightIssue& b) {
+  if (a.severity != b.severity) return sortRank(a.severity) < sortRank(b.severity);
+  return std::tie(a.title, a.detail, a.id) < std::tie(b.title, b.detail, b.id);
+}
+
+}  // namespace
+
+std::vector<PreflightIssue> inspect(const KorrinProject& project,
+                                    const std::unordered_set<Text>& knownAssetIDs) {
+  std::vector<PreflightIssue> issues = Inspection(project, knownAssetIDs).run();
+  std::ranges::sort(issues, standsBefore);
+  return issues;
+}
+
+}  // namespace korrin::PreflightEngine

@@ -1,0 +1,83 @@
+#include "korrin/validation/pdf/first_page_box.h"
+
+#include <algorithm>
+
+#include "korrin/validation/pdf/cross_references.h"
+#include "korrin/validation/pdf/encryption.h"
+#include "korrin/validation/pdf/page_tree.h"
+#include "korrin/validation/pdf/recovery.h"
+
+namespace korrin {
+namespace {
+
+using namespace pdf;
+
+constexpr PdfPage unreadablePage{PdfOutcome::unreadable, 0, 0};
+
+// Where the document begins. A file may have lost its header and begin with the comment of high
+// bytes that writers put under it; no other file is a PDF without one.
+std::optional<std::size_t> headerOffsetOf(std::string_view file) {
+  const std::size_t header = file.substr(0, limits::headerWindow).find("%PDF-");
+  if (header != file.npos) return header;
+  const bool isMarkedBinary =
+      file.size() > 1 && file[0] == '%' && static_cast<unsigned char>(file[1]) >= 0x80;
+  return isMarkedBinary && file.find("%PDF-") == file.npos ? std::optional<std::size_t>(0)
+                                                           : std::nullopt;
+}
+
+// What following the document's own cross-references came to. It is final when they were in good
+// order as far as they were followed: then even a document without pages is believed.
+struct Attempt {
+  std::optional<PdfPage> page;
+  bool isFinal;
+};
+
+Attempt readByCrossReferences(std::string_view file, std::size_t headerOffset, Budget& budget) {
+  CrossReferences references(file, headerOffset, budget);
+  if (!references.load()) return {std::nullopt, false};
+  Objects objects(file, references, budget);
+  const Trailer& trailer = references.trailer();
+  auto lock = unlock(objects, trailer.encrypt, trailer.identifiers);
+  std::optional<PdfPage> page;
+  if (!std::holds_alternative<Locked>(lock)) {
+    if (auto* decryption = std::get_if<Decryption>(&lock))
+      objects.decryptWith(std::move(*decryption));
+    page = firstPage(objects, trailer.root);
+  }
+  return {page, !references.foundDamage() && !objects.foundDamage()};
+}
+
+std::optional<PdfPage> readByRecovery(std::string_view file, Budget& budget) {
+  RecoveredObjects recovered(file, budget);
+  recovered.scan();
+  Objects objects(file, recovered, budget);
+  const std::vector<Trailer> trailers = recovered.trailers();
+  // One trailer that speaks of encryption is enough: the pages must not be reached past it.
+  const auto encrypted = std::find_if(trailers.begin(), trailers.end(), [](const Trailer& trailer) {
+    return !trailer.encrypt.isNull();
+  });
+  if (encrypted != trailers.end()) {
+    auto lock = unlock(objects, encrypted->encrypt, encrypted->identifiers);
+    if (std::holds_alternative<Locked>(lock)) return std::nullopt;
+    if (auto* decryption = std::get_if<Decryption>(&lock))
+      objects.decryptWith(std::move(*decryption));
+  }
+  recovered.addCompressedObjects(objects);
+  for (const Trailer& trailer : trailers)
+    if (const auto page = firstPage(objects, trailer.root)) return page;
+  return std::nullopt;
+}
+
+}  // namespace
+
+PdfPage readFirstPage(std::span<const std::byte> bytes) {
+  const std::string_view file = asText(bytes);
+  const auto headerOffset = headerOffsetOf(file);
+  if (!headerOffset) return unreadablePage;
+  Budget budget(file.size());
+  const Attempt attempt = readByCrossReferences(file, *headerOffset, budget);
+  const auto page = attempt.isFinal ? attempt.page : readByRecovery(file, budget);
+  return page && !budget.isExhausted() ? *page : unreadablePage;
+}
+
+}  // namespace korrin

@@ -1,0 +1,31 @@
+#pragma once
+
+// The one fact that the check on embedded PDFs needs: how large the first page is. Nothing else of
+// a document is read, nothing is drawn, and what is read stays inside fixed budgets of time, memory
+// and stack, whatever the bytes are.
+
+#include <cstddef>
+#include <span>
+
+namespace korrin {
+
+enum class PdfOutcome {
+  unreadable,  ///< Not a PDF, no first page, a password is needed, or a budget is used up.
+  noBox,       ///< The first page has no media box, or one that is not four numbers.
+  box,         ///< The first page has a media box of four numbers.
+};
+
+/// The first page as far as it could be read. `width` and `height` are the extents of its media box
+/// in points with the corners in order, never negative: 0 for a degenerate box, infinite for one
+/// whose numbers overflow, and 0 unless the outcome is `box`.
+struct PdfPage {
+  PdfOutcome outcome;
+  double width;
+  double height;
+};
+
+/// Reads the media box of the first page of the PDF in `bytes`. Allocates at most 48 MiB, uses no
+/// stack that grows with the input, keeps nothing and reads nothing but `bytes`.
+PdfPage readFirstPage(std::span<const std::byte> bytes);
+
+}  // namespace korrin

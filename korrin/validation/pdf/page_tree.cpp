@@ -1,0 +1,105 @@
+#include "korrin/validation/pdf/page_tree.h"
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace korrin::pdf {
+namespace {
+
+// A node whose children are being visited.
+struct Node {
+  Place kids;  // Where the next child is read.
+  Place box;   // Where its media box begins,
+  bool hasBox = false;
+};
+
+std::optional<std::array<double, 4>> corners(Objects& objects, const Value& box) {
+  if (box.kind != Value::Kind::array) return std::nullopt;
+  auto scanner = objects.at(box.place);
+  if (!scanner) return std::nullopt;
+  scanner->next();
+  std::array<Value, 4> values;
+  for (Value& value : values) {
+    const auto read = readValue(*scanner);
+    if (!read) return std::nullopt;
+    value = *read;
+  }
+  if (scanner->next().kind != Token::Kind::arrayClose) return std::nullopt;
+  std::array<double, 4> numbers{};
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const Value number = objects.resolve(values[i]);
+    if (number.kind != Value::Kind::number) return std::nullopt;
+    numbers[i] = number.number;
+  }
+  return numbers;
+}
+
+// The box nearest to the page counts, even one that turns out not to be a box; only null is as good
+// as no entry.
+PdfPage measured(Objects& objects, const Value& own, const std::vector<Node>& path) {
+  Value box = objects.resolve(own);
+  for (auto node = path.rbegin(); box.isNull() && node != path.rend(); ++node) {
+    if (!node->hasBox) continue;
+    auto scanner = objects.at(node->box);
+    if (scanner) box = objects.resolve(readValueHead(*scanner).value_or(Value{}));
+  }
+  const auto numbers = corners(objects, box);
+  if (!numbers) return {PdfOutcome::noBox, 0, 0};
+  const auto [left, bottom, right, top] = *numbers;
+  return {PdfOutcome::box, std::abs(right - left), std::abs(top - bottom)};
+}
+
+// What the tree knows of a node before it decides where to go on.
+struct Entries {
+  Value kids;
+  Value box;
+};
+
+Entries entriesOf(Objects& objects, const Value& node) {
+  const auto [kids, box] =
+      objects.entries(node, std::array<std::string_view, 2>{"Kids", "MediaBox"});
+  return {objects.resolve(kids), box};
+}
+
+}  // namespace
+
+std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
+  const auto [pages] = objects.entries(root, std::array<std::string_view, 1>{"Pages"});
+  Value next = objects.resolve(pages);
+  if (next.kind != Value::Kind::dictionary) return std::nullopt;
+  std::vector<Node> path;
+  while (true) {
+    if (next.kind == Value::Kind::dictionary) {
+      auto scanner = objects.at(next.place);
+      if (!scanner) return std::nullopt;
+      if (!scanner->budget().treeNode()) return std::nullopt;
+      if (path.size() == limits::treeDepth) {
+        scanner->budget().exhaust();
+        return std::nullopt;
+      }
+      const Entries entries = entriesOf(objects, next);
+      if (entries.kids.kind != Value::Kind::array) {
+        // Nothing shows that a root without children is a page, unless it has a box.
+        if (path.empty() && entries.box.isNull()) return std::nullopt;
+        return measured(objects, entries.box, path);
+      }
+      // The list is entered behind its opening bracket.
+      Place kids = entries.kids.place;
+      ++kids.offset;
+      path.push_back({kids, entries.box.place, !entries.box.isNull()});
+    }
+    std::optional<Value> child;
+    while (!child) {
+      if (path.empty()) return std::nullopt;
+      auto scanner = objects.at(path.back().kids);
+      if (!scanner) return std::nullopt;
+      child = readValue(*scanner);
+      path.back().kids = scanner->place(scanner->position());
+      if (!child) path.pop_back();
+    }
+    next = objects.resolve(*child);
+  }
+}
+
+}  // namespace korrin::pdf

@@ -1,0 +1,167 @@
+#include "korrin/validation/pdf/recovery.h"
+
+#include <algorithm>
+#include <limits>
+#include <tuple>
+
+namespace korrin::pdf {
+namespace {
+
+// Digits of an object's number and of its generation, and the blanks between them, beyond which
+// "obj" is taken for chance.
+constexpr std::size_t mostNumberDigits = 10;
+constexpr std::size_t mostGenerationDigits = 5;
+constexpr std::size_t mostBlanks = 16;
+
+bool standsAt(std::string_view file, std::size_t offset, std::string_view word) {
+  return file.substr(offset, word.size()) == word;
+}
+
+bool endsWordAt(std::string_view file, std::size_t offset) {
+  return offset >= file.size() || !isRegular(file[offset]);
+}
+
+// Moves `end` back over blanks, of which there must be one.
+bool backOverBlanks(std::string_view file, std::size_t& end) {
+  const std::size_t start = end;
+  while (end > 0 && start - end < mostBlanks && isWhiteSpace(file[end - 1])) --end;
+  return end < start;
+}
+
+// Moves `end` back over the digits of a number, all of them.
+bool backOverDigits(std::string_view file, std::size_t& end, std::size_t most) {
+  const std::size_t start = end;
+  while (end > 0 && start - end <= most && isDigit(file[end - 1])) --end;
+  return end < start && start - end <= most;
+}
+
+}  // namespace
+
+std::vector<std::size_t> RecoveredObjects::Offsets::list() const {
+  std::vector<std::size_t> list;
+  for (std::size_t i = 0; i < std::min(count_, offsets_.size()); ++i)
+    list.push_back(offsets_[(count_ - 1 - i) % offsets_.size()]);
+  return list;
+}
+
+void RecoveredObjects::scan() {
+  if (!budget_->scan(file_.size())) return;
+  for (std::size_t i = 0; i < file_.size() && !budget_->isExhausted();) {
+    switch (file_[i]) {
+      case 'o':
+        i = passObject(i);
+        break;
+      case '/':
+        i = passName(i);
+        break;
+      case 's':
+        i = passStream(i);
+        break;
+      case 't':
+        if (standsAt(file_, i, "trailer")) trailers_.add(i);
+        [[fallthrough]];
+      default:
+        ++i;
+    }
+  }
+  sort();
+}
+
+std::size_t RecoveredObjects::passObject(std::size_t keyword) {
+  if (!standsAt(file_, keyword, "obj")) return keyword + 1;
+  const std::size_t next = keyword + 3;
+  std::size_t start = keyword;
+  if (!backOverBlanks(file_, start) || !backOverDigits(file_, start, mostGenerationDigits) ||
+      !backOverBlanks(file_, start) || !backOverDigits(file_, start, mostNumberDigits))
+    return next;
+  Scanner scanner(file_, *budget_, start);
+  const auto header = takeObjectHeader(scanner);
+  if (!header) return next;
+  add({header->number, 0, start});
+  return next;
+}
+
+// The names that tell what the object around them is for.
+std::size_t RecoveredObjects::passName(std::size_t slash) {
+  if (entries_.empty()) return slash + 1;
+  const Entry& object = entries_.back();
+  const auto is = [&](std::string_view name) {
+    return standsAt(file_, slash, name) && endsWordAt(file_, slash + name.size());
+  };
+  if (is("/XRef"))
+    trailers_.add(object.offset);
+  else if (is("/ObjStm") && (objectStreams_.empty() || objectStreams_.back() != object.number))
+    objectStreams_.push_back(object.number);
+  return slash + 1;
+}
+
+// What is in a stream may look like objects; it is passed up to the end of the stream or, where
+// that is missing, of the object.
+std::size_t RecoveredObjects::passStream(std::size_t keyword) {
+  if (noMoreEnds_ || !standsAt(file_, keyword, "stream")) return keyword + 1;
+  std::size_t before = keyword;
+  backOverBlanks(file_, before);
+  if (before < 2 || !standsAt(file_, before - 2, ">>")) return keyword + 1;
+  for (std::size_t end = file_.find("end", keyword); end != file_.npos;
+       end = file_.find("end", end + 1))
+    if (standsAt(file_, end, "endstream") || standsAt(file_, end, "endobj")) return end + 3;
+  // Nothing says how far this stream goes, nor any after it: they are searched like the rest.
+  noMoreEnds_ = true;
+  return keyword + 1;
+}
+
+void RecoveredObjects::add(const Entry& entry) {
+  if (entries_.size() == limits::recoveredObjects) return budget_->exhaust();
+  entries_.push_back(entry);
+}
+
+void RecoveredObjects::sort() {
+  const auto before = [](const Entry& a, const Entry& b) {
+    return std::tie(a.number, a.offset) < std::tie(b.number, b.offset);
+  };
+  std::sort(entries_.begin(), entries_.end(), before);
+}
+
+std::vector<Trailer> RecoveredObjects::trailers() const {
+  std::vector<Trailer> trailers;
+  for (const std::size_t offset : trailers_.list()) {
+    Scanner scanner(file_, *budget_, offset);
+    if (!scanner.takeKeyword("trailer") && !takeObjectHeader(scanner)) continue;
+    const auto [root, encrypt, identifiers] =
+        readEntries(scanner, std::array<std::string_view, 3>{"Root", "Encrypt", "ID"});
+    trailers.push_back({root, encrypt, identifiers});
+  }
+  return trailers;
+}
+
+void RecoveredObjects::addCompressedObjects(Objects& objects) {
+  std::vector<std::uint32_t> containers = std::exchange(objectStreams_, {});
+  std::sort(containers.begin(), containers.end());
+  containers.erase(std::unique(containers.begin(), containers.end()), containers.end());
+  const std::size_t ordinary = entries_.size();
+  for (const std::uint32_t container : containers) {
+    const ObjectPlace place = find(container);
+    const auto stream = objects.openOrdinary(container);
+    auto head = stream ? objects.openObjectStreamHead(*stream) : std::nullopt;
+    if (!head) continue;
+    for (std::size_t i = 0; i < head->count; ++i) {
+      const auto number = head->scanner.takeCount();
+      if (!number || !head->scanner.takeCount()) break;
+      if (*number > std::numeric_limits<std::uint32_t>::max()) break;
+      add({static_cast<std::uint32_t>(*number), container, place.offset});
+    }
+  }
+  if (entries_.size() > ordinary) sort();
+}
+
+ObjectPlace RecoveredObjects::find(std::uint32_t number) {
+  const auto after = std::upper_bound(
+      entries_.begin(), entries_.end(), number,
+      [](std::uint32_t wanted, const Entry& entry) { return wanted < entry.number; });
+  if (after == entries_.begin() || std::prev(after)->number != number) return {};
+  const Entry& entry = *std::prev(after);
+  if (entry.container == 0) return {ObjectPlace::Kind::ordinary, entry.offset, 0, 0};
+  return {ObjectPlace::Kind::compressed, 0, entry.container, 0};
+}
+
+}  // namespace korrin::pdf

@@ -1,0 +1,66 @@
+#pragma once
+
+// What is left of a document whose cross-references fail: one pass over the whole file finds every
+// "12 0 obj", the object streams among them, and whatever may serve as a trailer. The last
+// definition of an object wins.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "korrin/validation/pdf/cross_references.h"
+#include "korrin/validation/pdf/objects.h"
+
+namespace korrin::pdf {
+
+class RecoveredObjects : public ObjectTable {
+ public:
+  RecoveredObjects(std::string_view file, Budget& budget) : file_(file), budget_(&budget) {}
+
+  /// The pass over the file.
+  void scan();
+
+  /// What trailers and cross-reference streams say, the last one first.
+  std::vector<Trailer> trailers() const;
+
+  /// Adds what is in the object streams, once `objects` can decrypt them.
+  void addCompressedObjects(Objects& objects);
+
+  ObjectPlace find(std::uint32_t number) override;
+
+ private:
+  struct Entry {
+    std::uint32_t number;
+    std::uint32_t container;  ///< The object stream that holds it; 0 for an object of the file.
+    std::size_t offset;       ///< Where the object, or the object stream, begins in the file.
+  };
+
+  /// The last few offsets of one kind.
+  class Offsets {
+   public:
+    void add(std::size_t offset) { offsets_[count_++ % offsets_.size()] = offset; }
+    /// The last one first.
+    std::vector<std::size_t> list() const;
+
+   private:
+    std::array<std::size_t, limits::recoveredTrailers> offsets_{};
+    std::size_t count_ = 0;
+  };
+
+  std::size_t passObject(std::size_t keyword);
+  std::size_t passName(std::size_t slash);
+  std::size_t passStream(std::size_t keyword);
+  void add(const Entry& entry);
+  void sort();
+
+  std::string_view file_;
+  Budget* budget_;
+  std::vector<Entry> entries_;
+  std::vector<std::uint32_t> objectStreams_;
+  Offsets trailers_;
+  bool noMoreEnds_ = false;
+};
+
+}  // namespace korrin::pdf

@@ -1,0 +1,150 @@
+#include "korrin/validation/pdf/stream_decoder.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include <zlib.h>
+
+namespace korrin::pdf {
+namespace {
+
+// Ends the inflation on every path.
+class Inflation {
+ public:
+  Inflation() : ready_(inflateInit(&stream) == Z_OK) {}
+  ~Inflation() {
+    if (ready_) inflateEnd(&stream);
+  }
+  Inflation(const Inflation&) = delete;
+  Inflation& operator=(const Inflation&) = delete;
+  bool isReady() const { return ready_; }
+
+  z_stream stream{};
+
+ private:
+  bool ready_;
+};
+
+constexpr std::size_t firstOutput = 4096;
+
+std::uint8_t at(const Bytes& bytes, std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); }
+
+std::uint8_t paeth(int left, int up, int upLeft) {
+  const int estimate = left + up - upLeft;
+  const int toLeft = std::abs(estimate - left);
+  const int toUp = std::abs(estimate - up);
+  const int toUpLeft = std::abs(estimate - upLeft);
+  if (toLeft <= toUp && toLeft <= toUpLeft) return static_cast<std::uint8_t>(left);
+  return static_cast<std::uint8_t>(toUp <= toUpLeft ? up : upLeft);
+}
+
+// Rows lose the byte that names their filter and so move towards the front; the row above already
+// stands where it belongs.
+void undoPngRows(Bytes& bytes, std::size_t rowSize, std::size_t pixelSize) {
+  std::size_t in = 0;
+  std::size_t out = 0;
+  while (in + 1 < bytes.size()) {
+    const unsigned filter = at(bytes, in++);
+    const std::size_t count = std::min(rowSize, bytes.size() - in);
+    const bool hasRowAbove = out > 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      const unsigned raw = at(bytes, in + i);
+      const unsigned left = i >= pixelSize ? at(bytes, out + i - pixelSize) : 0u;
+      const unsigned up = hasRowAbove ? at(bytes, out + i - rowSize) : 0u;
+      unsigned predicted = 0;
+      if (filter == 1) {
+        predicted = left;
+      } else if (filter == 2) {
+        predicted = up;
+      } else if (filter == 3) {
+        predicted = (left + up) / 2;
+      } else if (filter == 4) {
+        const unsigned upLeft =
+            hasRowAbove && i >= pixelSize ? at(bytes, out + i - rowSize - pixelSize) : 0u;
+        predicted = paeth(static_cast<int>(left), static_cast<int>(up), static_cast<int>(upLeft));
+      }
+      bytes[out + i] = static_cast<std::byte>((raw + predicted) & 0xFF);
+    }
+    in += count;
+    out += count;
+  }
+  bytes.resize(out);
+}
+
+void undoTiffRows(Bytes& bytes, std::size_t rowSize, std::size_t pixelSize) {
+  for (std::size_t row = 0; row < bytes.size(); row += rowSize) {
+    const std::size_t end = std::min(row + rowSize, bytes.size());
+    for (std::size_t i = row + pixelSize; i < end; ++i)
+      bytes[i] = static_cast<std::byte>((at(bytes, i) + at(bytes, i - pixelSize)) & 0xFF);
+  }
+}
+
+}  // namespace
+
+std::optional<Bytes> copy(ByteSource& source, std::size_t wanted, Budget& budget) {
+  Bytes output;
+  for (auto piece = source.next(); !piece.empty() && output.size() < wanted;
+       piece = source.next()) {
+    piece = piece.first(std::min(piece.size(), wanted - output.size()));
+    if (piece.size() > limits::inflatedStream - output.size()) budget.exhaust();
+    if (!budget.inflate(piece.size())) return std::nullopt;
+    output.insert(output.end(), piece.begin(), piece.end());
+  }
+  return output;
+}
+
+std::optional<Bytes> inflate(ByteSource& source, std::size_t wanted, Budget& budget) {
+  Inflation inflation;
+  if (!inflation.isReady()) return std::nullopt;
+  z_stream& stream = inflation.stream;
+  // One byte more than allowed tells a stream that ends at the limit from one that goes on.
+  const std::size_t capacity = std::min(wanted, limits::inflatedStream + 1);
+  Bytes output;
+  std::size_t size = 0;
+  int status = Z_OK;
+  std::span<const std::byte> input;
+  while (status == Z_OK && size < capacity) {
+    if (stream.avail_in == 0) {
+      if (input.empty()) input = source.next();
+      if (input.empty()) break;
+      const auto count = static_cast<uInt>(std::min(input.size(), std::size_t{1} << 30));
+      stream.next_in = reinterpret_cast<Bytef*>(const_cast<std::byte*>(input.data()));
+      stream.avail_in = count;
+      input = input.subspan(count);
+    }
+    if (size == output.size())
+      output.resize(std::min(capacity, std::max(firstOutput, output.size() * 2)));
+    stream.next_out = reinterpret_cast<Bytef*>(output.data() + size);
+    stream.avail_out = static_cast<uInt>(output.size() - size);
+    status = ::inflate(&stream, Z_NO_FLUSH);
+    const std::size_t made = output.size() - size - stream.avail_out;
+    if (!budget.inflate(made)) return std::nullopt;
+    size += made;
+  }
+  if (size > limits::inflatedStream) {
+    budget.exhaust();
+    return std::nullopt;
+  }
+  output.resize(size);
+  return output;
+}
+
+bool undoPredictor(Bytes& bytes, const Predictor& predictor) {
+  if (predictor.algorithm <= 1) return true;
+  const auto [algorithm, colors, bits, columns] = predictor;
+  constexpr std::size_t largest = limits::inflatedStream;
+  if (colors < 1 || colors > 32 || bits < 1 || bits > 16 || columns < 1 || columns > largest)
+    return false;
+  const std::size_t pixelSize = (colors * bits + 7) / 8;
+  const std::size_t rowSize = (colors * bits * columns + 7) / 8;
+  if (rowSize > largest) return false;
+  if (algorithm == 2 && bits == 8) {
+    undoTiffRows(bytes, rowSize, pixelSize);
+    return true;
+  }
+  if (algorithm < 10 || algorithm > 15) return false;
+  undoPngRows(bytes, rowSize, pixelSize);
+  return true;
+}
+
+}  // namespace korrin::pdf

@@ -1,0 +1,43 @@
+#pragma once
+
+// What the header of a raster image says: its container format and the size of its first image.
+// These are facts, not verdicts: whether an image is safe to accept is decided by
+// RasterAssetSafety. Pixels are never decoded and nothing is allocated.
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace korrin {
+
+/// The container formats that are read. TIFF includes BigTIFF.
+enum class RasterFormat { png, jpeg, gif, bmp, tiff, webp, heif, avif };
+
+/// The format's usual name, such as "PNG".
+std::string_view name(RasterFormat format) noexcept;
+
+/// Width and height in pixels as stored, before any orientation or crop is applied. Either may be
+/// zero: headers can say so.
+struct PixelSize {
+  std::uint64_t width;
+  std::uint64_t height;
+
+  friend bool operator==(const PixelSize&, const PixelSize&) = default;
+};
+
+struct RasterFacts {
+  /// Known from the first bytes, however damaged the rest is.
+  RasterFormat format;
+  /// Absent when the header is damaged, cut short or takes an unreasonable number of steps.
+  std::optional<PixelSize> size;
+
+  friend bool operator==(const RasterFacts&, const RasterFacts&) = default;
+};
+
+/// The format, chosen by content alone, and the size of the image that `bytes` holds; nothing for
+/// bytes that no format claims, empty ones included. Never fails.
+std::optional<RasterFacts> readRasterFacts(std::span<const std::byte> bytes) noexcept;
+
+}  // namespace korrin

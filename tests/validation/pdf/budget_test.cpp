@@ -1,0 +1,253 @@
+// Each limit of pdf_budget.h is met by one document that just stays below it and one that just goes
+// beyond.
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "korrin/validation/pdf/pdf_budget.h"
+
+#include "tests/support/pdf_builder.h"
+#include "tests/support/pdf_matchers.h"
+
+namespace korrin {
+namespace {
+
+using namespace test;
+namespace limits = pdf::limits;
+
+std::string repeated(std::string_view text, std::size_t times) {
+  std::string result;
+  for (std::size_t i = 0; i < times; ++i) result += text;
+  return result;
+}
+
+// One page in an object stream whose data is as long as `size`.
+PdfPage pageInStreamOf(std::size_t size, const std::string& filters, bool twice) {
+  const std::string head = "3 0 <</MediaBox[0 0 3 3]>>";
+  std::string data = deflated(head + std::string(size - head.size(), ' '));
+  if (twice) data = deflated(data);
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .stream(4, "/Type/ObjStm/N 1/First 4/Filter[" + filters + "]", data)
+      .pretendIn(3, 4, 0)
+      .crossReferenceStream(9);
+  return pageOf(pdf.file());
+}
+
+TEST(Budget, AllowsAStreamOfTheLargestSize) {
+  EXPECT_EQ(pageInStreamOf(limits::inflatedStream, "/FlateDecode", false), box(3, 3));
+  EXPECT_EQ(pageInStreamOf(limits::inflatedStream + 1, "/FlateDecode", false), unreadable);
+}
+
+TEST(Budget, AllowsAStreamOfTheLargestSizeDeflatedTwice) {
+  EXPECT_EQ(pageInStreamOf(limits::inflatedStream, "/FlateDecode/FlateDecode", true), box(3, 3));
+  EXPECT_EQ(pageInStreamOf(limits::inflatedStream + 1, "/FlateDecode/FlateDecode", true),
+            unreadable);
+}
+
+TEST(Budget, AllowsSoMuchDataInAllStreams) {
+  // Nulls in large object streams stand before the page; the rows of the cross-reference stream
+  // count, too.
+  const std::size_t streams = limits::inflatedInAll / limits::inflatedStream;
+  const auto pageBehind = [&](std::size_t lastSize) {
+    PdfBuilder pdf;
+    std::string kids;
+    for (std::size_t i = 0; i < streams; ++i) {
+      const auto number = static_cast<std::uint32_t>(1000 + i);
+      std::string data = std::to_string(number) + " 0 null";
+      data.resize(i + 1 == streams ? lastSize : limits::inflatedStream, ' ');
+      pdf.stream(number + 1000, "/Type/ObjStm/N 1/First 7/Filter/FlateDecode", deflated(data));
+      pdf.pretendIn(number, number + 1000, 0);
+      kids += std::to_string(number) + " 0 R ";
+    }
+    pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[" + kids + "3 0 R]>>");
+    pdf.object(3, "<</MediaBox[0 0 3 3]>>").crossReferenceStream(9);
+    return pageOf(pdf.file());
+  };
+  const std::size_t objects = 2 * streams + 4;
+  const std::size_t rows = 7 * objects;
+  EXPECT_EQ(pageBehind(limits::inflatedStream - rows), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::inflatedStream - rows + 1), unreadable);
+}
+
+TEST(Budget, AllowsSoManyLookUps) {
+  const auto pageBehind = [](std::size_t absent) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated("7 0 R ", absent) + "3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>")
+        .pretendFree(7)
+        .table();
+    return pageOf(pdf.file());
+  };
+  // The catalogue, the tree and the page are looked up as well.
+  EXPECT_EQ(pageBehind(limits::lookUps - 3), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::lookUps - 2), unreadable);
+}
+
+TEST(Budget, AllowsSoManyTreeNodes) {
+  const auto pageBehind = [](std::size_t nodes) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated("<</Kids[]>>", nodes) + "3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>")
+        .table();
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageBehind(limits::treeNodes - 2), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::treeNodes - 1), unreadable);
+}
+
+TEST(Budget, AllowsATreeOfSuchDepth) {
+  const auto pageUnder = [](std::size_t levels) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>");
+    for (std::uint32_t node = 2; node < levels + 1; ++node)
+      pdf.object(node, "<</Kids[" + std::to_string(node + 1) + " 0 R]>>");
+    pdf.object(static_cast<std::uint32_t>(levels + 1), "<</MediaBox[0 0 3 3]>>").table();
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageUnder(limits::treeDepth), box(3, 3));
+  EXPECT_EQ(pageUnder(limits::treeDepth + 1), unreadable);
+}
+
+TEST(Budget, AllowsSuchNesting) {
+  const auto pageWith = [](std::size_t arrays) {
+    return pageOf(
+        onePage("/Nested" + repeated("[", arrays) + repeated("]", arrays) + "/MediaBox[0 0 3 3]"));
+  };
+  // The arrays nest in the value that they are.
+  EXPECT_EQ(pageWith(limits::nesting), box(3, 3));
+  EXPECT_EQ(pageWith(limits::nesting + 1), unreadable);
+}
+
+TEST(Budget, AllowsAChainOfSoManyReferences) {
+  const auto pageBehind = [](std::size_t references) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[3 0 R]>>")
+        .object(3, "<</MediaBox 10 0 R>>");
+    for (std::uint32_t i = 0; i + 1 < references; ++i)
+      pdf.object(10 + i, std::to_string(11 + i) + " 0 R");
+    pdf.object(static_cast<std::uint32_t>(9 + references), "[0 0 3 3]").table();
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageBehind(limits::referenceChain), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::referenceChain + 1), unreadable);
+}
+
+TEST(Budget, AllowsSoManyCrossReferenceSections) {
+  const auto pageBehind = [](std::size_t sections) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>");
+    for (std::size_t i = 0; i < sections; ++i) pdf.table();
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageBehind(limits::crossReferenceSections), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::crossReferenceSections + 1), unreadable);
+}
+
+TEST(Budget, AllowsSoMuchCrossReferenceData) {
+  // Sections of one row each, filled up with rows beyond the ones that are listed.
+  const std::size_t whole = limits::crossReferenceBytes / limits::inflatedStream;
+  const auto pageBehind = [&](std::size_t lastSize) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>");
+    std::size_t previous = 0;
+    for (std::size_t i = 0; i <= whole; ++i) {
+      std::string rows(i == whole ? lastSize
+                       : i == 0   ? limits::inflatedStream - 28
+                                  : limits::inflatedStream,
+                       '\0');
+      std::string entries = "/Type/XRef/W[1 4 2]/Filter/FlateDecode/Root 1 0 R/Size 4";
+      if (i == 0) {
+        rows.replace(0, 28, 28, '\0');
+        for (const char* header : {"1 0 obj", "2 0 obj", "3 0 obj"})
+          rows.replace(static_cast<std::size_t>(7 * (header[0] - '0')), 7,
+                       "\x01" + bigEndian(pdf.file().find(header), 4) + bigEndian(0, 2));
+      } else {
+        entries += "/Index[9 1]/Prev " + std::to_string(previous);
+      }
+      previous = pdf.offset();
+      pdf.stream(static_cast<std::uint32_t>(10 + i), entries, deflated(rows));
+    }
+    pdf.raw("startxref\n" + std::to_string(previous) + "\n%%EOF\n");
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageBehind(28), box(3, 3));
+  EXPECT_EQ(pageBehind(29), unreadable);
+}
+
+TEST(Budget, AllowsSoManyScannedBytes) {
+  // The same long comment is passed at each look-up of one object.
+  const auto pageWith = [](std::size_t comment, std::size_t times) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated("4 0 R ", times) + "3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>")
+        .object(4, "%" + std::string(comment, '.') + "\nnull")
+        .table();
+    return pageOf(pdf.file());
+  };
+  const std::size_t comment = limits::scannedBase;
+  // Nine times the input: eight are free, and the fixed part makes up for the ninth.
+  EXPECT_EQ(pageWith(comment, limits::scannedPerInputByte), box(3, 3));
+  EXPECT_EQ(pageWith(comment, limits::scannedPerInputByte + 2), unreadable);
+}
+
+TEST(Budget, CountsScannedBytesExactly) {
+  pdf::Budget budget(10);
+  EXPECT_TRUE(budget.scan(limits::scannedBase + 10 * limits::scannedPerInputByte));
+  EXPECT_FALSE(budget.isExhausted());
+  EXPECT_FALSE(budget.scan(1));
+  EXPECT_TRUE(budget.isExhausted());
+}
+
+TEST(Budget, PaysForNothingOnceItIsUsedUp) {
+  pdf::Budget budget(10);
+  EXPECT_FALSE(budget.inflate(limits::inflatedInAll + 1));
+  EXPECT_FALSE(budget.scan(1));
+  EXPECT_FALSE(budget.lookUp());
+  EXPECT_FALSE(budget.treeNode());
+  EXPECT_FALSE(budget.crossReferenceSection());
+}
+
+TEST(Budget, OfAnInputOfAnySizeDoesNotOverflow) {
+  pdf::Budget budget(static_cast<std::size_t>(-1));
+  EXPECT_TRUE(budget.scan(std::size_t{1} << 62));
+}
+
+TEST(Budget, AllowsSoManyRecoveredObjects) {
+  const auto pageAmong = [](std::size_t objects) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>");
+    pdf.raw(repeated("9 0 obj\n", objects - 3)).raw("trailer<</Root 1 0 R>>");
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageAmong(limits::recoveredObjects), box(3, 3));
+  EXPECT_EQ(pageAmong(limits::recoveredObjects + 1), unreadable);
+}
+
+TEST(Budget, TriesSoManyRecoveredTrailers) {
+  const auto pageBefore = [](std::size_t trailers) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>");
+    pdf.raw("trailer<</Root 1 0 R>>\n").raw(repeated("trailer<<>>\n", trailers));
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageBefore(limits::recoveredTrailers - 1), box(3, 3));
+  EXPECT_EQ(pageBefore(limits::recoveredTrailers), unreadable);
+}
+
+}  // namespace
+}  // namespace korrin

@@ -1,0 +1,166 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/pdf_builder.h"
+#include "tests/support/pdf_matchers.h"
+
+namespace korrin {
+namespace {
+
+using namespace test;
+
+PdfBuilder firstRevision() {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .table();
+  return pdf;
+}
+
+// The same page twice, the second time where only an intact section can lead to it: a recovery
+// would take the last definition.
+PdfBuilder withDecoy() {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>");
+  const std::size_t intended =
+      pdf.offset() - std::string("3 0 obj\n<</MediaBox[0 0 3 3]>>\nendobj\n").size();
+  pdf.object(3, "<</MediaBox[0 0 99 99]>>").pretendAt(3, intended);
+  return pdf;
+}
+
+std::string replaced(std::string text, std::string_view from, std::string_view to) {
+  const std::size_t at = text.find(from);
+  EXPECT_NE(at, text.npos) << from;
+  return text.replace(at, from.size(), to);
+}
+
+TEST(CrossReferences, LeadToThePageThroughATable) {
+  EXPECT_EQ(pageOf(withDecoy().table().file()), box(3, 3));
+}
+
+TEST(CrossReferences, LeadToThePageThroughAStream) {
+  EXPECT_EQ(pageOf(withDecoy().crossReferenceStream(9).file()), box(3, 3));
+}
+
+TEST(CrossReferences, PreferTheNewestRevision) {
+  EXPECT_EQ(pageOf(firstRevision().object(3, "<</MediaBox[0 0 4 4]>>").table().file()), box(4, 4));
+  EXPECT_EQ(
+      pageOf(firstRevision().object(3, "<</MediaBox[0 0 4 4]>>").crossReferenceStream(9).file()),
+      box(4, 4));
+}
+
+TEST(CrossReferences, TakeTheRootFromAnOlderTrailerWhenTheNewestHasNone) {
+  EXPECT_EQ(pageOf(firstRevision().object(3, "<</MediaBox[0 0 4 4]>>").table("").file()),
+            box(4, 4));
+}
+
+TEST(CrossReferences, BelieveThatAnObjectWasDeleted) {
+  PdfBuilder pdf = firstRevision();
+  pdf.object(2, "<</Kids[3 0 R 4 0 R]>>")
+      .object(4, "<</MediaBox[0 0 4 4]>>")
+      .pretendFree(3)
+      .table();
+  EXPECT_EQ(pageOf(pdf.file()), box(4, 4));
+}
+
+TEST(CrossReferences, BelieveThatTheOnlyPageWasDeleted) {
+  EXPECT_EQ(pageOf(firstRevision().pretendFree(3).table().file()), unreadable);
+  EXPECT_EQ(pageOf(firstRevision().pretendFree(3).crossReferenceStream(9).file()), unreadable);
+}
+
+TEST(CrossReferences, FindHiddenObjectsOfAHybridFile) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").objectStream(4, {{3, "<</MediaBox[0 0 3 3]>>"}});
+  pdf.stream(5, "/Type/XRef/Size 6/W[1 4 2]/Index[3 1]",
+             "\x02" + bigEndian(4, 4) + bigEndian(0, 2));
+  const std::size_t hidden = pdf.file().find("5 0 obj");
+  pdf.object(2, "<</Kids[3 0 R]>>").pretendFree(3);
+  pdf.table("/Root 1 0 R/XRefStm " + std::to_string(hidden));
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(CrossReferences, CountOffsetsFromTheHeaderWhereTheFileDoes) {
+  const std::string junk = "junk before the header\n";
+  EXPECT_EQ(pageOf(junk + withDecoy().table().file()), box(3, 3));
+  EXPECT_EQ(pageOf(junk + withDecoy().crossReferenceStream(9).file()), box(3, 3));
+}
+
+TEST(CrossReferences, CountOffsetsFromTheStartWhereTheFileDoes) {
+  PdfBuilder pdf("junk before the header\n%PDF-1.7\n");
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  const std::size_t page = pdf.offset();
+  pdf.object(3, "<</MediaBox[0 0 3 3]>>")
+      .object(3, "<</MediaBox[0 0 9 9]>>")
+      .pretendAt(3, page)
+      .table();
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(CrossReferences, AcceptEntriesThatEndInOneCharacterLess) {
+  std::string file = withDecoy().table().file();
+  for (std::size_t at = file.find(" n \n"); at != file.npos; at = file.find(" n \n"))
+    file.replace(at, 4, " n\n");
+  file = replaced(file, " f \n", " f\n");
+  EXPECT_EQ(pageOf(file), box(3, 3));
+}
+
+TEST(CrossReferences, AcceptEntriesThatEndInOneCharacterMore) {
+  std::string file = withDecoy().table().file();
+  for (std::size_t at = file.find(" n \n"); at != file.npos; at = file.find(" n \n"))
+    file.replace(at, 4, " n \r\n");
+  file = replaced(file, " f \n", " f \r\n");
+  EXPECT_EQ(pageOf(file), box(3, 3));
+}
+
+TEST(CrossReferences, UseRowsWithoutATypeForOrdinaryObjects) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>");
+  const auto at = [&](const char* header) { return bigEndian(pdf.file().find(header), 2); };
+  const std::string rows = bigEndian(0, 2) + at("1 0 obj") + at("2 0 obj") + at("3 0 obj");
+  pdf.object(3, "<</MediaBox[0 0 9 9]>>");
+  const std::size_t section = pdf.offset();
+  pdf.stream(4, "/Type/XRef/Size 4/W[0 2 0]/Root 1 0 R", rows)
+      .raw("startxref\n" + std::to_string(section) + "\n%%EOF\n");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(CrossReferences, ThatReturnToThemselvesEnd) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>");
+  pdf.table("/Root 1 0 R/Prev " + std::to_string(pdf.offset()));
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(Header, MayStandAnywhereInTheFirstKilobyte) {
+  const std::string file = onePage("/MediaBox[0 0 3 3]");
+  EXPECT_EQ(pageOf(std::string(1019, ' ') + file), box(3, 3));
+  EXPECT_EQ(pageOf(std::string(1020, ' ') + file), unreadable);
+  EXPECT_EQ(pageOf(std::string(4000, ' ') + file), unreadable);
+}
+
+TEST(Header, IsNeeded) {
+  EXPECT_EQ(pageOf(replaced(onePage("/MediaBox[0 0 3 3]"), "%PDF-", "%PDX-")), unreadable);
+  EXPECT_EQ(pageOf(""), unreadable);
+  EXPECT_EQ(pageOf("%PDF-1.7"), unreadable);
+}
+
+TEST(Header, MayBeLostAboveTheCommentThatMarksAFileAsBinary) {
+  PdfBuilder pdf("%\xE2\xE3\xCF\xD3\n");
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .table();
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+  EXPECT_EQ(pageOf(pdf.file() + std::string(2000, ' ') + "%PDF-1.7"), unreadable);
+}
+
+}  // namespace
+}  // namespace korrin

@@ -1,0 +1,27 @@
+// The library as it is built without its cryptographic part.
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/pdf_builder.h"
+#include "tests/support/pdf_matchers.h"
+
+namespace korrin {
+namespace {
+
+using namespace test;
+
+TEST(Encryption, IsUnreadableWhereItIsLeftOut) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>");
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<</Filter/Standard>>").file()),
+            unreadable);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), unreadable);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R").file()), box(3, 3));
+}
+
+}  // namespace
+}  // namespace korrin

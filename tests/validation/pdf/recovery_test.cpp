@@ -1,0 +1,145 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/pdf_builder.h"
+#include "tests/support/pdf_matchers.h"
+
+namespace korrin {
+namespace {
+
+using namespace test;
+
+std::string replaced(std::string text, std::string_view from, std::string_view to) {
+  const std::size_t at = text.rfind(from);
+  EXPECT_NE(at, text.npos) << from;
+  return text.replace(at, from.size(), to);
+}
+
+struct Damage {
+  const char* name;
+  const char* from;
+  const char* to;
+};
+
+class DamagedCrossReferences : public testing::TestWithParam<Damage> {};
+
+TEST_P(DamagedCrossReferences, AreRebuilt) {
+  const auto& [name, from, to] = GetParam();
+  EXPECT_EQ(pageOf(replaced(onePage("/MediaBox[0 0 3 3]"), from, to)), box(3, 3));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DamagedCrossReferences,
+    testing::Values(Damage{"NoStart", "startxref", "startxxxx"},
+                    Damage{"StartOutsideTheFile", "startxref\n", "startxref\n99"},
+                    Damage{"NoTable", "xref\n0 1", "xxxx\n0 1"},
+                    Damage{"NumbersOffByOne", "\n1 3\n", "\n2 3\n"},
+                    Damage{"TooManyEntries", "\n1 3\n", "\n1 99999999\n"},
+                    Damage{"TooFewEntries", "\n1 3\n", "\n1 2\n"},
+                    Damage{"EntryThatIsNone", "00000 n \ntrailer", "0000o n \ntrailer"},
+                    Damage{"OffsetOfThePageWrong", " 00000 n \ntrailer", "1 0000 n \ntrailer"},
+                    Damage{"FreeListHeadAtTheCatalogue", "0 1\n0000000000 65535 f \n1 3\n",
+                           "1 4\n0000000000 65535 f \n"},
+                    Damage{"PreviousIsNoNumber", "/Root 1 0 R", "/Prev[7]/Root 1 0 R"},
+                    Damage{"PreviousLeadsNowhere", "/Root 1 0 R", "/Prev 7/Root 1 0 R"},
+                    Damage{"NothingAfterTheTrailer", "startxref", ""}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Recovery, FindsObjectsInObjectStreams) {
+  EXPECT_EQ(pageOf(replaced(onePageInObjectStream("/MediaBox[0 0 3 3]"), "startxref", "")),
+            box(3, 3));
+}
+
+TEST(Recovery, ShiftsWithBytesInsertedAnywhere) {
+  for (const std::string& file :
+       {onePage("/MediaBox[0 0 3 3]"), onePageInObjectStream("/MediaBox[0 0 3 3]")})
+    for (std::size_t at = file.find("\nendobj"); at != file.npos;
+         at = file.find("\nendobj", at + 1))
+      EXPECT_EQ(pageOf(std::string(file).insert(at, "      \n")), box(3, 3)) << at;
+}
+
+TEST(Recovery, LetsTheLastDefinitionWin) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 4 4]>>")
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(4, 4));
+}
+
+TEST(Recovery, OrdersObjectStreamsAndObjectsByTheirPlace) {
+  PdfBuilder compressedLast;
+  compressedLast.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .objectStream(5, {{3, "<</MediaBox[0 0 5 5]>>"}})
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(compressedLast.file()), box(5, 5));
+  PdfBuilder ordinaryLast;
+  ordinaryLast.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .objectStream(5, {{3, "<</MediaBox[0 0 5 5]>>"}})
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(ordinaryLast.file()), box(3, 3));
+}
+
+TEST(Recovery, TakesTheLastTrailerThatLeadsToAPage) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .raw("trailer<</Root 1 0 R>>\ntrailer<</Root 3 0 R>>\ntrailer<</Size 3>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(Recovery, PassesOverWhatLooksLikeObjectsInStreams) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .stream(4, "", "3 0 obj<</MediaBox[0 0 9 9]>>")
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(Recovery, GoesOnBehindAStreamWithoutAnEnd) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  EXPECT_EQ(
+      pageOf(pdf.raw("4 0 obj<<>>stream data 3 0 obj<</MediaBox[0 0 3 3]>>trailer<</Root 1 0 R>>")
+                 .file()),
+      box(3, 3));
+}
+
+TEST(Recovery, TakesNoOverlongNumberForAnObject) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  EXPECT_EQ(
+      pageOf(
+          PdfBuilder(pdf)
+              .raw("3 18446744073709551616 obj<</MediaBox[0 0 3 3]>>endobj trailer<</Root 1 0 R>>")
+              .file()),
+      unreadable);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf)
+                       .raw("100000000003 0 obj<</MediaBox[0 0 3 3]>>endobj trailer<</Root 1 0 R>>")
+                       .file()),
+            unreadable);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf)
+                       .raw("3 0 object<</MediaBox[0 0 3 3]>>endobj trailer<</Root 1 0 R>>")
+                       .file()),
+            unreadable);
+}
+
+TEST(Recovery, NeedsATrailer) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Type/Catalog/Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>");
+  EXPECT_EQ(pageOf(pdf.file()), unreadable);
+}
+
+}  // namespace
+}  // namespace korrin

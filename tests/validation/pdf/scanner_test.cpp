@@ -1,0 +1,127 @@
+#include "korrin/validation/pdf/scanner.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace korrin::pdf {
+namespace {
+
+using Kind = Token::Kind;
+
+std::vector<std::string> tokens(std::string_view text) {
+  Budget budget(text.size());
+  Scanner scanner(text, budget, 0);
+  std::vector<std::string> result;
+  for (Token token = scanner.next(); token.kind != Kind::end; token = scanner.next())
+    result.emplace_back(scanner.text(token));
+  return result;
+}
+
+std::vector<Kind> kinds(std::string_view text) {
+  Budget budget(text.size());
+  Scanner scanner(text, budget, 0);
+  std::vector<Kind> result;
+  for (Token token = scanner.next(); token.kind != Kind::end; token = scanner.next())
+    result.push_back(token.kind);
+  return result;
+}
+
+TEST(Scanner, SplitsAtDelimitersAndWhiteSpace) {
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(
+      tokens("<</Kids[1 0 R]/A(b)/C<64>>>endobj"),
+      (Texts{"<<", "/Kids", "[", "1", "0", "R", "]", "/A", "(b)", "/C", "<64>", ">>", "endobj"}));
+  EXPECT_EQ(tokens(std::string_view("1\0"
+                                    "2\f3\t4\r5\n6",
+                                    11)),
+            (Texts{"1", "2", "3", "4", "5", "6"}));
+  EXPECT_EQ(tokens("a%b<<[\rc%d\ne%"), (Texts{"a", "c", "e"}));
+  EXPECT_EQ(tokens("/ /a/b/"), (Texts{"/", "/a", "/b", "/"}));
+}
+
+TEST(Scanner, TellsNumbersFromOtherWords) {
+  EXPECT_EQ(kinds("0 -1 +1 .5 5. -.5 00012"), (std::vector<Kind>(7, Kind::number)));
+  EXPECT_EQ(kinds("- + . -. 1e5 1.2.3 --1 1- 0x10 true R obj"),
+            (std::vector<Kind>(12, Kind::keyword)));
+}
+
+TEST(Scanner, BalancesParenthesesInStrings) {
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(tokens("(a(b)c)d"), (Texts{"(a(b)c)", "d"}));
+  EXPECT_EQ(tokens("(a\\)b)c"), (Texts{"(a\\)b)", "c"}));
+  EXPECT_EQ(tokens("(a\\\\)b"), (Texts{"(a\\\\)", "b"}));
+  EXPECT_EQ(tokens("(<<[%)b"), (Texts{"(<<[%)", "b"}));
+}
+
+TEST(Scanner, EndsUnclosedStringsAtTheEnd) {
+  for (const char* text : {"(", "(a", "((a)", "(\\", "<", "<41"})
+    EXPECT_EQ(tokens(text), (std::vector<std::string>{text}));
+}
+
+TEST(Scanner, SkipsToTheClosingThatBelongs) {
+  const std::string_view text = "[<<(])/]>>[]%]\n]after";
+  Budget budget(text.size());
+  Scanner scanner(text, budget, 0);
+  ASSERT_EQ(scanner.next().kind, Kind::arrayOpen);
+  scanner.skipToClosing();
+  // "/]" is an empty name before the bracket that closes the first one inside.
+  EXPECT_EQ(scanner.position(), text.find(">>") + 2);
+}
+
+TEST(Scanner, SkipsToTheEndWhenNothingCloses) {
+  const std::string_view text = "[[<<(abc";
+  Budget budget(text.size());
+  Scanner scanner(text, budget, 0);
+  scanner.next();
+  scanner.skipToClosing();
+  EXPECT_EQ(scanner.position(), text.size());
+  EXPECT_EQ(scanner.next().kind, Kind::end);
+  EXPECT_FALSE(budget.isExhausted());
+}
+
+TEST(Scanner, TakesOnlyPlainCounts) {
+  const auto count = [](std::string_view text) {
+    Budget budget(text.size());
+    return Scanner(text, budget, 0).takeCount();
+  };
+  EXPECT_EQ(count("0"), 0u);
+  EXPECT_EQ(count(" 0012 "), 12u);
+  EXPECT_EQ(count("999999999999999999"), 999999999999999999u);
+  for (const char* text : {"", "+1", "-1", "1.0", "a", "1a", "1000000000000000000", "[1"})
+    EXPECT_EQ(count(text), std::nullopt) << text;
+}
+
+TEST(Scanner, StaysInFrontOfWhatItDoesNotTake) {
+  const std::string_view text = " 12 R";
+  Budget budget(text.size());
+  Scanner scanner(text, budget, 0);
+  EXPECT_FALSE(scanner.takeKeyword("R"));
+  EXPECT_EQ(scanner.takeCount(), 12u);
+  EXPECT_FALSE(scanner.takeCount());
+  EXPECT_TRUE(scanner.takeKeyword("R"));
+}
+
+TEST(Scanner, PaysForEveryByte) {
+  // 8 bytes for each and 1 MiB: a comment of that length passes, one more does not.
+  const std::string text = "%" + std::string(limits::scannedBase + 8 * 100, 'c');
+  Budget enough(101);
+  Scanner(text, enough, 0).next();
+  EXPECT_FALSE(enough.isExhausted());
+  Budget tooLittle(100);
+  Scanner(text, tooLittle, 0).next();
+  EXPECT_TRUE(tooLittle.isExhausted());
+}
+
+TEST(Scanner, SeesTheEndOnceTheBudgetIsUsedUp) {
+  const std::string_view text = "1 2 3";
+  Budget budget(text.size());
+  Scanner scanner(text, budget, 0);
+  EXPECT_EQ(scanner.next().kind, Kind::number);
+  budget.exhaust();
+  EXPECT_EQ(scanner.next().kind, Kind::end);
+}
+
+}  // namespace
+}  // namespace korrin::pdf

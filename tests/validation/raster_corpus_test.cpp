@@ -1,0 +1,78 @@
+// Real, odd, damaged and formerly crashing files of other projects, with the outcomes that
+// independent tools agree on.
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/corpora.h"
+#include "tests/support/outcome.h"
+
+namespace korrin::test {
+namespace {
+
+class RasterCorpus : public testing::Test {
+ protected:
+  void SetUp() override {
+    lines_ = expectedOutcomes(folder_);
+    if (lines_.empty()) GTEST_SKIP() << "there is no corpus of images at " << folder_;
+  }
+
+  const std::filesystem::path folder_ = corpusFolder("images");
+  std::vector<ExpectedOutcome> lines_;
+};
+
+TEST_F(RasterCorpus, IsReadAsIndependentToolsReadIt) {
+  for (const ExpectedOutcome& line : lines_) {
+    const Outcome outcome = rasterOutcome(readFile(folder_ / line.file));
+    EXPECT_TRUE(isLawful(outcome)) << line.file;
+    if (line.isFirm) {
+      EXPECT_EQ(outcome, line.outcome) << line.file;
+    }
+  }
+}
+
+TEST_F(RasterCorpus, IsReadAlikeWhateverTheMediaTypeSays) {
+  for (const ExpectedOutcome& line : lines_) {
+    const Bytes bytes = readFile(folder_ / line.file);
+    const Outcome outcome = rasterOutcome(bytes);
+    EXPECT_EQ(assetOutcome(bytes, std::nullopt), outcome) << line.file;
+    EXPECT_EQ(assetOutcome(bytes, line.mediaType), outcome) << line.file;
+    EXPECT_EQ(assetOutcome(bytes, "text/plain"), outcome) << line.file;
+  }
+}
+
+TEST_F(RasterCorpus, IsNoPdf) {
+  for (const ExpectedOutcome& line : lines_)
+    EXPECT_EQ(assetOutcome(readFile(folder_ / line.file), "application/pdf"), invalidImage)
+        << line.file;
+}
+
+TEST_F(RasterCorpus, IsReadLawfullyWhereverItIsCutShort) {
+  // Headers stand at the front: every length up to 1 KiB, then every hundredth of the rest.
+  constexpr std::size_t wholeBytes = 1024;
+  for (const ExpectedOutcome& line : lines_) {
+    const Bytes bytes = readFile(folder_ / line.file);
+    const std::size_t stride = std::max<std::size_t>(1, bytes.size() / 100);
+    for (std::size_t size = 0; size < bytes.size(); size += size < wholeBytes ? 1 : stride) {
+      // A copy of exactly that length, so that a read past its end is noticed.
+      const Bytes prefix(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
+      ASSERT_TRUE(isLawful(rasterOutcome(prefix))) << line.file << " cut to " << size;
+    }
+  }
+}
+
+TEST(PdfCorpus, IsNoRasterImage) {
+  const std::filesystem::path folder = corpusFolder("pdf");
+  const std::vector<ExpectedOutcome> lines = expectedOutcomes(folder);
+  if (lines.empty()) GTEST_SKIP() << "there is no corpus of PDFs at " << folder;
+  for (const ExpectedOutcome& line : lines) {
+    const Bytes bytes = readFile(folder / line.file);
+    for (const auto& mediaType :
+         {std::optional<std::string_view>(), {"image/png"}, {"application/PDF"}})
+      EXPECT_EQ(assetOutcome(bytes, mediaType), invalidImage) << line.file;
+  }
+}
+
+}  // namespace
+}  // namespace korrin::test
