@@ -77,7 +77,7 @@ TEST_F(Edit, SavesWhatItChanged) {
           "move \"BV 2\" -100.5 +20\n"
           "label GTR \"Guitar \\\"A\\\"\"\n"
           "group \"BV 1\" \"BV 2\"\n"
-          "delete 5D32FE61-985F-44E7-AA09-5EE82BB29976\n"
+          "\"del\"ete 5D32FE61-985F-44E7-AA09-5EE82BB29976\n"
           "save\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.err, "");
@@ -106,7 +106,7 @@ TEST_F(Edit, SavesTheDatesAsItReadThem) {
 TEST_F(Edit, StopsAtTheFirstLineThatIsRefused) {
   const std::vector<std::pair<std::string, std::string>> rows = {
       {"frob", "there is no command \"frob\"; help lists them"},
-      {"list all", "use: list "},
+      {"list all", "use: list"},
       {"label GTR", "use: label ITEM TEXT"},
       {"show \"BV", "a double quote has no partner"},
       {"show nobody", "there is no item \"nobody\""},

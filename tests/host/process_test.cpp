@@ -280,6 +280,9 @@ TEST(CommandLine, ThatIsWrongIsMisuse) {
       {"check --frob x", "The following argument was not expected: --frob"},
       {"check --format xml x", "there is no \"xml\" among text, json"},
       {"check - -", "standard input can be read only once"},
+      {"check - --known-assets -", "standard input can be read only once"},
+      {"edit -", "standard input can be read only once"},
+      {"edit", "FILE is required"},
       {"fmt", "FILE is required"},
       {"fmt a b", "The following argument was not expected: b"},
   };

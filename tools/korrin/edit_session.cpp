@@ -80,6 +80,10 @@ struct EditSession::Command {
   std::size_t fewest;  // words after the name
   std::size_t most;
   void (EditSession::*carryOut)(const Words&);
+
+  std::string use() const {
+    return std::string(name) + (arguments.empty() ? "" : " ") + std::string(arguments);
+  }
 };
 
 const std::vector<EditSession::Command>& EditSession::commands() {
@@ -107,7 +111,7 @@ const std::vector<EditSession::Command>& EditSession::commands() {
 std::string editCommandsHelp() {
   std::string text = "Commands, one a line:\n";
   for (const EditSession::Command& command : EditSession::commands()) {
-    std::string use = std::string(command.name) + " " + std::string(command.arguments);
+    std::string use = command.use();
     use.resize(std::max<std::size_t>(use.size(), 37), ' ');
     text += "  " + use + std::string(command.summary) + "\n";
   }
@@ -129,8 +133,8 @@ void EditSession::run(std::string_view line) {
     throw LineError("there is no command " + inQuotes(words.front()) + "; help lists them");
   words.erase(words.begin());
   if (words.size() < command->fewest || words.size() > command->most)
-    throw LineError("use: " + std::string(command->name) + " " + std::string(command->arguments));
-  line_ = line.substr(line.find(command->name));
+    throw LineError("use: " + command->use());
+  line_ = line.substr(line.find_first_not_of(" \t"));
   if (command->name == "quit" && wasWarned)
     isOver_ = true;
   else

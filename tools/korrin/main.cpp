@@ -124,6 +124,24 @@ ExitCode misused(Console& console, const std::string& sentence) {
   return ExitCode::usage;
 }
 
+/// Everything that a command reads.
+std::vector<std::string> inputsOf(const CheckOptions& options) {
+  std::vector<std::string> inputs = options.files;
+  inputs.insert(inputs.end(), options.assets.files.begin(), options.assets.files.end());
+  return inputs;
+}
+
+std::vector<std::string> inputsOf(const EditOptions& options) {
+  std::vector<std::string> inputs = options.assets.files;
+  inputs.push_back(options.file);
+  inputs.push_back(options.script.value_or(std::string(standardStream)));
+  return inputs;
+}
+
+bool readsTwice(const std::vector<std::string>& inputs) {
+  return std::ranges::count(inputs, standardStream) > 1;
+}
+
 ExitCode run(int argc, char** argv, Console& console) {
   CLI::App app("Checks, rewrites and edits stage plots.", "korrin");
   app.set_version_flag("--version", "korrin " KORRIN_VERSION);
@@ -146,10 +164,8 @@ ExitCode run(int argc, char** argv, Console& console) {
   }
   const std::vector<std::string> unknown = app.remaining();
   if (!unknown.empty()) return misused(console, "there is no command \"" + unknown.front() + "\"");
-  const bool readsTwice =
-      std::ranges::count(checkOptions.files, standardStream) > 1 ||
-      (editOptions.file == standardStream && editOptions.script.value_or("-") == standardStream);
-  if (readsTwice) return misused(console, "standard input can be read only once");
+  if (readsTwice(inputsOf(checkOptions)) || readsTwice(inputsOf(editOptions)))
+    return misused(console, "standard input can be read only once");
   if (*checkCommand) return check(checkOptions, console);
   if (*formatCommand) return format(formatOptions, console);
   if (*editCommand) return edit(editOptions, console);
