@@ -1,11 +1,9 @@
 #include "dropped_keys.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
-#include <tuple>
 #include <vector>
 
 #include <nlohmann/json.hpp>

@@ -3,7 +3,6 @@
 // A project being edited: the library applies commands and gives their inverses, the host keeps
 // them for undo and redo.
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
