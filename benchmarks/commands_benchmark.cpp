@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <type_traits>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -30,8 +31,30 @@ auto timed(benchmark::State& state, Action action) {
   return result;
 }
 
+// A list whose texts are sentences. A std::string keeps up to 15 characters within itself, so that
+// the length of texts decides how often a copy of a vector allocates.
+template <class T>
+void lengthen(List<T>& list);
+template <class T>
+void lengthen(T& value) {
+  if constexpr (std::is_same_v<T, Text>)
+    value = value.str() + ", see the stage plan";
+  else if constexpr (RecordType<T>)
+    forEachField<T>([&](const auto& field) { lengthen(value.*field.member); });
+}
+template <class T>
+void lengthen(List<T>& list) {
+  for (std::size_t i = 0; i < list.size(); ++i) lengthen(list.edit(i));
+}
+
 KorrinProject plotFor(const benchmark::State& state) {
   return generatedPlot(static_cast<std::size_t>(state.range(0)));
+}
+
+KorrinProject wordyPlotFor(const benchmark::State& state) {
+  KorrinProject project = plotFor(state);
+  lengthen(project);
+  return project;
 }
 
 // `count` items at equal distances in the list.
@@ -81,8 +104,10 @@ VectorResult deleteFromVectors(VectorProject& project, const IDSet& ids) {
   return {.inverse = std::move(former), .changedItemIDs = ids};
 }
 
-void DeleteOneItem(benchmark::State& state) {
-  const KorrinProject project = plotFor(state);
+using MakePlot = KorrinProject (*)(const benchmark::State&);
+
+void DeleteOneItem(benchmark::State& state, MakePlot makePlot) {
+  const KorrinProject project = makePlot(state);
   const DocumentCommand command = DocumentCommand::deleteItems(oneInTheMiddle(project));
   for (auto _ : state) {
     KorrinProject edited = project;
@@ -91,8 +116,8 @@ void DeleteOneItem(benchmark::State& state) {
   }
 }
 
-void DeleteOneItemFromVectors(benchmark::State& state) {
-  const KorrinProject shared = plotFor(state);
+void DeleteOneItemFromVectors(benchmark::State& state, MakePlot makePlot) {
+  const KorrinProject shared = makePlot(state);
   const IDSet ids = oneInTheMiddle(shared);
   VectorProject project = MirrorOf<KorrinProject>::of(shared);
   for (auto _ : state) {
@@ -198,8 +223,10 @@ void plotSizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->UseManualTime();
 }
 
-BENCHMARK(DeleteOneItem)->Apply(plotSizes);
-BENCHMARK(DeleteOneItemFromVectors)->Apply(plotSizes);
+BENCHMARK_CAPTURE(DeleteOneItem, shortTexts, plotFor)->Apply(plotSizes);
+BENCHMARK_CAPTURE(DeleteOneItemFromVectors, shortTexts, plotFor)->Apply(plotSizes);
+BENCHMARK_CAPTURE(DeleteOneItem, longTexts, wordyPlotFor)->Apply(plotSizes);
+BENCHMARK_CAPTURE(DeleteOneItemFromVectors, longTexts, wordyPlotFor)->Apply(plotSizes);
 BENCHMARK(UndoOfADeletion)->Apply(plotSizes);
 BENCHMARK(ChangeSetOfAnUndo)->Apply(plotSizes);
 BENCHMARK(UndoBesidesItsChangeSet)->Apply(plotSizes);

@@ -15,6 +15,7 @@ if(KORRIN_PDF_ENCRYPTION)
   set(KORRIN_PDF_ENCRYPTION_LIBS "-lmbedcrypto ")
   install(FILES cmake/FindMbedTLS.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
 endif()
+file(RELATIVE_PATH KORRIN_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/korrincore.pc.in ${PROJECT_BINARY_DIR}/korrincore.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/KorrinCoreConfig.cmake
               ${PROJECT_BINARY_DIR}/KorrinCoreConfigVersion.cmake

@@ -8,8 +8,7 @@ namespace korrin {
 /// How an instant stands in a document.
 enum class DateStrategy {
   /// RFC 3339 text. Written in UTC with 0, 3, 6 or 9 fraction digits, as few as are exact; read
-  /// with
-  /// any offset and up to 9 fraction digits.
+  /// with any offset and up to 9 fraction digits.
   iso8601,
   /// A number of seconds since 1970-01-01T00:00:00Z. Written exactly; read to the nearest
   /// nanosecond.

@@ -97,11 +97,13 @@ std::string oneOf(const std::vector<std::string_view>& words) {
   return text;
 }
 
-std::string quoted(std::string_view raw) {
-  if (raw.size() <= longestQuote) return '"' + std::string(raw) + '"';
+std::string shortened(std::string_view raw) {
+  if (raw.size() <= longestQuote) return std::string(raw);
   // Cut between characters.
   const std::string_view cut = raw.substr(0, longestQuote);
-  return '"' + std::string(cut.substr(0, utf8::wellFormedPrefix(cut))) + "…\"";
+  return std::string(cut.substr(0, utf8::wellFormedPrefix(cut))) + "…";
 }
+
+std::string quoted(std::string_view raw) { return '"' + shortened(raw) + '"'; }
 
 }  // namespace korrin::json

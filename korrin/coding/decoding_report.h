@@ -27,7 +27,10 @@ std::string_view typeOfNextValue(const Scanner& scanner);
 std::string nearestWord(std::string_view given, const std::vector<std::string_view>& words);
 std::string oneOf(const std::vector<std::string_view>& words);
 
-/// A value as an error quotes it: shortened when it is long.
+/// A value as an error shows it: shortened when it is long.
+std::string shortened(std::string_view raw);
+
+/// The same between quotation marks.
 std::string quoted(std::string_view raw);
 
 }  // namespace korrin::json

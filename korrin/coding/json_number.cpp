@@ -61,17 +61,18 @@ Decimal takeApart(std::string_view text) {
 // and counted from `origin`, which is not negative; nothing when that does not fit.
 std::optional<std::int64_t> integerPart(const Decimal& number, std::int64_t integerDigits,
                                         bool roundUp, std::int64_t origin) {
-  if (integerDigits > 19) return std::nullopt;
+  // Counted from a distant origin, 20 digits may fit.
+  if (integerDigits > 20) return std::nullopt;
   std::uint64_t magnitude = 0;
   auto digit = number.digits.begin();
   for (std::int64_t place = 0; place < integerDigits; ++place) {
-    // 19 digits stay below 10^19, which 64 bits hold.
-    magnitude *= 10;
-    if (digit == number.digits.end()) continue;
-    if (*digit == '.') ++digit;
-    magnitude += static_cast<std::uint64_t>(*digit++ - '0');
+    if (digit != number.digits.end() && *digit == '.') ++digit;
+    const int next = digit != number.digits.end() ? *digit++ - '0' : 0;
+    if (__builtin_mul_overflow(magnitude, 10, &magnitude) ||
+        __builtin_add_overflow(magnitude, next, &magnitude))
+      return std::nullopt;
   }
-  if (roundUp) ++magnitude;
+  if (roundUp && __builtin_add_overflow(magnitude, 1, &magnitude)) return std::nullopt;
   constexpr auto highest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   const auto start = static_cast<std::uint64_t>(origin);
   if (magnitude > (number.isNegative ? highest + 1 + start : highest - start)) return std::nullopt;

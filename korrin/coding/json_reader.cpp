@@ -32,7 +32,7 @@ void Reader::read(double& value) {
   if (options_.nonFinite == NonFinite::strings && scanner_.peek() == '"') {
     const char* const start = scanner_.position();
     const StringToken token = scanner_.string();
-    const auto found = nonFiniteNamed(token.raw);
+    const auto found = nonFiniteNamed(unescaped(token));
     if (found) {
       value = *found;
       return;
@@ -48,7 +48,8 @@ void Reader::read(double& value) {
     return;
   }
   const auto nearest = nearestDouble(token.text);
-  if (!nearest) refuse(Kind::dataCorrupted, "a number within the range of a double", token.text);
+  if (!nearest)
+    refuse(Kind::dataCorrupted, "a number within the range of a double", shortened(token.text));
   value = *nearest;
 }
 
@@ -61,9 +62,9 @@ void Reader::read(std::int64_t& value) {
   }
   const ExactInteger exact = exactInteger(token.text);
   if (exact.fault == IntegerFault::hasFraction)
-    refuse(Kind::typeMismatch, "an integer", token.text);
+    refuse(Kind::typeMismatch, "an integer", shortened(token.text));
   if (exact.fault == IntegerFault::doesNotFit)
-    refuse(Kind::dataCorrupted, "an integer of 64 bits", token.text);
+    refuse(Kind::dataCorrupted, "an integer of 64 bits", shortened(token.text));
   value = exact.value;
 }
 
@@ -96,7 +97,8 @@ void Reader::read(Instant& value) {
   if (options_.dates != DateStrategy::iso8601) {
     const NumberToken token = number("a number");
     const auto found = instantFromNumber(token.text, options_.dates);
-    if (!found) refuse(Kind::dataCorrupted, "a date between the years 1677 and 2262", token.text);
+    if (!found)
+      refuse(Kind::dataCorrupted, "a date between the years 1677 and 2262", shortened(token.text));
     value = *found;
     return;
   }
@@ -132,9 +134,10 @@ void Reader::refuse(Kind kind, std::string_view expected, std::string_view found
 void Reader::refuseWord(const std::vector<std::string_view>& words,
                         const StringToken& token) const {
   if (!isDiagnosing_) throw Refused{};
-  const std::string given = unescaped(token);
-  throw refusal(Kind::dataCorrupted, path_, oneOf(words),
-                quoted(given) + "; the nearest is " + quoted(nearestWord(given, words)));
+  // Shown as the document spells it, so that escaped control characters stay escaped.
+  throw refusal(
+      Kind::dataCorrupted, path_, oneOf(words),
+      quoted(token.raw) + "; the nearest is " + quoted(nearestWord(unescaped(token), words)));
 }
 
 }  // namespace korrin::json

@@ -174,7 +174,7 @@ class Reader {
       } else {
         if ((seen >> place & 1) != 0) throw Refused{};
         seen |= std::uint32_t{1} << place;
-        ((place == index && (readField<Record, index>(record), true)) || ...);
+        static_cast<void>(((place == index && (readField<Record, index>(record), true)) || ...));
       }
       isOpen = scanner_.next('}');
     }
@@ -218,7 +218,8 @@ class Reader {
     const std::string resolved = key.hasEscapes ? unescaped(key) : std::string();
     const std::string_view name = key.hasEscapes ? std::string_view(resolved) : key.raw;
     std::size_t place = 0;
-    ((std::get<index>(fieldsOf<Record>()).key == name || (++place, false)) || ...);
+    static_cast<void>(
+        ((std::get<index>(fieldsOf<Record>()).key == name || (++place, false)) || ...));
     return place;
   }
 
@@ -230,8 +231,6 @@ class Reader {
     return scanner_.string();
   }
   NumberToken number(std::string_view expected);
-  std::int64_t scaledNumber(int decimals);
-  bool readNonFinite(double& value);
   template <std::size_t length>
   void takeLiteral(const char (&literal)[length]) {
     if (!scanner_.take(literal)) throw Malformed{scanner_.position(), "a value"};

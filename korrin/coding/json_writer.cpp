@@ -70,7 +70,7 @@ void Writer::writeString(std::string_view text) {
   while (end - at >= 8) {
     const std::uint64_t word = loadWord(at);
     if (bytesToEscape(word) != 0) break;
-    std::memcpy(out, &word, sizeof word);
+    std::memcpy(out, at, sizeof word);
     at += 8;
     out += 8;
   }

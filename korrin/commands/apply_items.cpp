@@ -2,11 +2,10 @@
 #include <optional>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
 #include "korrin/commands/apply_cases.h"
 #include "korrin/commands/group_members.h"
-#include "korrin/commands/id_filter.h"
+#include "korrin/commands/places.h"
 
 namespace korrin {
 namespace {
@@ -21,14 +20,13 @@ IDSet identifiersOf(const List<PlotItem>& items) {
 // Only rows that lose their link are copied; a list without such a row stays shared whole.
 template <class Row>
 List<Row> withoutLinks(List<Row> rows, const IDFilter& itemIDs) {
-  std::vector<std::size_t> concerned;
-  std::size_t place = 0;
-  for (const Row& row : rows) {
-    if (row.plotItemID && itemIDs.contains(*row.plotItemID)) concerned.push_back(place);
-    ++place;
-  }
-  for (const std::size_t index : concerned) rows.edit(index).plotItemID = std::nullopt;
+  for (const std::size_t place : placesOf(itemIDs, rows, &Row::plotItemID))
+    rows.edit(place).plotItemID = std::nullopt;
   return rows;
+}
+
+List<PlotItem> withoutItems(const List<PlotItem>& items, const IDFilter& itemIDs) {
+  return withoutPlaces(items, placesOf(itemIDs, items, &PlotItem::id));
 }
 
 }  // namespace
@@ -36,9 +34,7 @@ List<Row> withoutLinks(List<Row> rows, const IDFilter& itemIDs) {
 CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
                         const Environment& environment) {
   IDSet ids = identifiersOf(insert.items);
-  const IDFilter isInserted(ids);
-  List<PlotItem> items = project.items;
-  items.eraseIf([&](const PlotItem& item) { return isInserted.contains(item.id); });
+  List<PlotItem> items = withoutItems(project.items, IDFilter(ids));
   for (const PlotItem& item : insert.items) items.push_back(item);
   // Deliberately no more than a deletion, although the insert may have replaced items.
   DocumentCommand inverse = DocumentCommand::deleteItems(ids);
@@ -53,13 +49,12 @@ CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
 
 CommandResult applyCase(const DeleteItems& deletion, KorrinProject& project,
                         const Environment& environment) {
-  const IDFilter isDeleted(deletion.itemIDs);
-  List<PlotItem> items = project.items;
-  items.eraseIf([&](const PlotItem& item) { return isDeleted.contains(item.id); });
-  auto inputs = withoutLinks(project.inputs, isDeleted);
-  auto monitorMixes = withoutLinks(project.monitorMixes, isDeleted);
-  auto equipmentRequirements = withoutLinks(project.equipmentRequirements, isDeleted);
-  List<PlotGroup> groups = withoutMembers(project.groups, isDeleted);
+  const IDFilter ids(deletion.itemIDs);
+  List<PlotItem> items = withoutItems(project.items, ids);
+  List<InputChannel> inputs = withoutLinks(project.inputs, ids);
+  List<MonitorMix> monitorMixes = withoutLinks(project.monitorMixes, ids);
+  List<EquipmentRequirement> equipment = withoutLinks(project.equipmentRequirements, ids);
+  List<PlotGroup> groups = withoutMembers(project.groups, ids);
   CommandResult result = {.inverse = DocumentCommand::replaceProject(project),
                           .changes = {.changedItemIDs = deletion.itemIDs,
                                       .affectsTechnicalData = true,
@@ -69,7 +64,7 @@ CommandResult applyCase(const DeleteItems& deletion, KorrinProject& project,
   project.items = std::move(items);
   project.inputs = std::move(inputs);
   project.monitorMixes = std::move(monitorMixes);
-  project.equipmentRequirements = std::move(equipmentRequirements);
+  project.equipmentRequirements = std::move(equipment);
   project.groups = std::move(groups);
   return result;
 }
@@ -77,18 +72,14 @@ CommandResult applyCase(const DeleteItems& deletion, KorrinProject& project,
 CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
                         const Environment& environment) {
   IDSet ids = identifiersOf(replacement.items);
-  const IDFilter isReplaced(ids);
   // Overwriting an item leaves its identifier where it is, so that one walk before the first change
   // tells every place.
   List<PlotItem> formerItems;
   std::unordered_map<UUID, std::size_t> firstPlaces;
-  std::size_t place = 0;
-  for (const PlotItem& item : project.items) {
-    if (isReplaced.contains(item.id)) {
-      formerItems.push_back(item);
-      firstPlaces.emplace(item.id, place);
-    }
-    ++place;
+  for (const std::size_t place : placesOf(IDFilter(ids), project.items, &PlotItem::id)) {
+    const PlotItem& item = project.items[place];
+    formerItems.push_back(item);
+    firstPlaces.emplace(item.id, place);
   }
   List<PlotItem> items = project.items;
   for (const PlotItem& item : replacement.items) {

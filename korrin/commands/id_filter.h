@@ -6,7 +6,8 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <cstring>
+#include <optional>
 #include <vector>
 
 #include "korrin/foundation/record.h"
@@ -25,20 +26,31 @@ class IDFilter {
       mask_ = words - 1;
     }
     for (const UUID& id : ids) {
-      const std::size_t hash = std::hash<UUID>{}(id);
-      words_[hash / 64 & mask_] |= std::uint64_t{1} << hash % 64;
+      const std::uint64_t half = secondHalfOf(id);
+      words_[wordIndexOf(half)] |= std::uint64_t{1} << bitIndexOf(half);
     }
   }
   IDFilter(const IDFilter&) = delete;
   IDFilter& operator=(const IDFilter&) = delete;
 
   bool contains(const UUID& id) const {
-    const std::size_t hash = std::hash<UUID>{}(id);
-    return (words_[hash / 64 & mask_] >> hash % 64 & 1) != 0 && ids_.contains(id);
+    const std::uint64_t half = secondHalfOf(id);
+    return (words_[wordIndexOf(half)] >> bitIndexOf(half) & 1) != 0 && ids_.contains(id);
   }
+  bool contains(const std::optional<UUID>& id) const { return id && contains(*id); }
 
  private:
   static constexpr std::size_t idsPerWord = 4;  // 16 bits for each
+
+  // The bits that differ in random identifiers and in such as count up alike; were they the same in
+  // all, the set would have to be asked each time, and no more.
+  static std::uint64_t secondHalfOf(const UUID& id) {
+    std::uint64_t half;
+    std::memcpy(&half, id.bytes().data() + sizeof half, sizeof half);
+    return half;
+  }
+  std::size_t wordIndexOf(std::uint64_t half) const { return half >> 44 & mask_; }
+  static std::uint64_t bitIndexOf(std::uint64_t half) { return half >> 58; }
 
   const IDSet& ids_;
   std::array<std::uint64_t, 8> few_{};

@@ -26,6 +26,8 @@ struct Case {
   Enumeration value;
   std::string_view rawValue;
 };
+template <class Enumeration>
+Case(Enumeration, const char*) -> Case<Enumeration>;
 
 /// The cases of an enumeration in declaration order, which counts from 0. A table with a member
 /// `isHidden` keeps its list to itself: `allCases` is not offered.

@@ -9,7 +9,7 @@ namespace korrin {
 [[noreturn]] void abortWith(const char* message) noexcept;
 
 /// Ends the program when `holds` is false; `message` says which rule the caller broke.
-inline void precondition(bool holds, const char* message) noexcept {
+constexpr void precondition(bool holds, const char* message) noexcept {
   if (!holds) [[unlikely]]
     abortWith(message);
 }

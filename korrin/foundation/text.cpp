@@ -35,12 +35,15 @@ constexpr bool isWhiteSpace(char32_t scalar) {
 
 Text::Text(std::string utf8) {
   if (utf8.empty()) return;
-  bool isStable = utf8::isASCII(utf8);
-  if (!isStable) {
+  std::unique_ptr<const std::string> composed;
+  if (!utf8::isASCII(utf8)) {
     if (utf8::wellFormedPrefix(utf8) != utf8.size()) utf8 = replaceIllFormed(utf8);
-    isStable = isStableNFC(utf8);
+    if (!isStableNFC(utf8)) {
+      std::string normal = toNFC(utf8);
+      if (normal != utf8) composed = std::make_unique<const std::string>(std::move(normal));
+    }
   }
-  storage_ = Shared<Storage>::first(new Storage(std::move(utf8), isStable));
+  storage_ = Shared<Storage>::first(new Storage(std::move(utf8), std::move(composed)));
 }
 
 const std::string& Text::emptyString() noexcept {
@@ -56,23 +59,6 @@ bool Text::isBlank() const noexcept {
     rest.remove_prefix(next.length);
   }
   return true;
-}
-
-bool Text::equalNormalized(const Text& a, const Text& b) {
-  return std::string_view(a) == std::string_view(b) || compareNormalized(a, b) == 0;
-}
-
-std::strong_ordering Text::compareNormalized(const Text& a, const Text& b) {
-  // The order of UTF-8 bytes is the order of scalar values.
-  const auto normalForm = [](const Text& text) {
-    return text.isStable() ? text.str() : toNFC(text);
-  };
-  return normalForm(a) <=> normalForm(b);
-}
-
-std::size_t Text::hash() const {
-  const std::hash<std::string_view> hashBytes;
-  return isStable() ? hashBytes(*this) : hashBytes(toNFC(*this));
 }
 
 }  // namespace korrin

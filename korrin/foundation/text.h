@@ -6,8 +6,10 @@
 #include <concepts>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "korrin/foundation/shared.h"
 
@@ -41,15 +43,13 @@ class Text {
   /// for the empty text.
   bool isBlank() const noexcept;
 
-  friend bool operator==(const Text& a, const Text& b) {
-    if (a.storage_.get() == b.storage_.get()) return true;
-    if (a.isStable() && b.isStable()) return std::string_view(a) == std::string_view(b);
-    return equalNormalized(a, b);
+  friend bool operator==(const Text& a, const Text& b) noexcept {
+    return a.storage_.get() == b.storage_.get() || a.normalForm() == b.normalForm();
   }
-  friend std::strong_ordering operator<=>(const Text& a, const Text& b) {
+  friend std::strong_ordering operator<=>(const Text& a, const Text& b) noexcept {
+    // The order of UTF-8 bytes is the order of scalar values.
     if (a.storage_.get() == b.storage_.get()) return std::strong_ordering::equal;
-    if (a.isStable() && b.isStable()) return std::string_view(a) <=> std::string_view(b);
-    return compareNormalized(a, b);
+    return a.normalForm() <=> b.normalForm();
   }
 
   /// Comparison with a string or literal, as if it were made a text; equal bytes need no
@@ -72,19 +72,21 @@ class Text {
   friend struct std::hash<Text>;
 
   struct Storage : Counted {
-    Storage(std::string&& text, bool stable) : utf8(std::move(text)), isStable(stable) {}
+    Storage(std::string&& text, std::unique_ptr<const std::string>&& normal)
+        : utf8(std::move(text)), composed(std::move(normal)) {}
     static void destroy(Storage* storage) noexcept { delete storage; }
 
     const std::string utf8;
-    /// The text is its own composed form, whatever stands beside it: bytes tell equality and order.
-    const bool isStable;
+    /// The composed canonical form, where it is another text. Made once, since a comparison that
+    /// made it would cost a hostile document's reader the product of its longest texts.
+    const std::unique_ptr<const std::string> composed;
   };
 
   static const std::string& emptyString() noexcept;
-  static bool equalNormalized(const Text& a, const Text& b);
-  static std::strong_ordering compareNormalized(const Text& a, const Text& b);
-  bool isStable() const noexcept { return !storage_ || storage_->isStable; }
-  std::size_t hash() const;
+  std::string_view normalForm() const noexcept {
+    if (!storage_) return {};
+    return storage_->composed ? *storage_->composed : storage_->utf8;
+  }
 
   Shared<Storage> storage_;
 };
@@ -93,5 +95,7 @@ class Text {
 
 template <>
 struct std::hash<korrin::Text> {
-  std::size_t operator()(const korrin::Text& text) const { return text.hash(); }
+  std::size_t operator()(const korrin::Text& text) const noexcept {
+    return std::hash<std::string_view>{}(text.normalForm());
+  }
 };

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <tuple>
-#include <unordered_map>
 #include <utility>
 
 #include "korrin/preflight/preflight_findings.h"
@@ -14,6 +13,18 @@ namespace korrin::PreflightEngine {
 namespace {
 
 using findings::Finding;
+
+// The values that stand more than once, each once and in ascending order.
+std::vector<std::int64_t> repeatedValues(std::vector<std::int64_t> values) {
+  std::ranges::sort(values);
+  std::vector<std::int64_t> repeated;
+  for (auto at = values.begin(); at != values.end();) {
+    const auto end = std::ranges::upper_bound(at, values.end(), *at);
+    if (end - at > 1) repeated.push_back(*at);
+    at = end;
+  }
+  return repeated;
+}
 
 class Inspection {
  public:
@@ -51,12 +62,12 @@ class Inspection {
   template <class Record>
   void checkRepeatedNumbers(const List<Record>& records,
                             std::optional<std::int64_t> Record::*number, const Finding& finding) {
-    std::unordered_map<std::int64_t, std::size_t> uses;
-    uses.reserve(records.size());
+    std::vector<std::int64_t> numbers;
     for (const Record& record : records)
-      if (record.*number) ++uses[*(record.*number)];
+      if (record.*number) numbers.push_back(*(record.*number));
+    const std::vector<std::int64_t> repeated = repeatedValues(std::move(numbers));
     for (const Record& record : records) {
-      if (!(record.*number) || uses[*(record.*number)] < 2) continue;
+      if (!(record.*number) || !std::ranges::binary_search(repeated, *(record.*number))) continue;
       report(finding, std::string(finding.title) + std::to_string(*(record.*number)),
              finding.detail, relatedItem(record), record.id);
     }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "korrin/validation/pdf/pdf_budget.h"
+
 #include "tests/support/pdf_builder.h"
 
 namespace korrin::test {
@@ -18,15 +20,6 @@ std::string repeated(std::string_view unit, std::size_t size) {
   while (result.size() < size) result += unit;
   return result;
 }
-
-// Pages 1 and 2 of the tree, the page 3 still missing.
-PdfBuilder tree() {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
-  return pdf;
-}
-
-PdfBuilder wholeTree() { return tree().object(3, "<</MediaBox[0 0 3 3]>>"); }
 
 std::string pageInStream(std::string_view entries, std::string_view data) {
   return tree()
@@ -101,6 +94,33 @@ std::string manyPredictedStreams(std::size_t) {
       .object(3, "<</MediaBox[0 0 3 3]>>")
       .crossReferenceStream(9)
       .file();
+}
+
+// As much cross-reference data as may be kept, and then an object stream of the largest size whose
+// first unpacking is as large.
+std::string largestOfEverything(std::size_t) {
+  constexpr std::size_t largest = pdf::limits::inflatedStream;
+  std::string data = "3 0 <</MediaBox[0 0 3 3]>>";
+  data.reserve(largest);
+  std::uint32_t noise = 1;
+  while (data.size() < largest - 4000) {
+    noise = noise * 1664525 + 1013904223;
+    data += static_cast<char>(noise >> 24);
+  }
+  PdfBuilder pdf = tree();
+  pdf.stream(4, "/Type/ObjStm/N 1/First 4/Filter[/FlateDecode/FlateDecode]",
+             deflated(deflated(data)));
+  pdf.pretendIn(3, 4, 0).crossReferenceStream(5);
+  for (std::uint32_t number = 6; number < 8; ++number) {
+    const std::size_t older = pdf.lastSection();
+    const std::size_t section = pdf.offset();
+    pdf.stream(number,
+               "/Type/XRef/Root 1 0 R/Size 9/Index[9 1]/W[1 4 2]/Filter/FlateDecode/Prev " +
+                   text(number == 6 ? older : pdf.file().rfind("6 0 obj")),
+               deflatedRun('\0', largest - 100))
+        .raw("startxref\n" + text(section) + "\n%%EOF\n");
+  }
+  return pdf.file();
 }
 
 std::string objectStreamChain(std::size_t) {
@@ -214,7 +234,7 @@ std::string longHexString(std::size_t size) {
 }
 
 std::string longName(std::size_t size) {
-  return onePage("/" + repeated("#41", size) + " 1/MediaBox[0 0 3 3]");
+  return onePage("/Name" + repeated("#41", size) + " 1/MediaBox[0 0 3 3]");
 }
 
 std::string longNumber(std::size_t size) {
@@ -222,7 +242,7 @@ std::string longNumber(std::size_t size) {
 }
 
 std::string longComment(std::size_t size) {
-  return onePage("%" + repeated("%", size) + "\n/MediaBox[0 0 3 3]");
+  return onePage(repeated("%", size) + "\n/MediaBox[0 0 3 3]");
 }
 
 std::string manyEntries(std::size_t size) {
@@ -236,17 +256,66 @@ std::string missingEndOfStreams(std::size_t size) {
       .file();
 }
 
-std::string streamsOfUnknownLength(std::size_t size) {
+// Two thousand object streams, each of which is looked for, have the rest of the file for their
+// data.
+std::string streamsBefore(std::string_view dictionary, std::string_view rest) {
   PdfBuilder pdf = tree();
   std::string kids;
   for (std::uint32_t i = 0; i < 2000; ++i) {
-    pdf.raw(text(1000 + i) + " 0 obj<</Type/ObjStm/N 1/First 5>>stream\n");
+    pdf.pretendAt(1000 + i, pdf.offset());
+    pdf.raw(text(1000 + i) + " 0 obj<</Type/ObjStm/N 1/First 5" + std::string(dictionary));
     kids += text(5000 + i) + " 0 R ";
-    pdf.pretendAt(1000 + i, pdf.file().rfind(text(1000 + i) + " 0 obj"));
     pdf.pretendIn(5000 + i, 1000 + i, 0);
   }
-  pdf.object(2, "<</Kids[" + kids + "3 0 R]>>").raw(repeated("x", size));
+  pdf.raw(rest).object(2, "<</Kids[" + kids + "3 0 R]>>");
   return pdf.crossReferenceStream(9).file();
+}
+
+std::string streamsOfUnknownLength(std::size_t size) {
+  return streamsBefore(">>stream\n", repeated("e", size));
+}
+
+std::string streamsOfWrongLength(std::size_t size) {
+  return streamsBefore("/Length 0>>stream\n", repeated("stream", size));
+}
+
+std::string streamBeforeBlanks(std::size_t size) {
+  PdfBuilder pdf = tree();
+  std::string kids;
+  pdf.object(4, "<</Type/ObjStm/N 1/First 5/Length 0>>stream\n" + repeated(" ", size));
+  for (std::uint32_t i = 0; i < 4000; ++i) {
+    kids += text(5000 + i) + " 0 R ";
+    pdf.pretendIn(5000 + i, 4, 0);
+  }
+  return pdf.object(2, "<</Kids[" + kids + "3 0 R]>>").crossReferenceStream(9).file();
+}
+
+// A table whose look-ups pass what stands between its parts each time.
+std::string tableWith(std::string_view filling) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[" + repeated("7 0 R ", 24'000) + "3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .table();
+  const std::size_t older = pdf.lastSection();
+  const std::size_t section = pdf.offset();
+  return pdf
+      .raw("xref\n" + std::string(filling) + "trailer<</Root 1 0 R/Prev " + text(older) +
+           ">>\nstartxref\n" + text(section) + "\n%%EOF\n")
+      .file();
+}
+
+std::string manySubsections(std::size_t size) { return tableWith(repeated("9 0\n", size)); }
+
+std::string blanksInTable(std::size_t size) {
+  return tableWith("9 0" + repeated(" ", size) + "\n");
+}
+
+std::string longWordsForObjects(std::size_t size) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[" + repeated("7 0 R ", 24'000) + "3 0 R]>>");
+  pdf.pretendAt(7, pdf.offset());
+  return pdf.raw("7 0 obj" + repeated("j", size)).crossReferenceStream(9).file();
 }
 
 std::string manyObjects(std::size_t size) {
@@ -294,20 +363,6 @@ std::string largeObjectStreamHead(std::size_t size) {
       .file();
 }
 
-std::string manySubsections(std::size_t size) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[" + repeated("7 0 R ", 6000) + "3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .table();
-  const std::size_t older = pdf.lastSection();
-  const std::size_t section = pdf.offset();
-  return pdf
-      .raw("xref\n" + repeated("9 0\n", size) + "trailer<</Root 1 0 R/Prev " + text(older) +
-           ">>\nstartxref\n" + text(section) + "\n%%EOF\n")
-      .file();
-}
-
 std::string manyIndexRanges(std::size_t size) {
   return withCrossReferences("/Size 4/W[1 4 2]/Index[" + repeated("9 0 ", size) + "0 4]",
                              "nothing");
@@ -334,6 +389,7 @@ const std::vector<HostilePdf>& hostilePdfs() {
       {"TenMillionEntriesClaimed", tenMillionEntriesClaimed, PdfOutcome::box},
       {"TenMillionEntriesPresent", tenMillionEntriesPresent, PdfOutcome::unreadable},
       {"ManyPredictedStreams", manyPredictedStreams, PdfOutcome::unreadable},
+      {"LargestOfEverything", largestOfEverything, PdfOutcome::box},
       {"ObjectStreamChain", objectStreamChain, PdfOutcome::unreadable},
       {"LengthChain", lengthChain, PdfOutcome::unreadable},
       {"ReferenceChain", referenceChain, PdfOutcome::unreadable},
@@ -357,6 +413,10 @@ const std::vector<HostilePdf>& hostilePdfs() {
       {"ManyEntries", manyEntries, PdfOutcome::box},
       {"MissingEndOfStreams", missingEndOfStreams, PdfOutcome::box},
       {"StreamsOfUnknownLength", streamsOfUnknownLength, PdfOutcome::unreadable},
+      {"StreamsOfWrongLength", streamsOfWrongLength, PdfOutcome::unreadable},
+      {"StreamBeforeBlanks", streamBeforeBlanks, PdfOutcome::unreadable},
+      {"BlanksInTable", blanksInTable, PdfOutcome::unreadable},
+      {"LongWordsForObjects", longWordsForObjects, PdfOutcome::unreadable},
       {"ManyObjects", manyObjects, PdfOutcome::box},
       {"ManyObjectsInDisorder", manyObjectsInDisorder, PdfOutcome::box},
       {"ManyTrailers", manyTrailers, PdfOutcome::unreadable},

@@ -61,6 +61,12 @@ std::string bigEndian(std::uint64_t value, int width) {
   return bytes;
 }
 
+std::string replaced(std::string text, std::string_view from, std::string_view to) {
+  const std::size_t at = text.rfind(from);
+  if (at == text.npos) throw std::invalid_argument("no " + std::string(from));
+  return text.replace(at, from.size(), to);
+}
+
 std::span<const std::byte> asBytes(std::string_view text) {
   return std::as_bytes(std::span(text.data(), text.size()));
 }
@@ -163,17 +169,34 @@ PdfBuilder& PdfBuilder::crossReferenceStream(std::uint32_t number, std::string_v
   pretendAt(number, start);
   std::string rows;
   std::string index;
+  std::uint32_t first = 0;
+  std::uint32_t count = 0;
   for (const auto& [object, entry] : entries_) {
-    index += text(object) + " 1 ";
+    if (count > 0 && object == first + count) {
+      ++count;
+    } else {
+      if (count > 0) index += text(first) + " " + text(count) + " ";
+      first = object;
+      count = 1;
+    }
     rows += bigEndian(static_cast<std::uint64_t>(entry.type), 1) + bigEndian(entry.second, 4) +
             bigEndian(entry.third, 2);
   }
+  index += text(first) + " " + text(count);
   stream(number,
          "/Type/XRef/W[1 4 2]/Index[" + index + "]/Filter/FlateDecode" + trailerEntries(trailer),
          deflated(rows));
   finishSection(start);
   return *this;
 }
+
+PdfBuilder tree() {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  return pdf;
+}
+
+PdfBuilder wholeTree() { return tree().object(3, "<</MediaBox[0 0 3 3]>>"); }
 
 std::string onePage(std::string_view pageEntries) {
   return PdfBuilder()

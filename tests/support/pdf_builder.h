@@ -24,6 +24,10 @@ std::string deflatedRun(char byte, std::size_t size);
 /// `value` as `width` bytes, the most significant one first.
 std::string bigEndian(std::uint64_t value, int width);
 
+/// `text` with the last `from` in it replaced by `to`. Throws std::invalid_argument when there is
+/// none.
+std::string replaced(std::string text, std::string_view from, std::string_view to);
+
 std::span<const std::byte> asBytes(std::string_view text);
 
 class PdfBuilder {
@@ -74,6 +78,12 @@ class PdfBuilder {
   std::uint32_t size_ = 1;
   std::optional<std::size_t> lastSection_;
 };
+
+/// The catalogue, object 1, and the root of the tree, object 2, whose only child is object 3.
+PdfBuilder tree();
+
+/// The same with the page, whose box is 3 by 3.
+PdfBuilder wholeTree();
 
 /// A catalogue, a tree of one page with `pageEntries`, and a table.
 std::string onePage(std::string_view pageEntries);

@@ -108,8 +108,7 @@ std::optional<CrossReferences::Subsection> CrossReferences::takeSubsection(Scann
   const auto first = scanner.takeCount();
   const auto count = scanner.takeCount();
   if (!first || !count) return std::nullopt;
-  std::size_t entries = scanner.position();
-  while (entries < file_.size() && isWhiteSpace(file_[entries])) ++entries;
+  const std::size_t entries = scanner.toNextToken();
   if (*count == 0) return Subsection{*first, 0, entries, 0};
   if (*count > file_.size() / entrySize || !isEntry(file_, entries)) return std::nullopt;
   for (const std::size_t stride : {std::size_t{20}, std::size_t{19}, std::size_t{21}}) {
@@ -187,7 +186,7 @@ std::optional<ObjectPlace> CrossReferences::find(const TableSection& section,
     // whole table is off by one.
     if (number != 0 && file_.substr(entry, entrySize) == "0000000000 65535 f") return ObjectPlace{};
     scanner.moveTo(entry);
-    const std::size_t offset = *scanner.takeCount();
+    const std::size_t offset = scanner.takeCount().value_or(0);
     if (file_[entry + entrySize - 1] == 'f' || offset == 0)
       return ObjectPlace{ObjectPlace::Kind::free};
     return ObjectPlace{ObjectPlace::Kind::ordinary, offset + shift_, 0, 0};
@@ -224,7 +223,8 @@ std::optional<ObjectPlace> CrossReferences::find(const StreamSection& section,
   const std::size_t third = field(fields, typeWidth + secondWidth, thirdWidth);
   if (type == 1)
     return ObjectPlace{ObjectPlace::Kind::ordinary, std::min(second, file_.size()) + shift_, 0, 0};
-  if (type == 2 && second <= std::numeric_limits<std::uint32_t>::max())
+  // No object stream has the number 0, which belongs to the list of free objects.
+  if (type == 2 && second > 0 && second <= std::numeric_limits<std::uint32_t>::max())
     return ObjectPlace{ObjectPlace::Kind::compressed, 0, static_cast<std::uint32_t>(second), third};
   return ObjectPlace{ObjectPlace::Kind::free};
 }

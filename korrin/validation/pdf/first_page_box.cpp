@@ -21,8 +21,8 @@ std::optional<std::size_t> headerOffsetOf(std::string_view file) {
   if (header != file.npos) return header;
   const bool isMarkedBinary =
       file.size() > 1 && file[0] == '%' && static_cast<unsigned char>(file[1]) >= 0x80;
-  return isMarkedBinary && file.find("%PDF-") == file.npos ? std::optional<std::size_t>(0)
-                                                           : std::nullopt;
+  return isMarkedBinary && find(file, "%PDF-") == file.npos ? std::optional<std::size_t>(0)
+                                                            : std::nullopt;
 }
 
 // What following the document's own cross-references came to. It is final when they were in good
@@ -37,11 +37,10 @@ Attempt readByCrossReferences(std::string_view file, std::size_t headerOffset, B
   if (!references.load()) return {std::nullopt, false};
   Objects objects(file, references, budget);
   const Trailer& trailer = references.trailer();
-  auto lock = unlock(objects, trailer.encrypt, trailer.identifiers);
+  const auto lock = unlock(objects, trailer.encrypt, trailer.identifiers);
   std::optional<PdfPage> page;
   if (!std::holds_alternative<Locked>(lock)) {
-    if (auto* decryption = std::get_if<Decryption>(&lock))
-      objects.decryptWith(std::move(*decryption));
+    if (const auto* decryption = std::get_if<Decryption>(&lock)) objects.decryptWith(*decryption);
     page = firstPage(objects, trailer.root);
   }
   return {page, !references.foundDamage() && !objects.foundDamage()};
@@ -57,10 +56,9 @@ std::optional<PdfPage> readByRecovery(std::string_view file, Budget& budget) {
     return !trailer.encrypt.isNull();
   });
   if (encrypted != trailers.end()) {
-    auto lock = unlock(objects, encrypted->encrypt, encrypted->identifiers);
+    const auto lock = unlock(objects, encrypted->encrypt, encrypted->identifiers);
     if (std::holds_alternative<Locked>(lock)) return std::nullopt;
-    if (auto* decryption = std::get_if<Decryption>(&lock))
-      objects.decryptWith(std::move(*decryption));
+    if (const auto* decryption = std::get_if<Decryption>(&lock)) objects.decryptWith(*decryption);
   }
   recovered.addCompressedObjects(objects);
   for (const Trailer& trailer : trailers)

@@ -51,7 +51,7 @@ class Objects {
       : file_(file), table_(&table), budget_(&budget) {}
 
   /// Object streams opened from now on are decrypted with `decryption`.
-  void decryptWith(Decryption decryption) { decryption_ = std::move(decryption); }
+  void decryptWith(const Decryption& decryption) { decryption_ = decryption; }
 
   /// A scanner in front of the value of object `number`; nothing when there is no such object.
   std::optional<Scanner> open(std::uint32_t number);
@@ -80,6 +80,8 @@ class Objects {
     std::size_t count;
   };
   std::optional<ObjectStreamHead> openObjectStreamHead(const Ordinary& stream);
+
+  Budget& budget() const { return *budget_; }
 
   /// Whether an object was missing, or not where the table says.
   bool foundDamage() const { return damaged_; }

@@ -62,6 +62,21 @@ Entries entriesOf(Objects& objects, const Value& node) {
   return {objects.resolve(kids), box};
 }
 
+// The next child that may be a node, of the last node on the path or, when it has no more, of one
+// above it; the path then ends in the node that it was found in.
+std::optional<Value> nextChild(Objects& objects, std::vector<Node>& path) {
+  for (; !path.empty(); path.pop_back()) {
+    auto scanner = objects.at(path.back().kids);
+    if (!scanner) return std::nullopt;
+    while (const auto child = readValue(*scanner)) {
+      if (child->kind != Value::Kind::dictionary && child->kind != Value::Kind::reference) continue;
+      path.back().kids = scanner->place(scanner->position());
+      return child;
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
@@ -71,13 +86,8 @@ std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
   std::vector<Node> path;
   while (true) {
     if (next.kind == Value::Kind::dictionary) {
-      auto scanner = objects.at(next.place);
-      if (!scanner) return std::nullopt;
-      if (!scanner->budget().treeNode()) return std::nullopt;
-      if (path.size() == limits::treeDepth) {
-        scanner->budget().exhaust();
-        return std::nullopt;
-      }
+      if (path.size() == limits::treeDepth) objects.budget().exhaust();
+      if (!objects.budget().treeNode()) return std::nullopt;
       const Entries entries = entriesOf(objects, next);
       if (entries.kids.kind != Value::Kind::array) {
         // Nothing shows that a root without children is a page, unless it has a box.
@@ -89,15 +99,8 @@ std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
       ++kids.offset;
       path.push_back({kids, entries.box.place, !entries.box.isNull()});
     }
-    std::optional<Value> child;
-    while (!child) {
-      if (path.empty()) return std::nullopt;
-      auto scanner = objects.at(path.back().kids);
-      if (!scanner) return std::nullopt;
-      child = readValue(*scanner);
-      path.back().kids = scanner->place(scanner->position());
-      if (!child) path.pop_back();
-    }
+    const auto child = nextChild(objects, path);
+    if (!child) return std::nullopt;
     next = objects.resolve(*child);
   }
 }

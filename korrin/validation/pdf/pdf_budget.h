@@ -13,13 +13,17 @@ namespace limits {
 /// The header stands within this many bytes from the start, and startxref within as many from the
 /// end.
 inline constexpr std::size_t headerWindow = 1024;
-/// Bytes that one stream may grow to, and all streams together, each stage of a filter chain
-/// counted.
+/// Bytes that one stream may grow to, and all streams together, each filter of a chain and each
+/// predictor counted.
 inline constexpr std::size_t inflatedStream = std::size_t{8} << 20;
 inline constexpr std::size_t inflatedInAll = std::size_t{64} << 20;
 /// Bytes looked at, as a multiple of the input's size and a fixed part; looking twice counts twice.
 inline constexpr std::size_t scannedPerInputByte = 8;
 inline constexpr std::size_t scannedBase = std::size_t{1} << 20;
+/// Tokens, which cost more time than the bytes between them: one for so many bytes of the input,
+/// and a fixed part.
+inline constexpr std::size_t inputBytesPerToken = 2;
+inline constexpr std::size_t tokensBase = std::size_t{1} << 20;
 /// Objects opened by number.
 inline constexpr std::size_t lookUps = 4096;
 /// Nodes of the page tree visited, and levels from its root to the first page.
@@ -36,7 +40,7 @@ inline constexpr std::size_t crossReferenceBytes = std::size_t{16} << 20;
 /// Filters that one stream may have been passed through.
 inline constexpr std::size_t filters = 4;
 /// Objects that the recovery of a damaged document remembers, and trailers that it tries.
-inline constexpr std::size_t recoveredObjects = std::size_t{1} << 20;
+inline constexpr std::size_t recoveredObjects = std::size_t{1} << 19;
 inline constexpr std::size_t recoveredTrailers = 64;
 }  // namespace limits
 
@@ -46,13 +50,15 @@ class Budget {
   explicit constexpr Budget(std::size_t inputSize)
       : scan_(inputSize < unlimited / (2 * limits::scannedPerInputByte)
                   ? inputSize * limits::scannedPerInputByte + limits::scannedBase
-                  : unlimited) {}
+                  : unlimited),
+        tokens_(inputSize / limits::inputBytesPerToken + limits::tokensBase) {}
 
   constexpr bool isExhausted() const { return exhausted_; }
   constexpr void exhaust() { exhausted_ = true; }
 
   /// Each of these pays for something before it is done and says whether it may be.
   constexpr bool scan(std::size_t bytes) { return pay(scan_, bytes); }
+  constexpr bool takeTokens(std::size_t count) { return pay(tokens_, count); }
   constexpr bool inflate(std::size_t bytes) { return pay(inflate_, bytes); }
   constexpr bool keepCrossReferences(std::size_t bytes) { return pay(kept_, bytes); }
   constexpr bool lookUp() { return pay(lookUps_, 1); }
@@ -70,6 +76,7 @@ class Budget {
   }
 
   std::size_t scan_;
+  std::size_t tokens_;
   std::size_t inflate_ = limits::inflatedInAll;
   std::size_t kept_ = limits::crossReferenceBytes;
   std::size_t lookUps_ = limits::lookUps;

@@ -28,11 +28,17 @@ bool backOverBlanks(std::string_view file, std::size_t& end) {
   return end < start;
 }
 
-// Moves `end` back over the digits of a number, all of them.
-bool backOverDigits(std::string_view file, std::size_t& end, std::size_t most) {
+// Moves `end` back over the digits of a number, all of them, and gives the number.
+std::optional<std::uint64_t> backOverNumber(std::string_view file, std::size_t& end,
+                                            std::size_t mostDigits) {
   const std::size_t start = end;
-  while (end > 0 && start - end <= most && isDigit(file[end - 1])) --end;
-  return end < start && start - end <= most;
+  std::uint64_t number = 0;
+  std::uint64_t weight = 1;
+  for (; end > 0 && isDigit(file[end - 1]); --end, weight *= 10) {
+    if (start - end == mostDigits) return std::nullopt;
+    number += weight * static_cast<std::uint64_t>(file[end - 1] - '0');
+  }
+  return end < start ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -71,13 +77,12 @@ std::size_t RecoveredObjects::passObject(std::size_t keyword) {
   if (!standsAt(file_, keyword, "obj")) return keyword + 1;
   const std::size_t next = keyword + 3;
   std::size_t start = keyword;
-  if (!backOverBlanks(file_, start) || !backOverDigits(file_, start, mostGenerationDigits) ||
-      !backOverBlanks(file_, start) || !backOverDigits(file_, start, mostNumberDigits))
+  if (!endsWordAt(file_, next) || !backOverBlanks(file_, start) ||
+      !backOverNumber(file_, start, mostGenerationDigits) || !backOverBlanks(file_, start))
     return next;
-  Scanner scanner(file_, *budget_, start);
-  const auto header = takeObjectHeader(scanner);
-  if (!header) return next;
-  add({header->number, 0, start});
+  const auto number = backOverNumber(file_, start, mostNumberDigits);
+  if (number && *number <= std::numeric_limits<std::uint32_t>::max())
+    add({static_cast<std::uint32_t>(*number), 0, start});
   return next;
 }
 
@@ -102,9 +107,9 @@ std::size_t RecoveredObjects::passStream(std::size_t keyword) {
   std::size_t before = keyword;
   backOverBlanks(file_, before);
   if (before < 2 || !standsAt(file_, before - 2, ">>")) return keyword + 1;
-  for (std::size_t end = file_.find("end", keyword); end != file_.npos;
-       end = file_.find("end", end + 1))
-    if (standsAt(file_, end, "endstream") || standsAt(file_, end, "endobj")) return end + 3;
+  for (std::size_t i = keyword; i + 3 < file_.size(); ++i)
+    if (file_[i] == 'e' && (standsAt(file_, i, "endstream") || standsAt(file_, i, "endobj")))
+      return i + 3;
   // Nothing says how far this stream goes, nor any after it: they are searched like the rest.
   noMoreEnds_ = true;
   return keyword + 1;
@@ -119,7 +124,10 @@ void RecoveredObjects::sort() {
   const auto before = [](const Entry& a, const Entry& b) {
     return std::tie(a.number, a.offset) < std::tie(b.number, b.offset);
   };
-  std::sort(entries_.begin(), entries_.end(), before);
+  // Most documents are in order as they are.
+  if (!std::is_sorted(entries_.begin(), entries_.end(), before))
+    std::sort(entries_.begin(), entries_.end(), before);
+  sorted_ = entries_.size();
 }
 
 std::vector<Trailer> RecoveredObjects::trailers() const {
@@ -138,7 +146,7 @@ void RecoveredObjects::addCompressedObjects(Objects& objects) {
   std::vector<std::uint32_t> containers = std::exchange(objectStreams_, {});
   std::sort(containers.begin(), containers.end());
   containers.erase(std::unique(containers.begin(), containers.end()), containers.end());
-  const std::size_t ordinary = entries_.size();
+  std::erase(containers, 0u);  // 0 stands for the file itself.
   for (const std::uint32_t container : containers) {
     const ObjectPlace place = find(container);
     const auto stream = objects.openOrdinary(container);
@@ -151,12 +159,13 @@ void RecoveredObjects::addCompressedObjects(Objects& objects) {
       add({static_cast<std::uint32_t>(*number), container, place.offset});
     }
   }
-  if (entries_.size() > ordinary) sort();
+  sort();
 }
 
 ObjectPlace RecoveredObjects::find(std::uint32_t number) {
+  const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(sorted_);
   const auto after = std::upper_bound(
-      entries_.begin(), entries_.end(), number,
+      entries_.begin(), end, number,
       [](std::uint32_t wanted, const Entry& entry) { return wanted < entry.number; });
   if (after == entries_.begin() || std::prev(after)->number != number) return {};
   const Entry& entry = *std::prev(after);

@@ -58,6 +58,7 @@ class RecoveredObjects : public ObjectTable {
   std::string_view file_;
   Budget* budget_;
   std::vector<Entry> entries_;
+  std::size_t sorted_ = 0;  ///< So many entries are in order; those behind are not found yet.
   std::vector<std::uint32_t> objectStreams_;
   Offsets trailers_;
   bool noMoreEnds_ = false;

@@ -1,6 +1,8 @@
 #include "korrin/validation/pdf/scanner.h"
 
+#include <algorithm>
 #include <array>
+#include <functional>
 
 namespace korrin::pdf {
 namespace {
@@ -18,29 +20,17 @@ constexpr std::array<Class, 256> classes = [] {
 
 Class classOf(char c) { return classes[static_cast<unsigned char>(c)]; }
 
-bool startsNumber(char c) { return isDigit(c) || c == '+' || c == '-' || c == '.'; }
-
-// A sign, digits, and at most one point among them.
-bool isNumber(std::string_view text) {
-  std::size_t i = text[0] == '+' || text[0] == '-' ? 1 : 0;
-  bool point = false;
-  bool digit = false;
-  for (; i < text.size(); ++i) {
-    if (isDigit(text[i]))
-      digit = true;
-    else if (text[i] == '.' && !point)
-      point = true;
-    else
-      return false;
-  }
-  return digit;
-}
-
 }  // namespace
 
 bool isWhiteSpace(char c) { return classOf(c) == Class::whiteSpace; }
 bool isRegular(char c) { return classOf(c) == Class::regular; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t find(std::string_view text, std::string_view word) {
+  const std::boyer_moore_horspool_searcher searcher(word.begin(), word.end());
+  const auto found = std::search(text.begin(), text.end(), searcher);
+  return found == text.end() ? text.npos : static_cast<std::size_t>(found - text.begin());
+}
 
 Scanner::Scanner(std::string_view bytes, Budget& budget, std::size_t offset)
     : bytes_(bytes), budget_(&budget) {
@@ -58,134 +48,142 @@ std::string_view Scanner::text(const Token& token) const {
 }
 
 bool Scanner::is(const Token& token, std::string_view keyword) const {
-  return token.kind == Token::Kind::keyword && text(token) == keyword;
+  return token.kind == Token::Kind::word && text(token) == keyword;
 }
 
-void Scanner::skipWhiteSpace() {
-  while (position_ < bytes_.size()) {
-    const char c = bytes_[position_];
+std::size_t Scanner::pastWhiteSpace(std::size_t offset) const {
+  while (offset < bytes_.size()) {
+    const char c = bytes_[offset];
     if (c == '%') {
-      while (position_ < bytes_.size() && bytes_[position_] != '\n' && bytes_[position_] != '\r')
-        ++position_;
+      while (offset < bytes_.size() && bytes_[offset] != '\n' && bytes_[offset] != '\r') ++offset;
     } else if (isWhiteSpace(c)) {
-      ++position_;
+      ++offset;
     } else {
-      return;
+      break;
     }
   }
+  return offset;
 }
 
-// Leaves the position behind the closing parenthesis that belongs to the opening one before it.
-void Scanner::skipLiteralString() {
+std::size_t Scanner::pastRegular(std::size_t offset) const {
+  while (offset < bytes_.size() && isRegular(bytes_[offset])) ++offset;
+  return offset;
+}
+
+bool Scanner::endsWord(std::size_t offset) const {
+  return offset >= bytes_.size() || !isRegular(bytes_[offset]);
+}
+
+// From behind the opening parenthesis to behind the closing one that belongs to it. Parentheses and
+// escapes inside are counted as tokens.
+Scanner::StringEnd Scanner::pastLiteralString(std::size_t offset) const {
   std::size_t open = 1;
-  while (position_ < bytes_.size()) {
-    const char c = bytes_[position_++];
+  std::size_t tokens = 1;
+  while (offset < bytes_.size()) {
+    const char c = bytes_[offset++];
+    if (c != '\\' && c != '(' && c != ')') continue;
+    ++tokens;
     if (c == '\\') {
-      if (position_ < bytes_.size()) ++position_;
+      if (offset < bytes_.size()) ++offset;
     } else if (c == '(') {
       ++open;
-    } else if (c == ')' && --open == 0) {
-      return;
+    } else if (--open == 0) {
+      break;
     }
   }
-}
-
-Token Scanner::finish(Token::Kind kind, std::size_t begin, std::size_t end) {
-  position_ = end;
-  return {kind, begin, end};
+  return {offset, tokens};
 }
 
 Token Scanner::next() {
   const std::size_t start = position_;
-  skipWhiteSpace();
-  const std::size_t begin = position_;
+  const std::size_t begin = pastWhiteSpace(start);
   Token token{Token::Kind::end, begin, begin};
+  std::size_t tokens = 1;
   if (begin < bytes_.size()) {
     const char c = bytes_[begin];
     const char following = begin + 1 < bytes_.size() ? bytes_[begin + 1] : '\0';
     using enum Token::Kind;
-    if (classOf(c) == Class::regular) {
-      std::size_t end = begin + 1;
-      while (end < bytes_.size() && isRegular(bytes_[end])) ++end;
-      const bool number = startsNumber(c) && isNumber(bytes_.substr(begin, end - begin));
-      token = finish(number ? Token::Kind::number : keyword, begin, end);
+    if (isRegular(c)) {
+      token = {word, begin, pastRegular(begin + 1)};
     } else if (c == '/') {
-      std::size_t end = begin + 1;
-      while (end < bytes_.size() && isRegular(bytes_[end])) ++end;
-      token = finish(name, begin, end);
+      token = {name, begin, pastRegular(begin + 1)};
     } else if (c == '(') {
-      ++position_;
-      skipLiteralString();
-      token = finish(literalString, begin, position_);
+      const StringEnd end = pastLiteralString(begin + 1);
+      token = {literalString, begin, end.offset};
+      tokens = end.tokens;
     } else if (c == '<' && following == '<') {
-      token = finish(dictionaryOpen, begin, begin + 2);
+      token = {dictionaryOpen, begin, begin + 2};
     } else if (c == '>' && following == '>') {
-      token = finish(dictionaryClose, begin, begin + 2);
+      token = {dictionaryClose, begin, begin + 2};
     } else if (c == '<') {
       const std::size_t close = bytes_.find('>', begin);
-      token = finish(hexString, begin, close == bytes_.npos ? bytes_.size() : close + 1);
+      token = {hexString, begin, close == bytes_.npos ? bytes_.size() : close + 1};
     } else {
-      const Token::Kind kind = c == '[' ? arrayOpen : c == ']' ? arrayClose : keyword;
-      token = finish(kind, begin, begin + 1);
+      token = {c == '[' ? arrayOpen : c == ']' ? arrayClose : word, begin, begin + 1};
     }
   }
-  if (!budget_->scan(position_ - start)) return {Token::Kind::end, position_, position_};
+  position_ = token.end;
+  if (!budget_->scan(position_ - start) || !budget_->takeTokens(tokens))
+    return {Token::Kind::end, position_, position_};
   return token;
 }
 
-// Only delimiters matter here, so regular characters are passed without forming tokens of them.
+std::size_t Scanner::toNextToken() {
+  const std::size_t start = position_;
+  position_ = pastWhiteSpace(start);
+  budget_->scan(position_ - start);
+  return position_;
+}
+
+// Only delimiters matter here: regular characters, names among them, are passed as they come.
 void Scanner::skipToClosing() {
   std::size_t depth = 1;
-  std::size_t paid = position_;
-  while (position_ < bytes_.size()) {
-    const char c = bytes_[position_];
-    if (classOf(c) != Class::delimiter) {
+  while (!budget_->isExhausted()) {
+    const std::size_t start = position_;
+    while (position_ < bytes_.size() &&
+           (classOf(bytes_[position_]) != Class::delimiter || bytes_[position_] == '/'))
       ++position_;
-      continue;
-    }
-    if (!budget_->scan(position_ - paid)) return;
-    paid = position_;
-    if (c == '/') {
-      ++position_;
-      continue;
-    }
-    const Token token = next();
-    paid = position_;
+    if (!budget_->scan(position_ - start)) return;
     using enum Token::Kind;
-    if (token.kind == arrayOpen || token.kind == dictionaryOpen) {
-      if (++depth > limits::nesting) return budget_->exhaust();
-    } else if (token.kind == arrayClose || token.kind == dictionaryClose) {
-      if (--depth == 0) return;
-    } else if (token.kind == end && budget_->isExhausted()) {
-      return;
+    switch (next().kind) {
+      case arrayOpen:
+      case dictionaryOpen:
+        if (++depth > limits::nesting) budget_->exhaust();
+        break;
+      case arrayClose:
+      case dictionaryClose:
+        if (--depth == 0) return;
+        break;
+      case end:
+        return;
+      default:
+        break;
     }
   }
-  budget_->scan(position_ - paid);
 }
 
 bool Scanner::takeKeyword(std::string_view keyword) {
   const std::size_t start = position_;
-  if (is(next(), keyword)) return true;
-  position_ = start;
-  return false;
+  const std::size_t begin = pastWhiteSpace(start);
+  const std::size_t end = begin + keyword.size();
+  const bool found = bytes_.substr(begin, keyword.size()) == keyword && endsWord(end);
+  if (!budget_->scan((found ? end : begin) - start) || !found) return false;
+  position_ = end;
+  return budget_->takeTokens(1);
 }
 
 std::optional<std::uint64_t> Scanner::takeCount() {
+  constexpr std::size_t mostDigits = 18;
   const std::size_t start = position_;
-  const std::string_view digits = text(next());
-  if (!digits.empty() && digits.size() <= 18) {
-    std::uint64_t value = 0;
-    for (const char c : digits) {
-      if (!isDigit(c)) {
-        position_ = start;
-        return std::nullopt;
-      }
-      value = value * 10 + static_cast<std::uint64_t>(c - '0');
-    }
-    return value;
-  }
-  position_ = start;
-  return std::nullopt;
+  const std::size_t begin = pastWhiteSpace(start);
+  std::uint64_t value = 0;
+  std::size_t end = begin;
+  for (; end < bytes_.size() && isDigit(bytes_[end]) && end - begin <= mostDigits; ++end)
+    value = value * 10 + static_cast<std::uint64_t>(bytes_[end] - '0');
+  const bool found = end > begin && end - begin <= mostDigits && endsWord(end);
+  if (!budget_->scan(end - start) || !found) return std::nullopt;
+  position_ = end;
+  return budget_->takeTokens(1) ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace korrin::pdf

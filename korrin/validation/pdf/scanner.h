@@ -28,6 +28,10 @@ bool isWhiteSpace(char c);
 bool isRegular(char c);
 bool isDigit(char c);
 
+/// Where `word` stands first in `text`, npos where it does not. Takes time in proportion to the
+/// text whatever is in it, unlike the search of the text itself.
+std::size_t find(std::string_view text, std::string_view word);
+
 /// A place that outlives a scanner: in the file itself (container 0) or in the object stream whose
 /// number is `container`.
 struct Place {
@@ -38,7 +42,7 @@ struct Place {
 struct Token {
   enum class Kind {
     end,
-    number,
+    word,  ///< A run of regular characters - a number or a keyword - or one stray delimiter.
     name,
     literalString,
     hexString,
@@ -46,7 +50,6 @@ struct Token {
     arrayClose,
     dictionaryOpen,
     dictionaryClose,
-    keyword,  ///< Any other run of regular characters, or one stray delimiter.
   };
   Kind kind = Kind::end;
   std::size_t begin = 0;
@@ -62,6 +65,9 @@ class Scanner {
           std::size_t offset);
 
   Token next();
+
+  /// Moves to where the next token begins, or to the end, and gives that place.
+  std::size_t toNextToken();
 
   /// Passes over the rest of the array or dictionary whose opening token has just been taken.
   void skipToClosing();
@@ -82,9 +88,15 @@ class Scanner {
   Budget& budget() const { return *budget_; }
 
  private:
-  void skipWhiteSpace();
-  void skipLiteralString();
-  Token finish(Token::Kind kind, std::size_t begin, std::size_t end);
+  /// The first place from `offset` on that is neither white space nor in a comment.
+  std::size_t pastWhiteSpace(std::size_t offset) const;
+  std::size_t pastRegular(std::size_t offset) const;
+  bool endsWord(std::size_t offset) const;
+  struct StringEnd {
+    std::size_t offset;
+    std::size_t tokens;
+  };
+  StringEnd pastLiteralString(std::size_t offset) const;
 
   std::shared_ptr<const Bytes> owner_;
   std::string_view bytes_;

@@ -1,5 +1,6 @@
 #include "korrin/validation/pdf/stream_data.h"
 
+#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -11,10 +12,13 @@ namespace {
 
 constexpr std::string_view endOfStream = "endstream";
 
-// Whether the data may end here: "endstream" follows, after an end of line or none.
+// Whether the data may end here: "endstream" follows, after an end of line and perhaps a few
+// blanks.
 bool endsAt(std::string_view file, std::size_t offset) {
-  while (offset < file.size() && isWhiteSpace(file[offset])) ++offset;
-  return file.substr(offset).starts_with(endOfStream);
+  constexpr std::size_t mostBlanks = 16;
+  const std::string_view rest = file.substr(offset, mostBlanks + endOfStream.size());
+  const auto blanks = std::find_if_not(rest.begin(), rest.end(), isWhiteSpace) - rest.begin();
+  return rest.substr(static_cast<std::size_t>(blanks)).starts_with(endOfStream);
 }
 
 // The stated length counts only if the data ends there; otherwise the next "endstream" does, and a
@@ -28,7 +32,7 @@ std::optional<std::string_view> dataOf(Objects& objects, Scanner& scanner, const
   const std::string_view rest = file.substr(start);
   if (const auto size = objects.resolveOrdinary(length).asSize())
     if (*size <= rest.size() && endsAt(file, start + *size)) return rest.substr(0, *size);
-  const std::size_t end = rest.find(endOfStream);
+  const std::size_t end = find(rest, endOfStream);
   const std::size_t size = end == rest.npos ? rest.size() : end;
   if (!scanner.budget().scan(size)) return std::nullopt;
   return rest.substr(0, size);
@@ -104,7 +108,9 @@ std::optional<Bytes> readStreamData(Objects& objects, Scanner scanner, const Str
       PlainSource previous(*bytes);
       bytes = inflate(previous, stage, budget);
     }
-    if (!bytes || !undoPredictor(*bytes, predictor)) return std::nullopt;
+    if (!bytes) return std::nullopt;
+    if (predictor.algorithm > 1 && !budget.inflate(bytes->size())) return std::nullopt;
+    if (!undoPredictor(*bytes, predictor)) return std::nullopt;
   }
   return bytes;
 }

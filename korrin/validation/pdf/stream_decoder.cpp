@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include <zlib.h>
 
@@ -29,42 +30,59 @@ constexpr std::size_t firstOutput = 4096;
 
 std::uint8_t at(const Bytes& bytes, std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); }
 
-std::uint8_t paeth(int left, int up, int upLeft) {
-  const int estimate = left + up - upLeft;
-  const int toLeft = std::abs(estimate - left);
-  const int toUp = std::abs(estimate - up);
-  const int toUpLeft = std::abs(estimate - upLeft);
-  if (toLeft <= toUp && toLeft <= toUpLeft) return static_cast<std::uint8_t>(left);
-  return static_cast<std::uint8_t>(toUp <= toUpLeft ? up : upLeft);
+unsigned paeth(int left, int up, int upLeft) {
+  // The distances of left + up - upLeft from each of the three.
+  const int toLeft = std::abs(up - upLeft);
+  const int toUp = std::abs(left - upLeft);
+  const int toUpLeft = std::abs(left + up - 2 * upLeft);
+  const int best = toUp <= toUpLeft ? up : upLeft;
+  return static_cast<unsigned>(toLeft <= std::min(toUp, toUpLeft) ? left : best);
+}
+
+// One row of `count` bytes from `in` to `out`, which is never behind it; `above` is the row before
+// or all zeros.
+void undoPngRow(unsigned filter, const std::uint8_t* in, const std::uint8_t* above,
+                std::uint8_t* out, std::size_t count, std::size_t pixelSize) {
+  const std::size_t head = std::min(count, pixelSize);
+  switch (filter) {
+    case 1:
+      std::memmove(out, in, head);
+      for (std::size_t i = head; i < count; ++i)
+        out[i] = static_cast<std::uint8_t>(in[i] + out[i - pixelSize]);
+      return;
+    case 2:
+      for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<std::uint8_t>(in[i] + above[i]);
+      return;
+    case 3:
+      for (std::size_t i = 0; i < head; ++i)
+        out[i] = static_cast<std::uint8_t>(in[i] + above[i] / 2);
+      for (std::size_t i = head; i < count; ++i)
+        out[i] = static_cast<std::uint8_t>(in[i] + (out[i - pixelSize] + above[i]) / 2);
+      return;
+    case 4:
+      for (std::size_t i = 0; i < head; ++i) out[i] = static_cast<std::uint8_t>(in[i] + above[i]);
+      for (std::size_t i = head; i < count; ++i)
+        out[i] = static_cast<std::uint8_t>(
+            in[i] + paeth(out[i - pixelSize], above[i], above[i - pixelSize]));
+      return;
+    default:
+      std::memmove(out, in, count);
+  }
 }
 
 // Rows lose the byte that names their filter and so move towards the front; the row above already
 // stands where it belongs.
 void undoPngRows(Bytes& bytes, std::size_t rowSize, std::size_t pixelSize) {
+  auto* const data = reinterpret_cast<std::uint8_t*>(bytes.data());
+  const std::vector<std::uint8_t> zeros(std::min(rowSize, bytes.size()));
+  const std::uint8_t* above = zeros.data();
   std::size_t in = 0;
   std::size_t out = 0;
   while (in + 1 < bytes.size()) {
-    const unsigned filter = at(bytes, in++);
+    const unsigned filter = data[in++];
     const std::size_t count = std::min(rowSize, bytes.size() - in);
-    const bool hasRowAbove = out > 0;
-    for (std::size_t i = 0; i < count; ++i) {
-      const unsigned raw = at(bytes, in + i);
-      const unsigned left = i >= pixelSize ? at(bytes, out + i - pixelSize) : 0u;
-      const unsigned up = hasRowAbove ? at(bytes, out + i - rowSize) : 0u;
-      unsigned predicted = 0;
-      if (filter == 1) {
-        predicted = left;
-      } else if (filter == 2) {
-        predicted = up;
-      } else if (filter == 3) {
-        predicted = (left + up) / 2;
-      } else if (filter == 4) {
-        const unsigned upLeft =
-            hasRowAbove && i >= pixelSize ? at(bytes, out + i - rowSize - pixelSize) : 0u;
-        predicted = paeth(static_cast<int>(left), static_cast<int>(up), static_cast<int>(upLeft));
-      }
-      bytes[out + i] = static_cast<std::byte>((raw + predicted) & 0xFF);
-    }
+    undoPngRow(filter, data + in, above, data + out, count, pixelSize);
+    above = data + out;
     in += count;
     out += count;
   }

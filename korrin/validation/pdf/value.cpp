@@ -1,5 +1,6 @@
 #include "korrin/validation/pdf/value.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -14,17 +15,37 @@ int hexDigit(char c) {
   return -1;
 }
 
+// A sign, digits, and at most one point among them.
+bool isNumber(std::string_view text) {
+  std::size_t i = text.front() == '+' || text.front() == '-' ? 1 : 0;
+  bool point = false;
+  bool digit = false;
+  for (; i < text.size(); ++i) {
+    if (isDigit(text[i]))
+      digit = true;
+    else if (text[i] == '.' && !point)
+      point = true;
+    else
+      return false;
+  }
+  return digit;
+}
+
 double numberOf(std::string_view text) {
   const bool negative = text.front() == '-';
   if (negative || text.front() == '+') text.remove_prefix(1);
+  text.remove_prefix(std::min(text.find_first_not_of('0'), text.size()));
+  // Beyond so many digits nothing changes: before the point the number is infinite, behind it they
+  // are too small to count.
+  constexpr std::size_t mostDigits = 1100;
+  text = text.substr(0, mostDigits);
+  if (text.empty() || text == ".") return negative ? -0.0 : 0.0;
   double value = 0;
   const auto [end, error] =
       std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
   if (error == std::errc::result_out_of_range) {
     // Too large and too small are reported alike; a digit before the point tells them apart.
-    const std::string_view whole = text.substr(0, text.find('.'));
-    const bool tiny = whole.find_first_not_of('0') == whole.npos;
-    value = tiny ? 0 : std::numeric_limits<double>::infinity();
+    value = text.front() == '.' ? 0 : std::numeric_limits<double>::infinity();
   }
   return negative ? -value : value;
 }
@@ -46,6 +67,18 @@ void readReference(Scanner& scanner, Value& value) {
     value.reference = *object;
   } else {
     scanner.moveTo(start);
+  }
+}
+
+void readWord(Scanner& scanner, const Token& token, Value& value) {
+  const std::string_view text = scanner.text(token);
+  if (isNumber(text)) {
+    value.kind = Value::Kind::number;
+    value.number = numberOf(text);
+    readReference(scanner, value);
+  } else {
+    value.isTrue = text == "true";
+    value.kind = text == "null" ? Value::Kind::null : Value::Kind::other;
   }
 }
 
@@ -147,10 +180,8 @@ std::optional<Value> readValueHead(Scanner& scanner) {
     case Token::Kind::arrayClose:
     case Token::Kind::dictionaryClose:
       return std::nullopt;
-    case Token::Kind::number:
-      value.kind = Value::Kind::number;
-      value.number = numberOf(scanner.text(token));
-      readReference(scanner, value);
+    case Token::Kind::word:
+      readWord(scanner, token, value);
       return value;
     case Token::Kind::name:
       value.kind = Value::Kind::name;
@@ -166,10 +197,6 @@ std::optional<Value> readValueHead(Scanner& scanner) {
     case Token::Kind::dictionaryOpen:
       value.kind = Value::Kind::dictionary;
       return value;
-    case Token::Kind::keyword:
-      value.isTrue = scanner.is(token, "true");
-      value.kind = scanner.is(token, "null") ? Value::Kind::null : Value::Kind::other;
-      return value;
   }
   return std::nullopt;
 }
@@ -181,13 +208,13 @@ std::optional<Value> readValue(Scanner& scanner) {
   return value;
 }
 
-std::optional<Name> readKey(Scanner& scanner) {
+std::optional<std::string_view> readKey(Scanner& scanner) {
   while (true) {
     const std::size_t start = scanner.position();
     const Token token = scanner.next();
     switch (token.kind) {
       case Token::Kind::name:
-        return Name(scanner.text(token));
+        return scanner.text(token);
       case Token::Kind::end:
       case Token::Kind::dictionaryClose:
         return std::nullopt;
@@ -195,7 +222,7 @@ std::optional<Name> readKey(Scanner& scanner) {
       case Token::Kind::dictionaryOpen:
         scanner.skipToClosing();
         break;
-      case Token::Kind::keyword:
+      case Token::Kind::word:
         if (scanner.is(token, "endobj") || scanner.is(token, "stream")) {
           scanner.moveTo(start);
           return std::nullopt;
@@ -204,6 +231,25 @@ std::optional<Name> readKey(Scanner& scanner) {
       default:
         break;
     }
+  }
+}
+
+bool isKey(std::string_view token, std::string_view key) {
+  if (token.substr(1) == key) return true;
+  return token.find('#') != token.npos && Name(token).text() == key;
+}
+
+void skipValue(Scanner& scanner) {
+  const std::size_t start = scanner.position();
+  switch (scanner.next().kind) {
+    case Token::Kind::arrayOpen:
+    case Token::Kind::dictionaryOpen:
+      return scanner.skipToClosing();
+    case Token::Kind::arrayClose:
+    case Token::Kind::dictionaryClose:
+      return scanner.moveTo(start);
+    default:
+      return;
   }
 }
 

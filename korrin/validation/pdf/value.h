@@ -3,10 +3,12 @@
 // One value of a PDF, read where it stands. Numbers, references and short names are held; arrays,
 // dictionaries and strings are only a place to read from.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "korrin/validation/pdf/scanner.h"
@@ -55,8 +57,16 @@ std::optional<Value> readValueHead(Scanner& scanner);
 template <std::size_t n>
 std::array<Value, n> readEntries(Scanner& scanner, const std::array<std::string_view, n>& keys);
 
-/// Takes the next key of a dictionary whose opening has been taken; nothing at its end.
-std::optional<Name> readKey(Scanner& scanner);
+/// Takes the next key of a dictionary whose opening has been taken and gives its token's text;
+/// nothing at the dictionary's end.
+std::optional<std::string_view> readKey(Scanner& scanner);
+
+/// Whether the name token `token` spells `key`.
+bool isKey(std::string_view token, std::string_view key);
+
+/// Passes over the value of a key; of a reference only over its first number, since the rest cannot
+/// be taken for a key. Stays in front of a closing bracket.
+void skipValue(Scanner& scanner);
 
 /// The first `capacity` bytes of the string at the scanner's position, escapes resolved; `size`
 /// counts what is there.
@@ -74,16 +84,18 @@ template <std::size_t n>
 std::array<Value, n> readEntries(Scanner& scanner, const std::array<std::string_view, n>& keys) {
   std::array<Value, n> values;
   if (scanner.next().kind != Token::Kind::dictionaryOpen) return values;
-  while (const auto key = readKey(scanner)) {
+  while (const auto token = readKey(scanner)) {
+    const auto key = std::find_if(keys.begin(), keys.end(),
+                                  [&](std::string_view wanted) { return isKey(*token, wanted); });
     const std::size_t valueStart = scanner.position();
-    const auto value = readValue(scanner);
-    if (!value) {
+    if (key == keys.end()) {
+      skipValue(scanner);
+    } else if (const auto value = readValue(scanner)) {
+      values[static_cast<std::size_t>(key - keys.begin())] = *value;
+    } else {
       // A key without a value: its dictionary ends here.
       scanner.moveTo(valueStart);
-      continue;
     }
-    for (std::size_t i = 0; i < n; ++i)
-      if (keys[i] == key->text()) values[i] = *value;
   }
   return values;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+// The bound on the readers of formats whose headers link to one another.
+
 namespace korrin::raster {
 
 /// How many times the readers of linked headers may advance before they give a file up. It makes

@@ -27,10 +27,8 @@ PdfPage pageInStreamOf(std::size_t size, const std::string& filters, bool twice)
   const std::string head = "3 0 <</MediaBox[0 0 3 3]>>";
   std::string data = deflated(head + std::string(size - head.size(), ' '));
   if (twice) data = deflated(data);
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .stream(4, "/Type/ObjStm/N 1/First 4/Filter[" + filters + "]", data)
+  PdfBuilder pdf = tree();
+  pdf.stream(4, "/Type/ObjStm/N 1/First 4/Filter[" + filters + "]", data)
       .pretendIn(3, 4, 0)
       .crossReferenceStream(9);
   return pageOf(pdf.file());
@@ -125,10 +123,8 @@ TEST(Budget, AllowsSuchNesting) {
 
 TEST(Budget, AllowsAChainOfSoManyReferences) {
   const auto pageBehind = [](std::size_t references) {
-    PdfBuilder pdf;
-    pdf.object(1, "<</Pages 2 0 R>>")
-        .object(2, "<</Kids[3 0 R]>>")
-        .object(3, "<</MediaBox 10 0 R>>");
+    PdfBuilder pdf = tree();
+    pdf.object(3, "<</MediaBox 10 0 R>>");
     for (std::uint32_t i = 0; i + 1 < references; ++i)
       pdf.object(10 + i, std::to_string(11 + i) + " 0 R");
     pdf.object(static_cast<std::uint32_t>(9 + references), "[0 0 3 3]").table();
@@ -140,10 +136,7 @@ TEST(Budget, AllowsAChainOfSoManyReferences) {
 
 TEST(Budget, AllowsSoManyCrossReferenceSections) {
   const auto pageBehind = [](std::size_t sections) {
-    PdfBuilder pdf;
-    pdf.object(1, "<</Pages 2 0 R>>")
-        .object(2, "<</Kids[3 0 R]>>")
-        .object(3, "<</MediaBox[0 0 3 3]>>");
+    PdfBuilder pdf = wholeTree();
     for (std::size_t i = 0; i < sections; ++i) pdf.table();
     return pageOf(pdf.file());
   };
@@ -155,10 +148,7 @@ TEST(Budget, AllowsSoMuchCrossReferenceData) {
   // Sections of one row each, filled up with rows beyond the ones that are listed.
   const std::size_t whole = limits::crossReferenceBytes / limits::inflatedStream;
   const auto pageBehind = [&](std::size_t lastSize) {
-    PdfBuilder pdf;
-    pdf.object(1, "<</Pages 2 0 R>>")
-        .object(2, "<</Kids[3 0 R]>>")
-        .object(3, "<</MediaBox[0 0 3 3]>>");
+    PdfBuilder pdf = wholeTree();
     std::size_t previous = 0;
     for (std::size_t i = 0; i <= whole; ++i) {
       std::string rows(i == whole ? lastSize
@@ -209,10 +199,35 @@ TEST(Budget, CountsScannedBytesExactly) {
   EXPECT_TRUE(budget.isExhausted());
 }
 
+TEST(Budget, CountsTokensExactly) {
+  pdf::Budget budget(10 * limits::inputBytesPerToken);
+  EXPECT_TRUE(budget.takeTokens(limits::tokensBase + 10));
+  EXPECT_FALSE(budget.isExhausted());
+  EXPECT_FALSE(budget.takeTokens(1));
+  EXPECT_TRUE(budget.isExhausted());
+}
+
+TEST(Budget, AllowsSoManyTokens) {
+  // A number among the children is looked at twice, for what it is and for a reference; it takes
+  // two bytes, which allow for one token.
+  const auto pageBehind = [](std::size_t numbers) {
+    return pageOf(PdfBuilder()
+                      .object(1, "<</Pages 2 0 R>>")
+                      .object(2, "<</Kids[" + repeated("7 ", numbers) + "3 0 R]>>")
+                      .object(3, "<</MediaBox[0 0 3 3]>>")
+                      .table()
+                      .file());
+  };
+  EXPECT_EQ(pageBehind(limits::tokensBase - 100), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::tokensBase + 1000), unreadable);
+}
+
 TEST(Budget, PaysForNothingOnceItIsUsedUp) {
   pdf::Budget budget(10);
   EXPECT_FALSE(budget.inflate(limits::inflatedInAll + 1));
   EXPECT_FALSE(budget.scan(1));
+  EXPECT_FALSE(budget.takeTokens(1));
+  EXPECT_FALSE(budget.keepCrossReferences(1));
   EXPECT_FALSE(budget.lookUp());
   EXPECT_FALSE(budget.treeNode());
   EXPECT_FALSE(budget.crossReferenceSection());
@@ -225,10 +240,7 @@ TEST(Budget, OfAnInputOfAnySizeDoesNotOverflow) {
 
 TEST(Budget, AllowsSoManyRecoveredObjects) {
   const auto pageAmong = [](std::size_t objects) {
-    PdfBuilder pdf;
-    pdf.object(1, "<</Pages 2 0 R>>")
-        .object(2, "<</Kids[3 0 R]>>")
-        .object(3, "<</MediaBox[0 0 3 3]>>");
+    PdfBuilder pdf = wholeTree();
     pdf.raw(repeated("9 0 obj\n", objects - 3)).raw("trailer<</Root 1 0 R>>");
     return pageOf(pdf.file());
   };
@@ -238,10 +250,7 @@ TEST(Budget, AllowsSoManyRecoveredObjects) {
 
 TEST(Budget, TriesSoManyRecoveredTrailers) {
   const auto pageBefore = [](std::size_t trailers) {
-    PdfBuilder pdf;
-    pdf.object(1, "<</Pages 2 0 R>>")
-        .object(2, "<</Kids[3 0 R]>>")
-        .object(3, "<</MediaBox[0 0 3 3]>>");
+    PdfBuilder pdf = wholeTree();
     pdf.raw("trailer<</Root 1 0 R>>\n").raw(repeated("trailer<<>>\n", trailers));
     return pageOf(pdf.file());
   };

@@ -11,31 +11,19 @@ namespace {
 using namespace test;
 
 PdfBuilder firstRevision() {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .table();
+  PdfBuilder pdf = wholeTree();
+  pdf.table();
   return pdf;
 }
 
 // The same page twice, the second time where only an intact section can lead to it: a recovery
 // would take the last definition.
 PdfBuilder withDecoy() {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
+  PdfBuilder pdf = wholeTree();
   const std::size_t intended =
       pdf.offset() - std::string("3 0 obj\n<</MediaBox[0 0 3 3]>>\nendobj\n").size();
   pdf.object(3, "<</MediaBox[0 0 99 99]>>").pretendAt(3, intended);
   return pdf;
-}
-
-std::string replaced(std::string text, std::string_view from, std::string_view to) {
-  const std::size_t at = text.find(from);
-  EXPECT_NE(at, text.npos) << from;
-  return text.replace(at, from.size(), to);
 }
 
 TEST(CrossReferences, LeadToThePageThroughATable) {
@@ -117,10 +105,7 @@ TEST(CrossReferences, AcceptEntriesThatEndInOneCharacterMore) {
 }
 
 TEST(CrossReferences, UseRowsWithoutATypeForOrdinaryObjects) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
+  PdfBuilder pdf = wholeTree();
   const auto at = [&](const char* header) { return bigEndian(pdf.file().find(header), 2); };
   const std::string rows = bigEndian(0, 2) + at("1 0 obj") + at("2 0 obj") + at("3 0 obj");
   pdf.object(3, "<</MediaBox[0 0 9 9]>>");
@@ -131,10 +116,7 @@ TEST(CrossReferences, UseRowsWithoutATypeForOrdinaryObjects) {
 }
 
 TEST(CrossReferences, ThatReturnToThemselvesEnd) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
+  PdfBuilder pdf = wholeTree();
   pdf.table("/Root 1 0 R/Prev " + std::to_string(pdf.offset()));
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }

@@ -24,12 +24,6 @@ std::string contentOf(const std::string& name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string replaced(std::string text, std::string_view from, std::string_view to) {
-  const std::size_t at = text.find(from);
-  EXPECT_NE(at, text.npos) << from;
-  return text.replace(at, from.size(), to);
-}
-
 class EncryptedDocument : public testing::TestWithParam<const char*> {};
 
 TEST_P(EncryptedDocument, IsReadWhenItOpensWithTheEmptyPassword) {
@@ -82,20 +76,14 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST(Encryption, ThatCannotBeFoundIsUnreadable) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
+  PdfBuilder pdf = wholeTree();
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), unreadable);
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 7").file()), unreadable);
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<<>>").file()), unreadable);
 }
 
 TEST(Encryption, OfNothingIsNone) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
+  PdfBuilder pdf = wholeTree();
   EXPECT_EQ(pageOf(pdf.table("/Root 1 0 R/Encrypt null").file()), box(3, 3));
 }
 

@@ -13,10 +13,7 @@ namespace {
 using namespace test;
 
 TEST(Encryption, IsUnreadableWhereItIsLeftOut) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
+  PdfBuilder pdf = wholeTree();
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<</Filter/Standard>>").file()),
             unreadable);
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), unreadable);

@@ -18,10 +18,8 @@ constexpr std::string_view page = "<</MediaBox[0 0 3 3]>>";
 // A document whose page lies in the object stream with `entries` and `data`. Damage there cannot be
 // repaired, since the page stands nowhere else.
 PdfPage pageIn(std::string_view entries, std::string_view data) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .stream(4, "/Type/ObjStm" + std::string(entries), data)
+  PdfBuilder pdf = tree();
+  pdf.stream(4, "/Type/ObjStm" + std::string(entries), data)
       .pretendIn(3, 4, 0)
       .object(20, "<</Predictor 12/Columns 4>>")
       .object(21, "/FlateDecode")
@@ -161,10 +159,8 @@ TEST(ObjectStream, IsFoundWhateverItsLengthSays) {
 }
 
 TEST(ObjectStream, MayLackItsEnd) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .raw("trailer<</Root 1 0 R>>\n")
+  PdfBuilder pdf = tree();
+  pdf.raw("trailer<</Root 1 0 R>>\n")
       .raw("4 0 obj<</Type/ObjStm/N 1/First 4/Filter/FlateDecode>>stream\n" + deflated(pageData()));
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
@@ -179,20 +175,16 @@ TEST(ObjectStream, GivesWhatComesBeforeDamage) {
 }
 
 TEST(ObjectStream, IsSearchedForTheObjectWhenItsIndexIsWrong) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .objectStream(4, {{7, "<<>>"}, {3, "<</MediaBox[0 0 3 3]>>"}})
+  PdfBuilder pdf = tree();
+  pdf.objectStream(4, {{7, "<<>>"}, {3, "<</MediaBox[0 0 3 3]>>"}})
       .pretendIn(3, 4, 0)
       .crossReferenceStream(9);
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
 TEST(ObjectStream, PrefersTheIndexAmongObjectsOfOneNumber) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .objectStream(4, {{3, "<</MediaBox[0 0 3 3]>>"}, {3, "<</MediaBox[0 0 4 4]>>"}})
+  PdfBuilder pdf = tree();
+  pdf.objectStream(4, {{3, "<</MediaBox[0 0 3 3]>>"}, {3, "<</MediaBox[0 0 4 4]>>"}})
       .pretendIn(3, 4, 0)
       .crossReferenceStream(9);
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
@@ -200,23 +192,24 @@ TEST(ObjectStream, PrefersTheIndexAmongObjectsOfOneNumber) {
 
 TEST(ObjectStream, MustBeAnOrdinaryObject) {
   // The inner stream would be readable, were it not itself in an object stream.
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .objectStream(4, {{5,
-                         "<</Type/ObjStm/N 1/First 4/Length 26>>stream\n3 0 <</MediaBox[0 0 3 3]>>"
-                         "\nendstream"}})
+  PdfBuilder pdf = tree();
+  pdf.objectStream(4, {{5,
+                        "<</Type/ObjStm/N 1/First 4/Length 26>>stream\n3 0 <</MediaBox[0 0 3 3]>>"
+                        "\nendstream"}})
       .pretendIn(3, 5, 0)
       .crossReferenceStream(9);
   EXPECT_EQ(pageOf(pdf.file()), unreadable);
 }
 
+TEST(ObjectStream, MayNotHaveTheNumberOfTheFreeList) {
+  PdfBuilder pdf = tree();
+  pdf.stream(0, "/Type/ObjStm/N 1/First 4", pageData()).pretendIn(3, 0, 0).crossReferenceStream(9);
+  EXPECT_EQ(pageOf(pdf.file()), unreadable);
+}
+
 TEST(ObjectStream, MayNotContainItself) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .pretendIn(4, 4, 0)
-      .pretendIn(3, 4, 0);
+  PdfBuilder pdf = tree();
+  pdf.pretendIn(4, 4, 0).pretendIn(3, 4, 0);
   pdf.crossReferenceStream(9);
   EXPECT_EQ(pageOf(pdf.file()), unreadable);
 }

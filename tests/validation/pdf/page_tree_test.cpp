@@ -127,11 +127,8 @@ TEST(PageTree, WithoutPagesIsUnreadable) {
 }
 
 TEST(PageTree, ThatReturnsToItselfIsUnreadable) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</Kids[2 0 R]>>")
-      .table();
+  PdfBuilder pdf = tree();
+  pdf.object(3, "<</Kids[2 0 R]>>").table();
   EXPECT_EQ(pageOf(pdf.file()), unreadable);
 }
 

@@ -10,12 +10,6 @@ namespace {
 
 using namespace test;
 
-std::string replaced(std::string text, std::string_view from, std::string_view to) {
-  const std::size_t at = text.rfind(from);
-  EXPECT_NE(at, text.npos) << from;
-  return text.replace(at, from.size(), to);
-}
-
 struct Damage {
   const char* name;
   const char* from;
@@ -51,6 +45,17 @@ TEST(Recovery, FindsObjectsInObjectStreams) {
             box(3, 3));
 }
 
+TEST(Recovery, FindsObjectStreamsBehindTheObjectsOfOthers) {
+  // The numbers in the first streams are beyond and between those of the streams themselves.
+  PdfBuilder pdf;
+  pdf.objectStream(10, {{1, "<</Pages 60 0 R>>"}, {99, "null"}, {15, "null"}})
+      .objectStream(20, {{60, "<</Kids[3 0 R]>>"}, {25, "null"}, {11, "null"}})
+      .objectStream(30, {{3, "<</MediaBox 70 0 R>>"}, {5, "null"}})
+      .objectStream(40, {{70, "[0 0 3 3]"}})
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
 TEST(Recovery, ShiftsWithBytesInsertedAnywhere) {
   for (const std::string& file :
        {onePage("/MediaBox[0 0 3 3]"), onePageInObjectStream("/MediaBox[0 0 3 3]")})
@@ -70,44 +75,30 @@ TEST(Recovery, LetsTheLastDefinitionWin) {
 }
 
 TEST(Recovery, OrdersObjectStreamsAndObjectsByTheirPlace) {
-  PdfBuilder compressedLast;
-  compressedLast.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .objectStream(5, {{3, "<</MediaBox[0 0 5 5]>>"}})
-      .raw("trailer<</Root 1 0 R>>");
+  PdfBuilder compressedLast = wholeTree();
+  compressedLast.objectStream(5, {{3, "<</MediaBox[0 0 5 5]>>"}}).raw("trailer<</Root 1 0 R>>");
   EXPECT_EQ(pageOf(compressedLast.file()), box(5, 5));
-  PdfBuilder ordinaryLast;
-  ordinaryLast.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .objectStream(5, {{3, "<</MediaBox[0 0 5 5]>>"}})
+  PdfBuilder ordinaryLast = tree();
+  ordinaryLast.objectStream(5, {{3, "<</MediaBox[0 0 5 5]>>"}})
       .object(3, "<</MediaBox[0 0 3 3]>>")
       .raw("trailer<</Root 1 0 R>>");
   EXPECT_EQ(pageOf(ordinaryLast.file()), box(3, 3));
 }
 
 TEST(Recovery, TakesTheLastTrailerThatLeadsToAPage) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .raw("trailer<</Root 1 0 R>>\ntrailer<</Root 3 0 R>>\ntrailer<</Size 3>>");
+  PdfBuilder pdf = wholeTree();
+  pdf.raw("trailer<</Root 1 0 R>>\ntrailer<</Root 3 0 R>>\ntrailer<</Size 3>>");
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
 TEST(Recovery, PassesOverWhatLooksLikeObjectsInStreams) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .stream(4, "", "3 0 obj<</MediaBox[0 0 9 9]>>")
-      .raw("trailer<</Root 1 0 R>>");
+  PdfBuilder pdf = wholeTree();
+  pdf.stream(4, "", "3 0 obj<</MediaBox[0 0 9 9]>>").raw("trailer<</Root 1 0 R>>");
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
 TEST(Recovery, GoesOnBehindAStreamWithoutAnEnd) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  PdfBuilder pdf = tree();
   EXPECT_EQ(
       pageOf(pdf.raw("4 0 obj<<>>stream data 3 0 obj<</MediaBox[0 0 3 3]>>trailer<</Root 1 0 R>>")
                  .file()),
@@ -115,8 +106,7 @@ TEST(Recovery, GoesOnBehindAStreamWithoutAnEnd) {
 }
 
 TEST(Recovery, TakesNoOverlongNumberForAnObject) {
-  PdfBuilder pdf;
-  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[3 0 R]>>");
+  PdfBuilder pdf = tree();
   EXPECT_EQ(
       pageOf(
           PdfBuilder(pdf)

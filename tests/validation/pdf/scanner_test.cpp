@@ -19,15 +19,6 @@ std::vector<std::string> tokens(std::string_view text) {
   return result;
 }
 
-std::vector<Kind> kinds(std::string_view text) {
-  Budget budget(text.size());
-  Scanner scanner(text, budget, 0);
-  std::vector<Kind> result;
-  for (Token token = scanner.next(); token.kind != Kind::end; token = scanner.next())
-    result.push_back(token.kind);
-  return result;
-}
-
 TEST(Scanner, SplitsAtDelimitersAndWhiteSpace) {
   using Texts = std::vector<std::string>;
   EXPECT_EQ(
@@ -39,12 +30,6 @@ TEST(Scanner, SplitsAtDelimitersAndWhiteSpace) {
             (Texts{"1", "2", "3", "4", "5", "6"}));
   EXPECT_EQ(tokens("a%b<<[\rc%d\ne%"), (Texts{"a", "c", "e"}));
   EXPECT_EQ(tokens("/ /a/b/"), (Texts{"/", "/a", "/b", "/"}));
-}
-
-TEST(Scanner, TellsNumbersFromOtherWords) {
-  EXPECT_EQ(kinds("0 -1 +1 .5 5. -.5 00012"), (std::vector<Kind>(7, Kind::number)));
-  EXPECT_EQ(kinds("- + . -. 1e5 1.2.3 --1 1- 0x10 true R obj"),
-            (std::vector<Kind>(12, Kind::keyword)));
 }
 
 TEST(Scanner, BalancesParenthesesInStrings) {
@@ -114,11 +99,26 @@ TEST(Scanner, PaysForEveryByte) {
   EXPECT_TRUE(tooLittle.isExhausted());
 }
 
+TEST(Scanner, PaysForEveryToken) {
+  const std::string text = "a (b(c\\))) [ ] << >> /d <e>";
+  const auto tokensOf = [&](std::size_t spent) {
+    Budget budget(0);
+    budget.takeTokens(limits::tokensBase - spent);
+    Scanner scanner(text, budget, 0);
+    while (scanner.next().kind != Kind::end) {
+    }
+    return budget.isExhausted();
+  };
+  // Eight tokens, four characters in the string that need a decision, and the end.
+  EXPECT_FALSE(tokensOf(13));
+  EXPECT_TRUE(tokensOf(12));
+}
+
 TEST(Scanner, SeesTheEndOnceTheBudgetIsUsedUp) {
   const std::string_view text = "1 2 3";
   Budget budget(text.size());
   Scanner scanner(text, budget, 0);
-  EXPECT_EQ(scanner.next().kind, Kind::number);
+  EXPECT_EQ(scanner.next().kind, Kind::word);
   budget.exhaust();
   EXPECT_EQ(scanner.next().kind, Kind::end);
 }

@@ -37,6 +37,25 @@ TEST(Value, IsReadWhereItStands) {
   EXPECT_TRUE(valueOf("/Fl#61teDecode").isName("FlateDecode"));
 }
 
+TEST(Value, TellsNumbersFromOtherWords) {
+  for (const char* text : {"0", "-1", "+1", ".5", "5.", "-.5", "00012"})
+    EXPECT_EQ(valueOf(text).kind, Kind::number) << text;
+  for (const char* text : {"-", "+", ".", "-.", "1e5", "1.2.3", "--1", "1-", "0x10", "inf", "nan"})
+    EXPECT_EQ(valueOf(text).kind, Kind::other) << text;
+}
+
+TEST(Value, RoundsNumbersToTheNearest) {
+  EXPECT_EQ(valueOf("0.1").number, 0.1);
+  EXPECT_EQ(valueOf("20000.000000000001").number, 20000.000000000001);
+  EXPECT_EQ(valueOf("000" + std::string(2000, '0') + "7.25").number, 7.25);
+  EXPECT_EQ(valueOf("7." + std::string(2000, '0') + "1").number, 7);
+  EXPECT_EQ(valueOf("-0").number, 0);
+  EXPECT_EQ(valueOf("0.").number, 0);
+  EXPECT_EQ(valueOf("1" + std::string(308, '0')).number, 1e308);
+  EXPECT_EQ(valueOf("-1" + std::string(309, '0')).number, -std::numeric_limits<double>::infinity());
+  EXPECT_EQ(valueOf("1" + std::string(5000, '0')).number, std::numeric_limits<double>::infinity());
+}
+
 TEST(Value, TellsReferencesFromNumbers) {
   EXPECT_EQ(valueOf("12 0 R").kind, Kind::reference);
   EXPECT_EQ(valueOf("12 0 R").reference, 12u);

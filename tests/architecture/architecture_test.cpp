@@ -1,0 +1,206 @@
+// The drawing of the house, held against the include lines.
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/files.h"
+
+namespace korrin {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path root = KORRIN_SOURCE_DIR;
+
+// The folders of each floor, from the ground up. A folder may include what stands on a lower floor
+// and nothing beside it.
+const std::vector<std::set<std::string>> floors = {
+    {"foundation"},
+    {"coding"},
+    {"model"},
+    {"validation", "templates", "commands", "preflight", "geometry"},
+};
+
+// Arrows between folders of one floor, each with its reason.
+const std::map<std::pair<std::string, std::string>, std::string> sidewaysArrows = {};
+
+struct Include {
+  std::string name;
+  bool isQuoted;
+};
+
+struct File {
+  fs::path path;       // from the root of the repository
+  std::string folder;  // below korrin/; empty for a file that stands on top of all
+  std::vector<std::string> lines;
+  std::vector<Include> includes;
+
+  bool isHeader() const { return path.extension() == ".h"; }
+};
+
+// What `#include <x>` or `#include "x"` names; nothing for any other line.
+std::optional<Include> includeOf(const std::string& line) {
+  std::istringstream words(line);
+  std::string directive, name;
+  words >> directive;
+  if (directive == "#") words >> name;
+  if (directive + name != "#include") return std::nullopt;
+  words >> name;
+  const char close = name.front() == '<' ? '>' : '"';
+  return Include{.name = name.substr(1, name.find(close, 1) - 1), .isQuoted = close == '"'};
+}
+
+File read(const fs::path& path) {
+  File file{.path = path.lexically_relative(root), .folder = "", .lines = {}, .includes = {}};
+  const fs::path below = path.lexically_relative(root / "korrin");
+  if (below.has_parent_path()) file.folder = below.begin()->string();
+  std::istringstream content(test::contentOf(path));
+  for (std::string line; std::getline(content, line);) {
+    if (auto include = includeOf(line)) file.includes.push_back(*include);
+    file.lines.push_back(line);
+  }
+  return file;
+}
+
+std::vector<File> filesOfTheLibrary() {
+  std::vector<File> files;
+  for (const auto& entry : fs::recursive_directory_iterator(root / "korrin")) {
+    const fs::path extension = entry.path().extension();
+    if (extension == ".h" || extension == ".cpp") files.push_back(read(entry.path()));
+  }
+  return files;
+}
+
+const std::vector<File> library = filesOfTheLibrary();
+
+// The headers that each folder's build file lists as public.
+std::set<std::string> publicHeaders() {
+  std::set<std::string> headers;
+  for (const auto& entry : fs::recursive_directory_iterator(root / "korrin")) {
+    if (entry.path().filename() != "CMakeLists.txt") continue;
+    const std::string content = test::contentOf(entry.path());
+    const fs::path folder = entry.path().parent_path().lexically_relative(root);
+    for (std::size_t at = content.find("HEADERS"); at != std::string::npos;
+         at = content.find("HEADERS", at + 1)) {
+      std::istringstream names(content.substr(at, content.find(')', at) - at));
+      for (std::string name; names >> name;)
+        if (name.ends_with(".h")) headers.insert((folder / name).string());
+    }
+  }
+  return headers;
+}
+
+std::size_t floorOf(const std::string& folder) {
+  const auto found = std::ranges::find_if(
+      floors, [&](const std::set<std::string>& floor) { return floor.contains(folder); });
+  return static_cast<std::size_t>(found - floors.begin());
+}
+
+bool mayInclude(const std::string& from, const std::string& to) {
+  if (from.empty() || from == to) return true;
+  return floorOf(to) < floorOf(from) || sidewaysArrows.contains({from, to});
+}
+
+// The folder of a header of the library that is named from the root, as in "korrin/model/x.h".
+std::string folderOf(const std::string& include) {
+  const fs::path below = fs::path(include).lexically_relative("korrin");
+  return below.has_parent_path() ? below.begin()->string() : "";
+}
+
+TEST(Architecture, HasAFloorForEveryFolder) {
+  ASSERT_GT(library.size(), 40u);
+  for (const File& file : library)
+    EXPECT_TRUE(file.folder.empty() || floorOf(file.folder) < floors.size()) << file.path;
+}
+
+TEST(Architecture, HasNoArrowThatIsNotInTheDrawing) {
+  int arrows = 0;
+  for (const File& file : library) {
+    for (const Include& include : file.includes) {
+      if (!include.isQuoted) continue;
+      ++arrows;
+      EXPECT_TRUE(include.name.starts_with("korrin/")) << file.path << ": " << include.name;
+      EXPECT_TRUE(fs::exists(root / include.name)) << file.path << ": " << include.name;
+      EXPECT_TRUE(mayInclude(file.folder, folderOf(include.name)))
+          << file.path << " must not include " << include.name;
+      EXPECT_FALSE(!file.folder.empty() && folderOf(include.name).empty())
+          << file.path << " must not include the header over everything";
+    }
+  }
+  EXPECT_GT(arrows, 100);
+}
+
+TEST(Architecture, NoticesAnArrowThatPointsUpOrSideways) {
+  EXPECT_TRUE(mayInclude("model", "coding"));
+  EXPECT_TRUE(mayInclude("", "model"));
+  EXPECT_FALSE(mayInclude("coding", "model"));
+  EXPECT_FALSE(mayInclude("foundation", "coding"));
+  EXPECT_FALSE(mayInclude("preflight", "validation"));
+  EXPECT_EQ(folderOf("korrin/validation/raster/png.h"), "validation");
+  EXPECT_EQ(folderOf("korrin/korrin.h"), "");
+}
+
+// The headers of the language have neither folder nor suffix.
+bool isStandard(const std::string& header) {
+  return header.find_first_of("./") == std::string::npos;
+}
+
+TEST(Architecture, ShowsNoThirdPartyHeaderInAPublicOne) {
+  const std::set<std::string> headers = publicHeaders();
+  ASSERT_GT(headers.size(), 20u);
+  std::size_t seen = 0;
+  for (const File& file : library) {
+    if (!headers.contains(file.path.string())) continue;
+    ++seen;
+    for (const Include& include : file.includes) {
+      if (include.isQuoted)
+        EXPECT_TRUE(headers.contains(include.name))
+            << file.path << " is public, " << include.name << " is not";
+      else
+        EXPECT_TRUE(isStandard(include.name)) << file.path << ": " << include.name;
+    }
+  }
+  EXPECT_EQ(seen, headers.size());
+}
+
+TEST(Architecture, GuardsEveryHeader) {
+  for (const File& file : library)
+    if (file.isHeader()) {
+      EXPECT_EQ(file.lines.at(0), "#pragma once") << file.path;
+    }
+}
+
+TEST(Architecture, OpensEveryHeaderWithAParagraphAboutIt) {
+  for (const File& file : library)
+    if (file.isHeader()) {
+      EXPECT_TRUE(file.lines.at(2).starts_with("// ")) << file.path;
+    }
+}
+
+TEST(Architecture, KeepsFilesShort) {
+  for (const File& file : library) {
+    if (file.path == "korrin/foundation/list.h") continue;
+    EXPECT_LE(file.lines.size(), file.isHeader() ? 300u : 500u) << file.path;
+  }
+}
+
+TEST(Architecture, ReadsTheClockAndMakesIdentifiersInTheFoundationOnly) {
+  for (const File& file : library) {
+    if (file.folder == "foundation") continue;
+    for (const std::string& line : file.lines)
+      for (const std::string outside :
+           {"UUID::random", "_clock::now", "std::time", "getentropy", "random_device"})
+        EXPECT_EQ(line.find(outside), std::string::npos) << file.path << ": " << line;
+  }
+}
+
+}  // namespace
+}  // namespace korrin

@@ -1,0 +1,295 @@
+#include "korrin/coding/date_coding.h"
+
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "korrin/coding/instant_text.h"
+#include "korrin/model/document_coding.h"
+
+#include "tests/support/decoding_outcome.h"
+#include "tests/support/effort.h"
+#include "tests/support/full_project.h"
+
+namespace korrin {
+namespace {
+
+using namespace std::chrono;
+using Kind = DecodingError::Kind;
+
+constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
+
+constexpr Instant at(std::int64_t count) { return Instant(nanoseconds(count)); }
+constexpr Instant at(int y, unsigned m, unsigned d, nanoseconds time = {}) {
+  return sys_days(year(y) / month(m) / day(d)) + time;
+}
+
+struct DateText {
+  std::string name;
+  std::string text;
+  Instant instant;
+};
+void PrintTo(const DateText& row, std::ostream* out) { *out << row.text; }
+
+class AcceptedDate : public testing::TestWithParam<DateText> {};
+
+TEST_P(AcceptedDate, NamesItsInstant) {
+  const auto read = instantFromText(GetParam().text);
+  ASSERT_TRUE(read.has_value());
+  EXPECT_EQ(read->time_since_epoch().count(), GetParam().instant.time_since_epoch().count());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , AcceptedDate,
+    testing::Values(
+        DateText{"Epoch", "1970-01-01T00:00:00Z", at(0)},
+        DateText{"LowerCaseLetters", "1970-01-01t00:00:00z", at(0)},
+        DateText{"OneNanosecondAfter", "1970-01-01T00:00:00.000000001Z", at(1)},
+        DateText{"OneNanosecondBefore", "1969-12-31T23:59:59.999999999Z", at(-1)},
+        DateText{"EastOfGreenwich", "2026-07-18T20:30:00+02:00", at(2026, 7, 18, 18h + 30min)},
+        DateText{"WestOfGreenwich", "2026-07-18T20:30:00-05:30", at(2026, 7, 19, 2h)},
+        DateText{"UnknownOffset", "2026-07-18T20:30:00-00:00", at(2026, 7, 18, 20h + 30min)},
+        DateText{"FarthestEast", "2026-01-01T00:00:00+23:59", at(2025, 12, 31, 1min)},
+        DateText{"FarthestWest", "2025-12-31T23:59:59-23:59", at(2026, 1, 1, 23h + 58min + 59s)},
+        DateText{"OneFractionDigit", "2001-01-01T00:00:00.5Z", at(2001, 1, 1, 500ms)},
+        DateText{"TwoFractionDigits", "2001-01-01T00:00:00.05Z", at(2001, 1, 1, 50ms)},
+        DateText{"SevenFractionDigits", "2001-01-01T00:00:00.0000001Z", at(2001, 1, 1, 100ns)},
+        DateText{"ZeroFraction", "2001-01-01T00:00:00.000000000Z", at(2001, 1, 1)},
+        DateText{"FractionWithOffset", "2001-01-01T01:00:00.25+01:00", at(2001, 1, 1, 250ms)},
+        DateText{"FractionBefore1970", "1960-05-01T12:00:00.25Z", at(1960, 5, 1, 12h + 250ms)},
+        DateText{"LeapDayOfTheCentury", "2000-02-29T00:00:00Z", at(2000, 2, 29)},
+        DateText{"LastSecondOfADay", "2026-12-31T23:59:59Z", at(2026, 12, 31, 24h - 1s)},
+        DateText{"Earliest", "1677-09-21T00:12:43.145224192Z", at(lowest)},
+        DateText{"EarliestInTheEast", "1677-09-21T02:12:43.145224192+02:00", at(lowest)},
+        DateText{"EarliestInTheWest", "1677-09-20T22:12:43.145224192-02:00", at(lowest)},
+        DateText{"Latest", "2262-04-11T23:47:16.854775807Z", at(highest)},
+        DateText{"LatestInTheEast", "2262-04-12T00:47:16.854775807+01:00", at(highest)}),
+    [](const auto& row) { return row.param.name; });
+
+struct WrongDate {
+  std::string name;
+  std::string text;
+};
+void PrintTo(const WrongDate& row, std::ostream* out) { *out << row.text; }
+
+class RefusedDate : public testing::TestWithParam<WrongDate> {};
+
+TEST_P(RefusedDate, NamesNoInstant) { EXPECT_FALSE(instantFromText(GetParam().text).has_value()); }
+
+INSTANTIATE_TEST_SUITE_P(
+    , RefusedDate,
+    testing::Values(WrongDate{"Empty", ""}, WrongDate{"DateAlone", "2026-07-18"},
+                    WrongDate{"NoZone", "2026-07-18T20:30:00"},
+                    WrongDate{"NoSeconds", "2026-07-18T20:30Z"},
+                    WrongDate{"BlankForT", "2026-07-18 20:30:00Z"},
+                    WrongDate{"BlankBefore", " 2026-07-18T20:30:00Z"},
+                    WrongDate{"BlankAfter", "2026-07-18T20:30:00Z "},
+                    WrongDate{"NULAfter", std::string("2026-07-18T20:30:00Z\0", 21)},
+                    WrongDate{"BasicFormat", "20260718T203000Z"},
+                    WrongDate{"WeekDate", "2026-W29-6T20:30:00Z"},
+                    WrongDate{"OrdinalDate", "2026-199T20:30:00Z"},
+                    WrongDate{"OneDigitDay", "2026-07-8T20:30:00Z"},
+                    WrongDate{"ThreeDigitYear", "026-07-18T20:30:00Z"},
+                    WrongDate{"FiveDigitYear", "12026-07-18T20:30:00Z"},
+                    WrongDate{"SignedYear", "+2026-07-18T20:30:00Z"},
+                    WrongDate{"SignInsideAField", "2026-+7-18T20:30:00Z"},
+                    WrongDate{"SlashesForHyphens", "2026/07/18T20:30:00Z"},
+                    WrongDate{"MonthZero", "2026-00-18T20:30:00Z"},
+                    WrongDate{"MonthThirteen", "2026-13-18T20:30:00Z"},
+                    WrongDate{"DayZero", "2026-07-00T20:30:00Z"},
+                    WrongDate{"DayThirtyTwo", "2026-07-32T20:30:00Z"},
+                    WrongDate{"AprilThirtyFirst", "2026-04-31T20:30:00Z"},
+                    WrongDate{"LeapDayOfAnotherYear", "2026-02-29T20:30:00Z"},
+                    WrongDate{"LeapDayOfAnotherCentury", "1900-02-29T20:30:00Z"},
+                    WrongDate{"HourTwentyFour", "2026-07-18T24:00:00Z"},
+                    WrongDate{"MinuteSixty", "2026-07-18T20:60:00Z"},
+                    WrongDate{"SecondSixty", "2026-07-18T20:30:60Z"},
+                    WrongDate{"LeapSecond", "2016-12-31T23:59:60Z"},
+                    WrongDate{"FractionWithoutDigits", "2026-07-18T20:30:00.Z"},
+                    WrongDate{"TenFractionDigits", "2026-07-18T20:30:00.0000000000Z"},
+                    WrongDate{"CommaForPoint", "2026-07-18T20:30:00,5Z"},
+                    WrongDate{"OffsetWithoutColon", "2026-07-18T20:30:00+0200"},
+                    WrongDate{"OffsetOfHoursAlone", "2026-07-18T20:30:00+02"},
+                    WrongDate{"OffsetOfADay", "2026-07-18T20:30:00+24:00"},
+                    WrongDate{"OffsetOfSixtyMinutes", "2026-07-18T20:30:00+02:60"},
+                    WrongDate{"OffsetWithSeconds", "2026-07-18T20:30:00+02:00:00"},
+                    WrongDate{"TwoZones", "2026-07-18T20:30:00Z+02:00"},
+                    WrongDate{"ZoneByName", "2026-07-18T20:30:00 UTC"},
+                    WrongDate{"MinusSignOfAnotherKind", "2026-07-18T20:30:00\u221202:00"},
+                    WrongDate{"JustBeforeTheEarliest", "1677-09-21T00:12:43.145224191Z"},
+                    WrongDate{"OneSecondBeforeTheEarliest", "1677-09-21T00:12:42.999999999Z"},
+                    WrongDate{"TheEarliestTooFarEast", "1677-09-21T00:12:43.145224192+00:01"},
+                    WrongDate{"JustAfterTheLatest", "2262-04-11T23:47:16.854775808Z"},
+                    WrongDate{"OneSecondAfterTheLatest", "2262-04-11T23:47:17Z"},
+                    WrongDate{"TheLatestTooFarWest", "2262-04-11T23:47:16.854775807-00:01"},
+                    WrongDate{"YearZero", "0000-01-01T00:00:00Z"},
+                    WrongDate{"YearZeroFarEast", "0000-01-01T00:00:00+23:59"},
+                    WrongDate{"Year9999", "9999-12-31T23:59:59.999999999-23:59"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(DateText, HasAsFewFractionDigitsAsAreExact) {
+  EXPECT_EQ(instantText(at(0)), "1970-01-01T00:00:00Z");
+  EXPECT_EQ(instantText(at(2026, 7, 18, 18h + 30min + 250ms)), "2026-07-18T18:30:00.250Z");
+  EXPECT_EQ(instantText(at(2026, 7, 18, 100us)), "2026-07-18T00:00:00.000100Z");
+  EXPECT_EQ(instantText(at(2026, 7, 18, 10ns)), "2026-07-18T00:00:00.000000010Z");
+  EXPECT_EQ(instantText(at(-1)), "1969-12-31T23:59:59.999999999Z");
+  EXPECT_EQ(instantText(at(-1'000'000)), "1969-12-31T23:59:59.999Z");
+  EXPECT_EQ(instantText(at(lowest)), "1677-09-21T00:12:43.145224192Z");
+  EXPECT_EQ(instantText(at(highest)), "2262-04-11T23:47:16.854775807Z");
+}
+
+ProjectMetadata created(Instant instant) {
+  ProjectMetadata metadata = test::fullProject().metadata;
+  metadata.createdAt = instant;
+  return metadata;
+}
+
+std::string documentWithCreation(const std::string& raw) {
+  ProjectMetadata metadata = created(at(0));
+  std::string text = encodeJSON(metadata);
+  const std::string epoch = "\"1970-01-01T00:00:00Z\"";
+  return text.replace(text.find(epoch), epoch.size(), raw);
+}
+
+constexpr DateStrategy strategies[] = {DateStrategy::iso8601, DateStrategy::secondsSince1970,
+                                       DateStrategy::millisecondsSince1970,
+                                       DateStrategy::secondsSinceReferenceDate};
+
+std::vector<Instant> instants() {
+  constexpr std::int64_t second = 1'000'000'000;
+  constexpr std::int64_t referenceDate = 978'307'200 * second;
+  // Before it the distance from the reference date takes twenty digits.
+  constexpr std::int64_t twentyDigits =
+      referenceDate - 9'000'000'000 * second - 1'000'000'000 * second;
+  std::vector<Instant> some;
+  for (const std::int64_t centre :
+       {lowest + 2, std::int64_t{0}, referenceDate, twentyDigits, -second, second,
+        highest / second * second, lowest / second * second, highest - 2})
+    for (std::int64_t offset = -2; offset <= 2; ++offset) some.push_back(at(centre + offset));
+  std::mt19937_64 random(99);
+  for (int i = 0; i < test::repetitions(200'000, 5'000); ++i) {
+    const auto count = static_cast<std::int64_t>(random());
+    some.push_back(at(count));
+    some.push_back(at(count / 1'000 * 1'000));
+    some.push_back(at(count / 1'000'000 * 1'000'000));
+    some.push_back(at(count / second * second));
+  }
+  return some;
+}
+
+TEST(Date, IsReadBackToTheNanosecondUnderEveryStrategy) {
+  for (const DateStrategy strategy : strategies) {
+    SCOPED_TRACE(static_cast<int>(strategy));
+    for (const Instant instant : instants()) {
+      const ProjectMetadata original = created(instant);
+      const std::string text = encodeJSON(original, {.dates = strategy});
+      const auto decoded = decodeJSON<ProjectMetadata>(text, {.dates = strategy});
+      ASSERT_TRUE(decoded == original) << text;
+      ASSERT_EQ(encodeJSON(decoded, {.dates = strategy}), text);
+    }
+  }
+}
+
+// The number's digits, read without its point as nanoseconds, are the distance from the origin.
+TEST(Date, IsWrittenAsTheExactNumber) {
+  constexpr __int128_t referenceDate = __int128_t{978'307'200} * 1'000'000'000;
+  for (const auto& [strategy, decimals, origin] :
+       {std::tuple{DateStrategy::secondsSince1970, 9, __int128_t{0}},
+        std::tuple{DateStrategy::millisecondsSince1970, 6, __int128_t{0}},
+        std::tuple{DateStrategy::secondsSinceReferenceDate, 9, referenceDate}}) {
+    for (const Instant instant : instants()) {
+      char buffer[64];
+      std::string text(buffer, json::writeInstantNumber(buffer, instant, strategy));
+      const std::string whole = text;
+      std::size_t fractionDigits = 0;
+      if (const std::size_t point = text.find('.'); point != std::string::npos) {
+        fractionDigits = text.size() - point - 1;
+        ASSERT_NE(text.back(), '0') << whole;
+        text.erase(point, 1);
+      }
+      ASSERT_LE(fractionDigits, static_cast<std::size_t>(decimals)) << whole;
+      text.append(static_cast<std::size_t>(decimals) - fractionDigits, '0');
+      __int128_t value = 0;
+      for (const char c : text)
+        if (c != '-') value = value * 10 + (c - '0');
+      if (text.front() == '-') value = -value;
+      ASSERT_TRUE(value + origin == instant.time_since_epoch().count()) << whole;
+    }
+  }
+}
+
+TEST(Date, IsWrittenInTheUnitAndFromTheOriginOfItsStrategy) {
+  const Instant instant = at(2001, 1, 1, 1500ms);
+  const auto written = [&](DateStrategy strategy) {
+    const std::string text = encodeJSON(created(instant), {.dates = strategy});
+    const std::size_t start = text.find("\"createdAt\":") + 12;
+    return text.substr(start, text.find(",\"modifiedAt\"") - start);
+  };
+  EXPECT_EQ(written(DateStrategy::iso8601), "\"2001-01-01T00:00:01.500Z\"");
+  EXPECT_EQ(written(DateStrategy::secondsSince1970), "978307201.5");
+  EXPECT_EQ(written(DateStrategy::millisecondsSince1970), "978307201500");
+  EXPECT_EQ(written(DateStrategy::secondsSinceReferenceDate), "1.5");
+}
+
+TEST(Date, IsReadFromANumberToTheNearestNanosecond) {
+  struct Row {
+    std::string text;
+    std::int64_t count;
+  };
+  for (const Row& row :
+       {Row{"0", 0}, Row{"-0.0", 0}, Row{"1e3", 1'000'000'000'000}, Row{"0.0000000005", 1},
+        Row{"0.00000000049999999999999999999", 0}, Row{"-0.0000000005", -1},
+        Row{"-0.0000000004", 0}, Row{"5e-10", 1}, Row{"0.9999999995", 1'000'000'000},
+        Row{"1.0000000015", 1'000'000'002}, Row{"1e-999999999999999999999", 0},
+        Row{"0e999999999999999999999", 0}, Row{"9223372036.854775807", highest},
+        Row{"9223372036.8547758074", highest}, Row{"-9223372036.854775808", lowest},
+        Row{"-9223372036.8547758084", lowest},
+        Row{"922337203685477580.7e-8", 9'223'372'036'854'775'807}}) {
+    const auto metadata = decodeJSON<ProjectMetadata>(
+        R"({"title":"","artist":"","venue":"","preparedBy":"","contactEmail":"","revision":"",)"
+        R"("createdAt":)" +
+            row.text + R"(,"modifiedAt":0})",
+        {.dates = DateStrategy::secondsSince1970});
+    EXPECT_EQ(metadata.createdAt.time_since_epoch().count(), row.count) << row.text;
+  }
+}
+
+TEST(Date, IsRefusedWhenTheNumberDoesNotFit) {
+  for (const std::string text :
+       {"9223372036.854775808", "9223372036.8547758075", "1e10", "1e400", "-9223372036.854775809",
+        "-9223372036.8547758085", "1e999999999999999999999", "-99999999999999999999999"}) {
+    const std::string document =
+        R"({"title":"","artist":"","venue":"","preparedBy":"","contactEmail":"","revision":"",)"
+        R"("createdAt":)" +
+        text + R"(,"modifiedAt":0})";
+    EXPECT_EQ(test::refusalOf<ProjectMetadata>(document, {.dates = DateStrategy::secondsSince1970}),
+              test::refusedAt("createdAt", Kind::dataCorrupted,
+                              "expected a date between the years 1677 and 2262, found " + text));
+  }
+}
+
+TEST(Date, IsRefusedInTheFormOfAnotherStrategy) {
+  EXPECT_EQ(test::refusalOf<ProjectMetadata>(documentWithCreation("0")),
+            test::refusedAt("createdAt", Kind::typeMismatch,
+                            "expected a date as a string, found a number"));
+  EXPECT_EQ(test::refusalOf<ProjectMetadata>(encodeJSON(created(at(0))),
+                                             {.dates = DateStrategy::millisecondsSince1970}),
+            test::refusedAt("eventDate", Kind::typeMismatch, "expected a number, found a string"));
+  EXPECT_EQ(test::refusalOf<ProjectMetadata>(documentWithCreation("\"18 July 2026\"")),
+            test::refusedAt("createdAt", Kind::dataCorrupted,
+                            "expected a date such as \"2026-07-18T20:30:00Z\", found "
+                            "\"18 July 2026\""));
+}
+
+TEST(Date, IsReadWhereItsTextHoldsEscapes) {
+  EXPECT_EQ(decodeJSON<ProjectMetadata>(documentWithCreation(R"("2001\u002d01-01T00:00:00\u005a")"))
+                .createdAt,
+            at(2001, 1, 1));
+}
+
+}  // namespace
+}  // namespace korrin

@@ -1,0 +1,289 @@
+#include "korrin/coding/json_number.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <random>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "korrin/coding/json_scanner.h"
+#include "korrin/model/document_coding.h"
+
+#include "tests/support/decoding_outcome.h"
+#include "tests/support/effort.h"
+
+namespace korrin {
+namespace {
+
+using Kind = DecodingError::Kind;
+using test::refusalOf;
+
+constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
+
+std::string zeros(std::size_t count) { return std::string(count, '0'); }
+
+std::string versions(const std::string& number) {
+  return R"({"schemaVersion":)" + number + R"(,"minimumReaderVersion":1})";
+}
+std::string point(const std::string& number) { return R"({"x":)" + number + R"(,"y":1})"; }
+
+struct IntegerNotation {
+  std::string name;
+  std::string text;
+  std::int64_t value;
+};
+void PrintTo(const IntegerNotation& row, std::ostream* out) { *out << row.text; }
+
+class IntegerField : public testing::TestWithParam<IntegerNotation> {};
+
+TEST_P(IntegerField, TakesTheExactValueInAnyNotation) {
+  EXPECT_EQ(decodeJSON<DocumentVersions>(versions(GetParam().text)).schemaVersion,
+            GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , IntegerField,
+    testing::Values(
+        IntegerNotation{"Zero", "0", 0}, IntegerNotation{"NegativeZero", "-0", 0},
+        IntegerNotation{"ZeroWithFraction", "0.000", 0},
+        IntegerNotation{"ZeroWithExponent", "-0.0e5", 0},
+        IntegerNotation{"ZeroWithHugeExponent", "0e999999999999999999999", 0},
+        IntegerNotation{"ZeroWithHugeNegativeExponent", "0.0E-999999999999999999999", 0},
+        IntegerNotation{"One", "1e0", 1}, IntegerNotation{"OneFromTen", "10e-1", 1},
+        IntegerNotation{"OneFromTenth", "0.1E+1", 1}, IntegerNotation{"OneWithZeros", "1.000", 1},
+        IntegerNotation{"OneFromManyZerosBehindThePoint", "0." + zeros(400) + "1e401", 1},
+        IntegerNotation{"OneFromManyZerosBeforeThePoint", "1" + zeros(400) + "e-400", 1},
+        IntegerNotation{"ExponentWithLeadingZeros", "12e0000000000000000000002", 1200},
+        IntegerNotation{"FractionTakenUpByExponent", "12.34e2", 1234},
+        IntegerNotation{"FractionAndMoreTakenUp", "-12.34e4", -123400},
+        IntegerNotation{"FifteenDigits", "-999999999999999", -999999999999999},
+        IntegerNotation{"SixteenDigits", "9999999999999999", 9999999999999999},
+        IntegerNotation{"Highest", "9223372036854775807", highest},
+        IntegerNotation{"HighestWithFraction", "9223372036854775807.0", highest},
+        IntegerNotation{"HighestScaled", "9.223372036854775807e18", highest},
+        IntegerNotation{"HighestTimesTen", "92233720368547758070e-1", highest},
+        IntegerNotation{"HighestWithZeroExponent", "9223372036854775807E-0", highest},
+        IntegerNotation{"Lowest", "-9223372036854775808", lowest},
+        IntegerNotation{"LowestScaled", "-9.223372036854775808E+18", lowest},
+        IntegerNotation{"LowestTimesHundred", "-922337203685477580800e-2", lowest},
+        IntegerNotation{"LowestWithFraction", "-9223372036854775808.00", lowest}),
+    [](const auto& row) { return row.param.name; });
+
+struct IntegerRefused {
+  std::string name;
+  std::string text;
+  Kind kind;
+};
+void PrintTo(const IntegerRefused& row, std::ostream* out) { *out << row.text; }
+
+class NoInteger : public testing::TestWithParam<IntegerRefused> {};
+
+TEST_P(NoInteger, IsRefusedByAnIntegerField) {
+  const auto refusal = refusalOf<DocumentVersions>(versions(GetParam().text));
+  ASSERT_TRUE(refusal.has_value());
+  EXPECT_EQ(refusal->kind, GetParam().kind);
+  EXPECT_EQ(refusal->keyPath, "schemaVersion");
+  const std::string expected =
+      GetParam().kind == Kind::typeMismatch ? "an integer" : "an integer of 64 bits";
+  EXPECT_TRUE(refusal->message.starts_with("schemaVersion: expected " + expected + ", found "))
+      << refusal->message;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , NoInteger,
+    testing::Values(
+        IntegerRefused{"Half", "0.5", Kind::typeMismatch},
+        IntegerRefused{"Tenth", "1e-1", Kind::typeMismatch},
+        IntegerRefused{"ElevenTenths", "11e-1", Kind::typeMismatch},
+        IntegerRefused{"FractionJustBelowTheHighest", "9223372036854775806.5", Kind::typeMismatch},
+        IntegerRefused{"FractionOfAHugeNumber", "123456789012345678901234567890.5",
+                       Kind::typeMismatch},
+        IntegerRefused{"SmallestDouble", "4.9e-324", Kind::typeMismatch},
+        IntegerRefused{"HugeNegativeExponent", "1e-999999999999999999999", Kind::typeMismatch},
+        IntegerRefused{"JustAbove", "9223372036854775808", Kind::dataCorrupted},
+        IntegerRefused{"JustAboveWithFraction", "9223372036854775808.0", Kind::dataCorrupted},
+        IntegerRefused{"JustAboveScaled", "9.223372036854775808e18", Kind::dataCorrupted},
+        IntegerRefused{"JustAboveTimesHundred", "922337203685477580800e-2", Kind::dataCorrupted},
+        IntegerRefused{"JustBelow", "-9223372036854775809", Kind::dataCorrupted},
+        IntegerRefused{"TwoToThe64", "18446744073709551616", Kind::dataCorrupted},
+        IntegerRefused{"TwoToThe64AndOne", "18446744073709551617", Kind::dataCorrupted},
+        IntegerRefused{"TwentyNines", "99999999999999999999", Kind::dataCorrupted},
+        IntegerRefused{"TenToThe19", "1e19", Kind::dataCorrupted},
+        IntegerRefused{"HugeExponent", "1e999999999999999999999", Kind::dataCorrupted},
+        IntegerRefused{"NegativeHugeExponent", "-1E+99999999999999999", Kind::dataCorrupted},
+        IntegerRefused{"ManyDigits", "1" + zeros(1000), Kind::dataCorrupted}),
+    [](const auto& row) { return row.param.name; });
+
+// The digits of a value with the point moved and the exponent making up for it.
+TEST(Integer, IsReadWhereverItsPointStands) {
+  constexpr unsigned seed = 1701;
+  SCOPED_TRACE(testing::Message() << "seed " << seed);
+  std::mt19937_64 random(seed);
+  for (int i = 0; i < test::repetitions(200'000, 20'000); ++i) {
+    const auto value = static_cast<std::int64_t>(random()) >> (random() % 64);
+    std::string digits = std::to_string(value);
+    const std::string sign = value < 0 ? "-" : "";
+    if (value < 0) digits.erase(0, 1);
+    digits = digits + zeros(random() % 4);
+    const auto addedZeros = static_cast<int>(digits.size() + sign.size()) -
+                            static_cast<int>(std::to_string(value).size());
+    const auto places = static_cast<int>(random() % 40);
+    if (places >= static_cast<int>(digits.size()))
+      digits.insert(0, static_cast<std::size_t>(places) - digits.size() + 1, '0');
+    if (places != 0) digits.insert(digits.size() - static_cast<std::size_t>(places), ".");
+    if (digits.size() > 1 && digits[0] == '0' && digits[1] != '.') continue;  // zero, with zeros
+    const std::string text = sign + digits + "e" + std::to_string(places - addedZeros);
+    const json::ExactInteger read = json::exactInteger(text);
+    ASSERT_EQ(read.fault, json::IntegerFault::none) << text;
+    ASSERT_EQ(read.value, value) << text;
+  }
+}
+
+struct DoubleNotation {
+  std::string name;
+  std::string text;
+  double value;
+};
+void PrintTo(const DoubleNotation& row, std::ostream* out) { *out << row.text; }
+
+class DoubleField : public testing::TestWithParam<DoubleNotation> {};
+
+TEST_P(DoubleField, TakesTheNearestDouble) {
+  const double read = decodeJSON<StagePoint>(point(GetParam().text)).x;
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(read), std::bit_cast<std::uint64_t>(GetParam().value))
+      << read;
+}
+
+constexpr double largest = std::numeric_limits<double>::max();
+constexpr double smallest = std::numeric_limits<double>::denorm_min();
+
+INSTANTIATE_TEST_SUITE_P(
+    , DoubleField,
+    testing::Values(DoubleNotation{"Zero", "0", 0.0}, DoubleNotation{"NegativeZero", "-0", -0.0},
+                    DoubleNotation{"NegativeZeroWithFraction", "-0.0", -0.0},
+                    DoubleNotation{"NegativeZeroWithExponent", "-0e7", -0.0},
+                    DoubleNotation{"ZeroWithHugeExponent", "0e999999999999999999999", 0.0},
+                    DoubleNotation{"Tenth", "0.1", 0.1},
+                    DoubleNotation{"TenthAsExponent", "1E-1", 0.1},
+                    DoubleNotation{"Underflow", "1e-400", 0.0},
+                    DoubleNotation{"NegativeUnderflow", "-1e-400", -0.0},
+                    DoubleNotation{"HugeNegativeExponent", "1e-999999999999999999999", 0.0},
+                    DoubleNotation{"Smallest", "4.9406564584124654e-324", smallest},
+                    DoubleNotation{"JustAboveHalfTheSmallest", "2.4703282292062328e-324", smallest},
+                    DoubleNotation{"JustBelowHalfTheSmallest", "2.4703282292062327e-324", 0.0},
+                    DoubleNotation{"Largest", "1.7976931348623157e308", largest},
+                    DoubleNotation{"RoundedDownToTheLargest", "1.7976931348623158e308", largest},
+                    DoubleNotation{"LargestAsDigits", "1" + zeros(308), 1e308},
+                    DoubleNotation{"IntegerBeyond64Bits", "123456789012345680000",
+                                   123456789012345680000.0},
+                    DoubleNotation{"FifteenDigits", "-999999999999999", -999999999999999.0},
+                    DoubleNotation{"SixteenDigits", "9007199254740993", 9007199254740992.0},
+                    DoubleNotation{"TieBrokenFarBehind", "9007199254740993." + zeros(700) + "1",
+                                   9007199254740994.0},
+                    DoubleNotation{"ThousandDigits", "0." + std::string(1000, '3'), 1.0 / 3},
+                    DoubleNotation{"ThousandZerosTakenBack", "1" + zeros(1000) + "e-1000", 1.0},
+                    DoubleNotation{"ThousandZerosMadeUpFor", "0." + zeros(1000) + "1e1001", 1.0}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Double, IsRefusedWhenItRoundsToInfinity) {
+  for (const std::string& text :
+       {std::string("1e400"), std::string("-1e400"), std::string("1.7976931348623159e308"),
+        "1" + zeros(309), std::string("1e999999999999999999999"), zeros(0) + "2e308"})
+    EXPECT_EQ(refusalOf<StagePoint>(point(text)),
+              test::refusedAt("x", Kind::dataCorrupted,
+                              "expected a number within the range of a double, found " +
+                                  (text.size() > 40 ? text.substr(0, 40) + "…" : text)));
+}
+
+struct WrittenDouble {
+  std::string name;
+  double value;
+  std::string text;
+};
+void PrintTo(const WrittenDouble& row, std::ostream* out) { *out << row.text; }
+
+class EncodedDouble : public testing::TestWithParam<WrittenDouble> {};
+
+TEST_P(EncodedDouble, IsTheShortestTextThatReadsBack) {
+  EXPECT_EQ(encodeJSON(StagePoint{.x = GetParam().value, .y = 1}), point(GetParam().text));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , EncodedDouble,
+    testing::Values(WrittenDouble{"Zero", 0.0, "0"}, WrittenDouble{"NegativeZero", -0.0, "-0"},
+                    WrittenDouble{"Whole", 12000.0, "12000"}, WrittenDouble{"Half", -0.5, "-0.5"},
+                    WrittenDouble{"Tenth", 0.1, "0.1"},
+                    WrittenDouble{"SumOfTenths", 0.1 + 0.2, "0.30000000000000004"},
+                    WrittenDouble{"LastExactInteger", 9007199254740991.0, "9007199254740991"},
+                    WrittenDouble{"BeyondExactIntegers", 9007199254740994.0, "9007199254740994"},
+                    WrittenDouble{"LastWithoutExponent", 1e20, "100000000000000000000"},
+                    WrittenDouble{"FirstWithExponent", 1e21, "1e+21"},
+                    WrittenDouble{"NegativeWithExponent", -1.5e300, "-1.5e+300"},
+                    WrittenDouble{"SmallWithoutExponent", 1e-7, "0.0000001"},
+                    WrittenDouble{"SmallWithExponent", 9.5e-8, "9.5e-08"},
+                    WrittenDouble{"Largest", largest, "1.7976931348623157e+308"},
+                    WrittenDouble{"Smallest", smallest, "5e-324"}),
+    [](const auto& row) { return row.param.name; });
+
+// The digits that count, of a number without its sign and exponent.
+int significantDigits(std::string text) {
+  text = text.substr(0, text.find('e'));
+  std::erase_if(text, [](char c) { return c == '.' || c == '-'; });
+  text.erase(0, text.find_first_not_of('0'));
+  return static_cast<int>(text.size());
+}
+
+void expectShortestRoundTrip(double value) {
+  char buffer[json::maximumNumberLength];
+  const std::string text(buffer, json::writeDouble(buffer, value));
+  ASSERT_LE(text.size(), sizeof buffer);
+  json::Scanner scanner(text);
+  ASSERT_EQ(scanner.number().text, text);
+  const auto read = json::nearestDouble(text);
+  ASSERT_TRUE(read.has_value()) << text;
+  ASSERT_EQ(std::bit_cast<std::uint64_t>(*read), std::bit_cast<std::uint64_t>(value)) << text;
+  ASSERT_EQ(std::strtod(text.c_str(), nullptr), value) << text;
+
+  // Without point and exponent fewer digits make no shorter text: zeros take their places.
+  if (text.find_first_of(".e") == std::string::npos) return;
+  // At a power of two a text with as few digits may lie on its farther side only.
+  const int digits = significantDigits(text);
+  int exponent = 0;
+  if (digits < 2 || std::fabs(std::frexp(value, &exponent)) == 0.5) return;
+  char shorter[64];
+  std::snprintf(shorter, sizeof shorter, "%.*e", digits - 2, value);
+  ASSERT_NE(std::strtod(shorter, nullptr), value) << text << " " << shorter;
+}
+
+TEST(Double, ReadsBackBitForBitWhateverTheBits) {
+  constexpr unsigned seed = 4711;
+  SCOPED_TRACE(testing::Message() << "seed " << seed);
+  std::mt19937_64 random(seed);
+  for (int i = 0; i < test::repetitions(1'000'000, 30'000); ++i) {
+    const auto value = std::bit_cast<double>(random());
+    if (std::isfinite(value)) expectShortestRoundTrip(value);
+    // Lengths as plots have them, in tenths of millimetres and in whole ones.
+    expectShortestRoundTrip(static_cast<double>(random() % 1'000'000) / 10);
+    if (HasFatalFailure()) return;
+  }
+}
+
+TEST(Integer, ReadsBackAtItsExtremes) {
+  for (const std::int64_t value :
+       {lowest, lowest + 1, std::int64_t{-1}, std::int64_t{0}, std::int64_t{999'999'999'999'999},
+        std::int64_t{1'000'000'000'000'000}, highest - 1, highest}) {
+    const DocumentVersions versions{.schemaVersion = value, .minimumReaderVersion = -value - 1};
+    const std::string text = encodeJSON(versions);
+    EXPECT_EQ(decodeJSON<DocumentVersions>(text), versions) << text;
+    EXPECT_NE(text.find(":" + std::to_string(value) + ","), std::string::npos) << text;
+  }
+}
+
+}  // namespace
+}  // namespace korrin

@@ -1,0 +1,53 @@
+#include "tests/coding/json_oracles.h"
+
+#include <nlohmann/json.hpp>
+#include <rapidjson/error/error.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/reader.h>
+
+namespace korrin::test {
+namespace {
+
+// Takes every value and remembers why the reader stopped.
+class Acceptor : public nlohmann::json_sax<nlohmann::json> {
+ public:
+  bool null() override { return true; }
+  bool boolean(bool) override { return true; }
+  bool number_integer(number_integer_t) override { return true; }
+  bool number_unsigned(number_unsigned_t) override { return true; }
+  bool number_float(number_float_t, const string_t&) override { return true; }
+  bool string(string_t&) override { return true; }
+  bool binary(binary_t&) override { return true; }
+  bool start_object(std::size_t) override { return true; }
+  bool key(string_t&) override { return true; }
+  bool end_object() override { return true; }
+  bool start_array(std::size_t) override { return true; }
+  bool end_array() override { return true; }
+  bool parse_error(std::size_t, const std::string&,
+                   const nlohmann::detail::exception& fault) override {
+    constexpr int numberOutOfRange = 406;
+    isOutOfRange = fault.id == numberOutOfRange;
+    return false;
+  }
+
+  bool isOutOfRange = false;
+};
+
+}  // namespace
+
+Verdict nlohmannVerdict(std::string_view text) {
+  Acceptor acceptor;
+  if (nlohmann::json::sax_parse(text, &acceptor)) return Verdict::accepted;
+  return acceptor.isOutOfRange ? Verdict::undecided : Verdict::refused;
+}
+
+Verdict rapidjsonVerdict(std::string_view text) {
+  rapidjson::MemoryStream stream(text.data(), text.size());
+  rapidjson::Reader reader;
+  rapidjson::BaseReaderHandler<> handler;
+  constexpr unsigned flags = rapidjson::kParseValidateEncodingFlag |
+                             rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
+  return reader.Parse<flags>(stream, handler).IsError() ? Verdict::refused : Verdict::accepted;
+}
+
+}  // namespace korrin::test

@@ -1,0 +1,9 @@
+// Fields are given in their order.
+
+#include "korrin/model/stage_values.h"
+
+#ifdef KORRIN_WRONG
+const korrin::StageSize size = {.height = 2, .width = 1};
+#else
+const korrin::StageSize size = {.width = 1, .height = 2};
+#endif

@@ -1,0 +1,13 @@
+// A program of its own that only knows the installed package.
+
+#include <korrin/korrin.h>
+
+#include <cstdlib>
+
+int main() {
+  using namespace korrin;
+  const KorrinProject project = KorrinProject::newDocument();
+  DocumentValidation::validate(project);
+  const bool isReadBack = decodeJSON<KorrinProject>(encodeJSON(project)) == project;
+  return isReadBack && PreflightEngine::inspect(project, {}).empty() ? EXIT_SUCCESS : EXIT_FAILURE;
+}

@@ -1,0 +1,219 @@
+#include "korrin/foundation/text.h"
+
+#include <chrono>
+#include <compare>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "korrin/foundation/utf8.h"
+
+#include "tests/support/unicode_data.h"
+
+namespace korrin {
+namespace {
+
+std::size_t hashOf(const Text& text) { return std::hash<Text>{}(text); }
+
+TEST(Text, IsEmptyByDefaultAndWhenMadeFromNothing) {
+  for (const Text& text : {Text(), Text(""), Text(std::string()), Text(std::string_view())}) {
+    EXPECT_TRUE(text.empty());
+    EXPECT_TRUE(text.isBlank());
+    EXPECT_EQ(text.str(), "");
+    EXPECT_EQ(text, Text());
+    EXPECT_EQ(hashOf(text), hashOf(Text()));
+  }
+  EXPECT_FALSE(Text(" ").empty());
+  EXPECT_NE(Text(" "), Text());
+  EXPECT_LT(Text(), Text(" "));
+}
+
+TEST(Text, StoresWhatItWasGivenNeitherNormalisedNorTrimmed) {
+  for (const std::string given :
+       {" a ", "e\u0301", "\u00E9", "\u212B", "\uFEFFx", "line\nbreak", "\u200B"}) {
+    EXPECT_EQ(Text(given).str(), given);
+    EXPECT_EQ(std::string_view(Text(given)), given);
+  }
+  const std::string withNUL("a\0b", 3);
+  EXPECT_EQ(Text(withNUL).str(), withNUL);
+  EXPECT_NE(Text(withNUL), Text("a"));
+}
+
+struct Replacement {
+  std::string name;
+  std::string given;
+  std::string stored;
+};
+class IllFormedText : public testing::TestWithParam<Replacement> {};
+
+TEST_P(IllFormedText, HoldsOneReplacementCharacterPerMaximalPart) {
+  EXPECT_EQ(Text(GetParam().given).str(), GetParam().stored);
+  EXPECT_EQ(Text(std::string_view(GetParam().given)), Text(GetParam().stored));
+  const std::string_view inTheMiddle = GetParam().given;
+  EXPECT_EQ(Text("<" + std::string(inTheMiddle) + ">").str(), "<" + GetParam().stored + ">");
+}
+
+// The replacement character, as often as it is to stand.
+std::string r(int count) {
+  std::string text;
+  for (; count != 0; --count) text += "\uFFFD";
+  return text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , IllFormedText,
+    testing::Values(Replacement{"WellFormed", "a\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E",
+                                "a\u00E9\u20AC\U0001D11E"},
+                    Replacement{"LoneContinuation", "\x80", r(1)},
+                    Replacement{"TwoContinuations", "\x80\xBF", r(2)},
+                    Replacement{"TruncatedTwo", "\xC3", r(1)},
+                    Replacement{"TruncatedThree", "\xE2\x82", r(1)},
+                    Replacement{"TruncatedFour", "\xF0\x9D\x84", r(1)},
+                    Replacement{"TruncatedThreeAfterOne", "\xE2", r(1)},
+                    Replacement{"TruncatedFourAfterTwo", "\xF0\x9D", r(1)},
+                    Replacement{"OverlongTwo", "\xC0\xAF", r(2)},
+                    Replacement{"OverlongTwoOfTheLastASCII", "\xC1\xBF", r(2)},
+                    Replacement{"OverlongThree", "\xE0\x80\xAF", r(3)},
+                    Replacement{"OverlongThreeAtItsEnd", "\xE0\x9F\xBF", r(3)},
+                    Replacement{"OverlongFour", "\xF0\x80\x80\xAF", r(4)},
+                    Replacement{"OverlongFourAtItsEnd", "\xF0\x8F\xBF\xBF", r(4)},
+                    Replacement{"Surrogate", "\xED\xA0\x80", r(3)},
+                    Replacement{"SurrogatePair", "\xED\xA0\xBD\xED\xB8\x80", r(6)},
+                    Replacement{"AboveTheLastScalar", "\xF4\x90\x80\x80", r(4)},
+                    Replacement{"LeadsThatNeverOccur", "\xF5\xF8\xFC\xFE\xFF", r(5)},
+                    Replacement{"LeadBeforeASCII", "\xE2\x41", r(1) + "A"},
+                    Replacement{"TwoOfThreeBeforeASCII", "\xE2\x82\x41", r(1) + "A"},
+                    Replacement{"ThreeOfFourBeforeASCII", "\xF0\x9D\x84\x41", r(1) + "A"},
+                    Replacement{"TruncatedBeforeWellFormed", "\xF1\x80\xC3\xA9", r(1) + "\u00E9"},
+                    Replacement{"MaximalPartsInARow", "\xE1\x80\xE2\xF0\x91\x92\xF1\xBF", r(4)},
+                    Replacement{"LatinLetterOfAnotherEncoding", "caf\xE9", "caf" + r(1)}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Text, IsEqualWhereItsCharactersAre) {
+  EXPECT_EQ(Text("caf\u00E9"), Text("cafe\u0301"));
+  EXPECT_EQ(hashOf("caf\u00E9"), hashOf("cafe\u0301"));
+  EXPECT_EQ(Text("\u00C5"), Text("\u212B"));
+  EXPECT_EQ(Text("\uAC01"), Text("\u1100\u1161\u11A8"));
+  EXPECT_EQ(Text("q\u0307\u0323"), Text("q\u0323\u0307"));
+  EXPECT_EQ(std::unordered_set<Text>({"\u00E9", "e\u0301", "e"}).size(), 2u);
+}
+
+TEST(Text, DiffersWhereItsCharactersDo) {
+  EXPECT_NE(Text("a"), Text("A"));
+  EXPECT_NE(Text("a"), Text("a "));
+  EXPECT_NE(Text("\uFB01"), Text("fi"));                    // compatible, not canonical
+  EXPECT_NE(Text("a\u0308\u0304"), Text("a\u0304\u0308"));  // one class: order counts
+  EXPECT_NE(Text("e\u0301"), Text("e"));
+}
+
+TEST(Text, OrdersByTheScalarsOfTheComposedForm) {
+  const std::vector<Text> ascending = {
+      "",       "10",       "2",      "A",        "Z",      "a",      "e",          "f",
+      "\u00E9", "e\u0301a", "\u0113", "e\u0327x", "\u1EBD", "\uFFFD", "\U00010000", "\U0001F3B8"};
+  for (std::size_t i = 0; i < ascending.size(); ++i)
+    for (std::size_t j = 0; j < ascending.size(); ++j)
+      EXPECT_EQ(ascending[i] <=> ascending[j], i <=> j)
+          << ascending[i].str() << " " << ascending[j].str();
+  EXPECT_EQ(Text("e\u0301") <=> Text("\u00E9"), std::strong_ordering::equal);
+  EXPECT_LT(Text("e\u0301"), Text("\u00EA"));  // though the byte e is below every byte of U+00EA
+  EXPECT_GT(Text("e\u0301"), Text("z"));
+}
+
+TEST(Text, ComparesWithStringsInBothDirections) {
+  const Text text = "cafe\u0301";
+  const std::string string = "caf\u00E9";
+  const std::string_view view = string;
+  EXPECT_TRUE(text == "caf\u00E9");
+  EXPECT_TRUE("caf\u00E9" == text);
+  EXPECT_TRUE(text == string);
+  EXPECT_TRUE(string == text);
+  EXPECT_TRUE(text == view);
+  EXPECT_TRUE(view == text);
+  EXPECT_TRUE(text == string.c_str());
+  EXPECT_FALSE(text != string);
+  EXPECT_FALSE(string != text);
+  EXPECT_TRUE(text != "cafe");
+  EXPECT_TRUE("cafe" != text);
+
+  EXPECT_TRUE(text < "d");
+  EXPECT_TRUE("d" > text);
+  EXPECT_TRUE(text > std::string("cafe"));
+  EXPECT_TRUE(std::string_view("cafe") < text);
+  EXPECT_TRUE((text <=> view) == std::strong_ordering::equal);
+  EXPECT_TRUE(text == std::string_view(text));
+}
+
+TEST(Text, ComparesWithIllFormedBytesAsIfTheyWereMadeAText) {
+  EXPECT_TRUE(Text("\xFF") == "\xFF");
+  EXPECT_TRUE(Text("\xFF") == "\xFE");
+  EXPECT_TRUE(Text("\uFFFD") == std::string("\xC3"));
+}
+
+TEST(Text, SharesItsStorageWithCopies) {
+  const Text text = "a text that no small buffer would hold, of some length";
+  const Text copy = text;
+  EXPECT_EQ(&copy.str(), &text.str());
+  Text assigned;
+  assigned = copy;
+  EXPECT_EQ(&assigned.str(), &text.str());
+  const Text moved = std::move(assigned);
+  EXPECT_EQ(&moved.str(), &text.str());
+}
+
+TEST(Text, OutlivesTheTextItWasCopiedFrom) {
+  Text copy;
+  {
+    const Text text = std::string("short-lived, yet held");
+    copy = text;
+  }
+  EXPECT_EQ(copy, "short-lived, yet held");
+  Text& self = copy;
+  copy = self;
+  EXPECT_EQ(copy, "short-lived, yet held");
+}
+
+std::string utf8Of(char32_t scalar) {
+  std::string text;
+  utf8::append(text, scalar);
+  return text;
+}
+
+TEST(Text, IsBlankForEveryWhiteSpaceScalarAndNoOther) {
+  const auto whiteSpace = test::scalarsWithProperty("White_Space");
+  if (!whiteSpace) GTEST_SKIP() << "PropList.txt of the package unicode-data is not installed";
+  EXPECT_EQ(whiteSpace->size(), 25u);
+  std::size_t wrong = 0;
+  for (char32_t scalar = 0; scalar < 0x110000; ++scalar) {
+    if (scalar >= 0xD800 && scalar <= 0xDFFF) continue;
+    if (Text(utf8Of(scalar)).isBlank() != whiteSpace->contains(scalar)) ++wrong;
+  }
+  EXPECT_EQ(wrong, 0u);
+}
+
+TEST(Text, IsBlankOnlyWhenNothingElseStandsInIt) {
+  EXPECT_TRUE(
+      Text(" \t\n\r\v\f\u0085\u00A0\u1680\u2000\u200A\u2028\u2029\u202F\u205F\u3000").isBlank());
+  EXPECT_FALSE(Text("\u200B").isBlank());
+  EXPECT_FALSE(Text("\uFEFF").isBlank());
+  EXPECT_FALSE(Text("  x  ").isBlank());
+  EXPECT_FALSE(Text(std::string_view("\0", 1)).isBlank());
+  EXPECT_FALSE(Text("\u3000\u0300").isBlank());
+}
+
+// Classes 230 and 220 in turn: every mark has to pass all of the other class before it.
+TEST(Text, SortsALongRunOfMarksInReasonableTime) {
+  constexpr int pairs = 500'000;
+  std::string alternating = "e";
+  std::string sorted = "e";
+  for (int i = 0; i < pairs; ++i) alternating += "\u0301\u0323";
+  for (int i = 0; i < pairs; ++i) sorted += "\u0323";
+  for (int i = 0; i < pairs; ++i) sorted += "\u0301";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Text(alternating), Text(sorted));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+}  // namespace
+}  // namespace korrin
