@@ -1,12 +1,14 @@
 // The command-line host: reads the command line, runs one command and reports how it went.
 
 #include <algorithm>
+#include <charconv>
 #include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -19,7 +21,10 @@
 #include "edit_session.h"
 #include "exit_code.h"
 #include "fmt_command.h"
+#include "new_command.h"
 #include "plot_document.h"
+#include "render_command.h"
+#include "templates_command.h"
 #include "terminal.h"
 
 namespace {
@@ -118,6 +123,79 @@ CLI::App* addEdit(CLI::App& app, EditOptions& options) {
   return command;
 }
 
+CLI::App* addNew(CLI::App& app, NewOptions& options) {
+  CLI::App* command = app.add_subcommand("new", "Begin a plot: empty, or from a template");
+  CLI::Option* chosen = command->add_option_function<std::string>(
+      "--template",
+      [&options](const std::string& word) {
+        options.templateID = fromRawValue<KorrinTemplateID>(word);
+        if (!options.templateID)
+          throw CLI::ValidationError("there is no template \"" + word +
+                                     "\"; korrin templates lists them");
+      },
+      "The template to begin with; see korrin templates");
+  chosen->type_name("ID");
+  command->add_flag("--example", options.isExample, "A festival plot that shows everything")
+      ->excludes(chosen);
+  command
+      ->add_option("-o,--output", options.output,
+                   "Where to write; standard output when absent or -")
+      ->type_name("FILE");
+  command->add_flag("--force", options.isForced, "Replace a file that is there already");
+  command->footer(exitStatuses);
+  return command;
+}
+
+CLI::App* addTemplates(CLI::App& app, TemplatesOptions& options) {
+  CLI::App* command = app.add_subcommand("templates", "List the templates a plot can begin with");
+  addChoice(*command, "--format", options.format, "FORMAT", "How they are printed");
+  command->footer("The first of several words is the default.");
+  return command;
+}
+
+CLI::App* addRender(CLI::App& app, RenderOptions& options) {
+  CLI::App* command = app.add_subcommand("render", "Draw a plot for print, as SVG, PDF or PNG");
+  command->add_option("FILE", options.file, "Plot to draw; - is standard input")
+      ->required()
+      ->type_name("");
+  command
+      ->add_option("-o,--output", options.output,
+                   "Where to write; standard output when absent or -")
+      ->type_name("FILE");
+  CLI::Option* page = command->add_option_function<std::string>(
+      "--page",
+      [&options](const std::string& word) {
+        if (word == "all") return;
+        std::size_t number = 0;
+        const auto end = std::from_chars(word.data(), word.data() + word.size(), number);
+        if (end.ec != std::errc() || end.ptr != word.data() + word.size())
+          throw CLI::ValidationError("\"" + word + "\" is neither a page number nor all");
+        options.page = number;
+      },
+      "One page, counted from 1, or all of them one below the other: all");
+  page->type_name("NUMBER");
+  command
+      ->add_flag("--plot-only", options.isPlotOnly,
+                 "The drawing alone, without page, legend and lists")
+      ->excludes(page);
+  const auto convertTo = [&options](PictureFormat format) {
+    return [&options, format] { options.converted = format; };
+  };
+  CLI::Option* pdf = command->add_flag_callback("--pdf", convertTo(PictureFormat::pdf),
+                                                "Write PDF, by rsvg-convert of librsvg");
+  command
+      ->add_flag_callback("--png", convertTo(PictureFormat::png),
+                          "Write PNG, by rsvg-convert of librsvg")
+      ->excludes(pdf);
+  addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plot");
+  command->footer(
+      "The plot's export settings say on which paper and with which lists. The plot is validated\n"
+      "first. A file is replaced all at once or not at all, and never when it is a plot.\n"
+      "The first of several words is the default.\n\n" +
+      std::string(exitStatuses));
+  return command;
+}
+
 ExitCode misused(Console& console, const std::string& sentence) {
   complain(console, sentence);
   console.err << "Try korrin --help.\n";
@@ -143,7 +221,7 @@ bool readsTwice(const std::vector<std::string>& inputs) {
 }
 
 ExitCode run(int argc, char** argv, Console& console) {
-  CLI::App app("Checks, rewrites and edits stage plots.", "korrin");
+  CLI::App app("Makes, checks, rewrites, edits and draws stage plots.", "korrin");
   app.set_version_flag("--version", "korrin " KORRIN_VERSION);
   app.require_subcommand(0, 1);
   app.footer(exitStatuses);
@@ -153,6 +231,12 @@ ExitCode run(int argc, char** argv, Console& console) {
   const CLI::App* checkCommand = addCheck(app, checkOptions);
   const CLI::App* formatCommand = addFormat(app, formatOptions);
   const CLI::App* editCommand = addEdit(app, editOptions);
+  NewOptions newOptions;
+  TemplatesOptions templatesOptions;
+  RenderOptions renderOptions;
+  const CLI::App* newCommand = addNew(app, newOptions);
+  const CLI::App* templatesCommand = addTemplates(app, templatesOptions);
+  const CLI::App* renderCommand = addRender(app, renderOptions);
   app.allow_extras();  // and refused below, in words of our own
   try {
     app.parse(argc, argv);
@@ -169,6 +253,9 @@ ExitCode run(int argc, char** argv, Console& console) {
   if (*checkCommand) return check(checkOptions, console);
   if (*formatCommand) return format(formatOptions, console);
   if (*editCommand) return edit(editOptions, console);
+  if (*newCommand) return makeNew(newOptions, console);
+  if (*templatesCommand) return listTemplates(templatesOptions, console);
+  if (*renderCommand) return render(renderOptions, console);
   return misused(console, "a command is missing");
 }
 

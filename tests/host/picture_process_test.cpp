@@ -1,0 +1,178 @@
+// The commands that make, list and draw plots, as their callers see them.
+
+#include <cstdlib>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "korrin/coding/json.h"
+#include "korrin/templates/korrin_template.h"
+
+#include "picture_support.h"
+#include "scratch.h"
+
+namespace korrin::host {
+namespace {
+
+using nlohmann::json;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+bool canConvert() { return std::system("command -v rsvg-convert >/dev/null") == 0; }
+
+TEST(New, WritesTheDocumentOfEachTemplate) {
+  const Scratch scratch;
+  for (const KorrinTemplateID id : allCases<KorrinTemplateID>()) {
+    const std::string name(rawValue(id));
+    const Outcome outcome = scratch.korrin("new --template " + name + " -o " + name + ".json");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const auto project = decodeJSON<KorrinProject>(contentOf(scratch.path(name + ".json")));
+    EXPECT_EQ(project.metadata.title, KorrinProject::template_(id).metadata.title);
+    EXPECT_EQ(scratch.korrin("check --builtin-assets " + name + ".json").out,
+              name + ".json: no findings\n");
+  }
+}
+
+TEST(New, WritesTheExampleAndAnEmptyPlotToStandardOutput) {
+  const Scratch scratch;
+  const auto example = decodeJSON<KorrinProject>(scratch.korrin("new --example").out);
+  EXPECT_EQ(example.metadata.artist, "The Example Band");
+  const auto empty = decodeJSON<KorrinProject>(scratch.korrin("new").out);
+  EXPECT_EQ(empty.metadata.title, "Untitled Stage Plot");
+  EXPECT_TRUE(empty.items.empty());
+  EXPECT_NE(empty.layers[0].id, decodeJSON<KorrinProject>(scratch.korrin("new").out).layers[0].id);
+}
+
+TEST(New, ReplacesAFileOnlyWhenForced) {
+  const Scratch scratch;
+  scratch.write("plot.json", "mine");
+  const Outcome refused = scratch.korrin("new -o plot.json");
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_EQ(refused.err, "korrin: plot.json: is there already; --force replaces it\n");
+  EXPECT_EQ(contentOf(scratch.path("plot.json")), "mine");
+  EXPECT_EQ(scratch.korrin("new --force -o plot.json").status, 0);
+  EXPECT_THAT(contentOf(scratch.path("plot.json")), StartsWith("{"));
+  EXPECT_EQ(scratch.fileCount(), 1u);
+}
+
+TEST(New, NeverReplacesAPlotThatNeedsANewerVersion) {
+  const Scratch scratch;
+  scratch.write("plot.json", R"({"schemaVersion":2,"minimumReaderVersion":2})");
+  EXPECT_EQ(scratch.korrin("new --force -o plot.json").status, 3);
+  EXPECT_THAT(contentOf(scratch.path("plot.json")), HasSubstr("2}"));
+}
+
+TEST(New, IsMisusedWithWordsThatMeanNothing) {
+  const Scratch scratch;
+  EXPECT_EQ(scratch.korrin("new --template powerTrio").status, 64);
+  EXPECT_EQ(scratch.korrin("new --template power_trio --example").status, 64);
+  EXPECT_EQ(scratch.korrin("new -o absent/plot.json").status, 2);
+}
+
+TEST(Templates, AreListedForPeopleAndPrograms) {
+  const Scratch scratch;
+  const std::string text = scratch.korrin("templates").out;
+  const json listed = json::parse(scratch.korrin("templates --format json").out)["templates"];
+  ASSERT_EQ(listed.size(), allCases<KorrinTemplateID>().size());
+  std::size_t at = 0;
+  for (const KorrinTemplateID id : allCases<KorrinTemplateID>()) {
+    EXPECT_EQ(listed[at]["id"], rawValue(id));
+    EXPECT_EQ(listed[at]["title"], title(id));
+    EXPECT_EQ(listed[at++]["summary"], summary(id));
+    for (const std::string_view part : {rawValue(id), title(id), summary(id)})
+      EXPECT_THAT(text, HasSubstr(std::string(part)));
+  }
+}
+
+TEST(Render, DrawsAllPagesOrOneOrTheDrawingAlone) {
+  const Scratch scratch;
+  const std::string plot = " $D/festival-main-stage.json ";
+  const std::string all = scratch.korrin("render" + plot).out;
+  EXPECT_THAT(textsOf(all), Contains("Page 3 of 3"));
+  EXPECT_EQ(scratch.korrin("render --page all" + plot).out, all);
+  const std::vector<std::string> first = textsOf(scratch.korrin("render --page 1" + plot).out);
+  EXPECT_THAT(first, Contains("Page 1 of 3"));
+  EXPECT_THAT(first, Contains("Drum riser · H 0.40 m"));
+  const std::vector<std::string> second = textsOf(scratch.korrin("render --page 2" + plot).out);
+  EXPECT_THAT(second, Contains("Input list"));
+  const std::vector<std::string> alone = textsOf(scratch.korrin("render --plot-only" + plot).out);
+  EXPECT_THAT(alone, Contains("Hauptbühne"));
+  EXPECT_THAT(alone, testing::Not(Contains("Legend")));
+}
+
+TEST(Render, DrawsTheExamplePlots) {
+  const Scratch scratch;
+  for (const char* plot : {"$D/festival-main-stage.json", "$D/club-night-with-findings.json",
+                           "--dates secondsSinceReferenceDate $D/festival-other-host.json",
+                           "- <$D/festival-main-stage.json"}) {
+    const Outcome outcome = scratch.korrin(std::string("render -o plot.svg ") + plot);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(textsOf(contentOf(scratch.path("plot.svg"))), Contains("AUDIENCE"));
+  }
+}
+
+TEST(Render, RefusesWhatIsNotSafeToDraw) {
+  const Scratch scratch;
+  const std::string plot = exampleDocument("festival-main-stage");
+  scratch.write("huge.json", replaced(plot, "\"width\": 12000", "\"width\": 1e7"));
+  scratch.write("newer.json",
+                replaced(plot, "\"minimumReaderVersion\": 1", "\"minimumReaderVersion\": 2"));
+  scratch.write("broken.json", "{");
+  EXPECT_EQ(
+      scratch.korrin("render -o out.svg huge.json").err,
+      "korrin: huge.json: is not valid: The project contains invalid or unsupported dimensions.\n");
+  EXPECT_EQ(scratch.korrin("render -o out.svg huge.json").status, 2);
+  EXPECT_EQ(scratch.korrin("render -o out.svg newer.json").status, 3);
+  EXPECT_EQ(scratch.korrin("render -o out.svg broken.json").status, 2);
+  EXPECT_EQ(scratch.fileCount(), 3u);
+}
+
+TEST(Render, NeverReplacesAPlot) {
+  const Scratch scratch;
+  const std::string plot = exampleDocument("festival-main-stage");
+  scratch.write("plot.json", plot);
+  const Outcome outcome = scratch.korrin("render plot.json -o plot.json");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "korrin: plot.json: is a plot and is not replaced by a picture\n");
+  EXPECT_EQ(contentOf(scratch.path("plot.json")), plot);
+}
+
+TEST(Render, SaysWhichPagesThereAre) {
+  const Scratch scratch;
+  const Outcome outcome = scratch.korrin("render --page 4 $D/festival-main-stage.json");
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_THAT(outcome.err, HasSubstr("has no page 4 but 3 pages"));
+  EXPECT_EQ(scratch.korrin("render --page 0 $D/festival-main-stage.json").status, 64);
+  EXPECT_EQ(scratch.korrin("render --page one $D/festival-main-stage.json").status, 64);
+  EXPECT_EQ(scratch.korrin("render --page 1 --plot-only $D/festival-main-stage.json").status, 64);
+  EXPECT_EQ(scratch.korrin("render --pdf --png $D/festival-main-stage.json").status, 64);
+}
+
+TEST(Render, ConvertsToPDFAndPNG) {
+  if (!canConvert()) GTEST_SKIP() << "rsvg-convert is not installed";
+  const Scratch scratch;
+  EXPECT_EQ(scratch.korrin("render --pdf -o plot.pdf $D/festival-main-stage.json").err, "");
+  EXPECT_THAT(contentOf(scratch.path("plot.pdf")), StartsWith("%PDF-"));
+  EXPECT_EQ(scratch.korrin("render --png --page 1 -o plot.png $D/festival-main-stage.json").err,
+            "");
+  const std::string png = contentOf(scratch.path("plot.png"));
+  EXPECT_THAT(png, StartsWith("\x89PNG"));
+  // A4 on its long side at 192 pixels an inch is 2246 by 1588.
+  EXPECT_THAT(png.substr(0, 24), testing::EndsWith(std::string("\0\0\x08\xC6\0\0\x06\x34", 8)));
+}
+
+TEST(Render, SaysWhenTheConverterIsNotInstalled) {
+  const Scratch scratch;
+  const Outcome outcome = scratch.korrin("templates >/dev/null; PATH=/absent '" KORRIN_TOOL
+                                         "' render --png -o plot.png $D/festival-main-stage.json");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err,
+            "korrin: PDF and PNG need the program rsvg-convert of librsvg, which is not "
+            "installed\n");
+  EXPECT_EQ(scratch.fileCount(), 0u);
+}
+
+}  // namespace
+}  // namespace korrin::host
