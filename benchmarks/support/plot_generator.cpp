@@ -8,6 +8,7 @@ namespace korrin::benchmarks {
 namespace {
 
 struct Symbol {
+  const char* name;
   PlotItemKind kind;
   const char* assetID;
   double width;
@@ -15,12 +16,12 @@ struct Symbol {
 };
 
 constexpr std::array symbols = {
-    Symbol{PlotItemKind::instrument, "krn.instrument.drums.v1", 2200, 1800},
-    Symbol{PlotItemKind::microphone, "krn.audio.microphone.v1", 500, 900},
-    Symbol{PlotItemKind::monitor, "krn.audio.wedge.v1", 900, 650},
-    Symbol{PlotItemKind::amplifier, "krn.backline.guitar-amp.v1", 1000, 700},
-    Symbol{PlotItemKind::riser, "krn.staging.riser.v1", 2000, 1000},
-    Symbol{PlotItemKind::power, "krn.utility.power.v1", 500, 500},
+    Symbol{"Drum kit", PlotItemKind::instrument, "krn.instrument.drums.v1", 2200, 1800},
+    Symbol{"Microphone", PlotItemKind::microphone, "krn.audio.microphone.v1", 500, 900},
+    Symbol{"Floor wedge", PlotItemKind::monitor, "krn.audio.wedge.v1", 900, 650},
+    Symbol{"Guitar amp", PlotItemKind::amplifier, "krn.backline.guitar-amp.v1", 1000, 700},
+    Symbol{"Riser", PlotItemKind::riser, "krn.staging.riser.v1", 2000, 1000},
+    Symbol{"Power drop", PlotItemKind::power, "krn.utility.power.v1", 500, 500},
 };
 
 class Generator {
@@ -37,7 +38,7 @@ class Generator {
                                 .isLocked = i == 3,
                                 .zIndex = i});
     for (std::size_t i = 0; i < itemCount; ++i) project.items.push_back(item(project, i));
-    for (std::size_t i = 0; i < itemCount; i += 12) addGroup(project, i);
+    for (std::size_t i = 0; i < itemCount; i += 8) addGroup(project, i);
     for (std::size_t i = 0; i < itemCount; i += 2) addInput(project, i);
     for (std::size_t i = 0; i < itemCount; i += 10) addMixAndEquipment(project, i);
     for (std::size_t i = 0; i < itemCount; i += 50)
@@ -72,7 +73,7 @@ class Generator {
             .layerID = project.layers[index % 4].id,
             .groupID = std::nullopt,
             .isLocked = index % 17 == 0,
-            .label = "ITEM " + std::to_string(index),
+            .label = std::string(symbol.name) + " " + std::to_string(index) + " stage left",
             .riserHeightMillimeters = isRiser ? std::optional(400.0) : std::nullopt,
             .style = {.tintHex = index % 5 == 0 ? std::optional<Text>("#336699") : std::nullopt,
                       .labelVisible = true,
@@ -93,11 +94,11 @@ class Generator {
   void addInput(KorrinProject& project, std::size_t index) {
     project.inputs.push_back({.id = identifier(),
                               .channel = static_cast<std::int64_t>(project.inputs.size() + 1),
-                              .source = "Source " + std::to_string(index),
+                              .source = "Source " + std::to_string(index) + " downstage",
                               .microphoneOrDI = "SM57",
                               .stand = "Short boom",
                               .phantomPower = index % 4 == 0,
-                              .notes = "",
+                              .notes = index % 4 == 0 ? "Post pedalboard, mono" : "",
                               .plotItemID = project.items[index].id});
   }
 

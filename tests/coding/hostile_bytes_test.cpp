@@ -77,7 +77,7 @@ void expectSame(const Record& record, const Json& json) {
 // Where the two other readers are known to differ from this one:
 // - a byte 0 ends the text for both of them; for this one it is a fault, as it is in the grammar;
 // - nlohmann-json passes over a byte order mark at the start;
-// - nlohmann-json refuses numbers beyond a double, which the grammar allows;
+// - both refuse numbers beyond a double, which the grammar allows;
 // - RapidJSON takes a low surrogate that stands alone in escapes;
 // - this one promises 512 levels of nesting, the others set no limit.
 void expectAgreement(const std::string& text) {
@@ -90,10 +90,10 @@ void expectAgreement(const std::string& text) {
   const Verdict own = fault ? Verdict::refused : Verdict::accepted;
 
   const bool isLoneSurrogate = fault && fault->find("lone surrogate") != std::string::npos;
-  if (!isLoneSurrogate) {
-    ASSERT_EQ(own, test::rapidjsonVerdict(text)) << fault.value_or("");
+  const Verdict rapidjson = test::rapidjsonVerdict(text);
+  if (!isLoneSurrogate && rapidjson != Verdict::undecided) {
+    ASSERT_EQ(own, rapidjson) << fault.value_or("");
   }
-
   const Verdict nlohmann = test::nlohmannVerdict(text);
   if (nlohmann == Verdict::undecided || text.starts_with("\uFEFF")) return;
   ASSERT_EQ(own, nlohmann) << fault.value_or("");

@@ -47,7 +47,10 @@ Verdict rapidjsonVerdict(std::string_view text) {
   rapidjson::BaseReaderHandler<> handler;
   constexpr unsigned flags = rapidjson::kParseValidateEncodingFlag |
                              rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
-  return reader.Parse<flags>(stream, handler).IsError() ? Verdict::refused : Verdict::accepted;
+  const rapidjson::ParseResult result = reader.Parse<flags>(stream, handler);
+  if (!result.IsError()) return Verdict::accepted;
+  return result.Code() == rapidjson::kParseErrorNumberTooBig ? Verdict::undecided
+                                                             : Verdict::refused;
 }
 
 }  // namespace korrin::test
