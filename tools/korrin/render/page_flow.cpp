@@ -10,10 +10,10 @@ namespace {
 
 constexpr double textSize = 3;
 constexpr double lineStep = 4.1;
-constexpr double padding = 1.3;
-constexpr double titleHeight = 8;
+constexpr double padding = 0.9;
+constexpr double titleHeight = 7;
 constexpr double headHeight = 6;
-constexpr double betweenTables = 5;
+constexpr double betweenTables = 4;
 
 /// The texts of a row's cells in lines.
 using CellLines = std::vector<std::vector<std::string>>;
@@ -104,7 +104,7 @@ class PageFlow {
       y_ = box_.y;
     }
     SvgWriter& page = pages_.back();
-    page.text({box_.x, y_ + 5}, goesOn ? table.title + " (continued)" : table.title,
+    page.text({box_.x, y_ + 4.6}, goesOn ? table.title + " (continued)" : table.title,
               {.size = 4.4, .isBold = true});
     y_ += titleHeight;
     page.rectangle({box_.x, y_, box_.width, headHeight}, {.fill = "#e6eaee"});
