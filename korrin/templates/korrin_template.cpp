@@ -83,8 +83,8 @@ const std::vector<KorrinTemplate>& KorrinTemplate::all() {
   static const std::vector<KorrinTemplate> templates = [] {
     const Environment environment = Environment::system();
     std::vector<KorrinTemplate> made;
-    for (const KorrinTemplateID id : allCases<KorrinTemplateID>())
-      made.push_back({.id = id, .project = KorrinProject::template_(id, environment)});
+    for (const KorrinTemplateID each : allCases<KorrinTemplateID>())
+      made.push_back({.id = each, .project = KorrinProject::template_(each, environment)});
     return made;
   }();
   return templates;

@@ -147,10 +147,7 @@ TEST(StageDrawing, TintsWhatHasAColourAndIgnoresWhatIsNone) {
 
 TEST(StageDrawing, LabelsByVisibilityAndScale) {
   KorrinProject project = oneItem();
-  const auto labelSize = [](const std::string& content) {
-    return content.substr(0, content.find(">MIX 1<")).rfind("font-size=\"2.7\"");
-  };
-  EXPECT_NE(labelSize(draw(project).content), std::string::npos);
+  EXPECT_THAT(draw(project).content, HasSubstr("font-size=\"2.7\""));
   PlotItemStyle& style = project.items.edit(0).style;
   style.labelScale = 2;
   EXPECT_THAT(draw(project).content, HasSubstr("font-size=\"5.4\""));
@@ -181,6 +178,14 @@ TEST(StageDrawing, CountsWhatLiesOffThePaper) {
   const Drawing drawing = draw(project);
   EXPECT_EQ(drawing.drawn.itemsOutOfSight, 1u);
   EXPECT_THAT(drawing.texts, Not(Contains("MIX 1")));
+}
+
+TEST(StageDrawing, LabelsAnItemTooThinToSee) {
+  KorrinProject project = oneItem();
+  project.items.edit(0).size.width = 5e-324;
+  const Drawing drawing = draw(project);
+  EXPECT_EQ(drawing.drawn.itemsOutOfSight, 0u);
+  EXPECT_THAT(drawing.texts, Contains("MIX 1"));
 }
 
 TEST(StageDrawing, SurvivesTheLargestAndSmallestValidGeometry) {

@@ -29,6 +29,11 @@ struct Box {
   }
 };
 
+/// Whether two rectangles have a point in common, be they ever so thin.
+inline bool touches(const Box& a, const Box& b) {
+  return a.x <= b.right() && b.x <= a.right() && a.y <= b.bottom() && b.y <= a.bottom();
+}
+
 /// The area that two rectangles share.
 inline double overlap(const Box& a, const Box& b) {
   const double width = std::min(a.right(), b.right()) - std::max(a.x, b.x);

@@ -7,6 +7,8 @@
 #include <numbers>
 #include <set>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 #include "korrin/validation/document_validation.h"
 
@@ -162,7 +164,7 @@ class StageDrawing {
     const Symbol symbol = symbolOf(item);
     symbols_.insert(symbol);
     if (item.kind == PlotItemKind::riser) addRiser(item);
-    if (overlap(around(item), canvas) == 0 && !isPoint(item)) {
+    if (!touches(around(item), canvas)) {
       ++itemsOutOfSight_;
       return;
     }
@@ -173,16 +175,9 @@ class StageDrawing {
     svg_.endPlaced();
   }
 
-  bool isPoint(const PlotItem& item) const {
-    const Box box = around(item);
-    return box.width * box.height == 0;
-  }
-
   void addRiser(const PlotItem& item) {
     std::string text = paperLine(item.legendText());
-    if (!text.empty() && std::ranges::find(risers_, text) == risers_.end() &&
-        risers_.size() < mostRisers)
-      risers_.push_back(std::move(text));
+    if (!text.empty() && knownRisers_.insert(text).second) risers_.push_back(std::move(text));
   }
 
   void drawLabels(const std::vector<const PlotItem*>& items, const Box& canvas) {
@@ -211,7 +206,7 @@ class StageDrawing {
 
   void drawLabel(const PlotItem& item, const Box& canvas, LabelPlaces& places) {
     const Box symbol = around(item);
-    if (overlap(symbol, canvas) == 0) return;
+    if (!touches(symbol, canvas)) return;
     const double size = std::min(labelSize * item.style.labelScale, largestLabel);
     const double room = std::min(std::max(symbol.width * 1.3, 11 * size), canvas.width - 2);
     const std::vector<std::string> lines = fitted(item.legendText(), size, room, 2, true);
@@ -268,8 +263,6 @@ class StageDrawing {
             .itemsOutOfSight = itemsOutOfSight_};
   }
 
-  static constexpr std::size_t mostRisers = 40;
-
   SvgWriter& svg_;
   const KorrinProject& project_;
   const StageDefinition& stage_;
@@ -279,6 +272,7 @@ class StageDrawing {
   std::vector<Box> besideStage_;  // what is written there
   std::set<Symbol> symbols_;
   std::vector<std::string> risers_;
+  std::unordered_set<std::string> knownRisers_;
   std::size_t itemsOutOfSight_ = 0;
 };
 
