@@ -18,7 +18,6 @@
 #include "korrin/preflight/preflight_engine.h"
 #include "korrin/preflight/preflight_issue.h"
 #include "korrin/templates/korrin_template.h"
-#include "korrin/templates/korrin_template.h"
 #include "korrin/validation/document_validation.h"
 #include "korrin/validation/embedded_asset_safety.h"
 #include "korrin/validation/raster_asset_safety.h"
