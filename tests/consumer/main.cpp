@@ -1,8 +1,8 @@
 // A program of its own that only knows the installed package.
 
-#include <korrin/korrin.h>
-
 #include <cstdlib>
+
+#include <korrin/korrin.h>
 
 int main() {
   using namespace korrin;
