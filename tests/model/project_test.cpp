@@ -146,10 +146,13 @@ TEST(NewDocument, IsAnotherOneEachTime) {
   EXPECT_LE(first.metadata.createdAt, first.metadata.modifiedAt);
 }
 
-TEST(NewDocument, PassesOnWhatTheEnvironmentThrows) {
-  Environment broken = Environment::system();
-  broken.now = []() -> Instant { throw std::runtime_error("no clock"); };
-  EXPECT_THROW((void)KorrinProject::newDocument(broken), std::runtime_error);
+TEST(NewDocument, PassesOnWhatTheEnvironmentThrowsAndLeavesNothingBehind) {
+  Environment withoutClock = Environment::system();
+  withoutClock.now = []() -> Instant { throw std::runtime_error("no clock"); };
+  EXPECT_THROW((void)KorrinProject::newDocument(withoutClock), std::runtime_error);
+  Environment withoutIdentifiers = Environment::system();
+  withoutIdentifiers.makeUUID = []() -> UUID { throw std::runtime_error("no identifiers"); };
+  EXPECT_THROW((void)KorrinProject::newDocument(withoutIdentifiers), std::runtime_error);
 }
 
 }  // namespace
