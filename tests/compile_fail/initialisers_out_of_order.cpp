@@ -3,7 +3,7 @@
 #include "korrin/model/stage_values.h"
 
 #ifdef KORRIN_WRONG
-const korrin::StageSize size = {.height = 2, .width = 1};
+korrin::StageSize size() { return {.height = 2, .width = 1}; }
 #else
-const korrin::StageSize size = {.width = 1, .height = 2};
+korrin::StageSize size() { return {.width = 1, .height = 2}; }
 #endif
