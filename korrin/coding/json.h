@@ -29,9 +29,11 @@ struct Codec {
 
 }  // namespace json
 
-/// A record, an enumeration with raw values, or a list of either.
+/// A record of documents, an enumeration with raw values, or a list of either.
 template <class T>
-inline constexpr bool isCodable = RecordType<T> || RawValueEnumeration<T>;
+inline constexpr bool isCodable = RawValueEnumeration<T>;
+template <RecordType Record>
+inline constexpr bool isCodable<Record> = standsInDocuments<Record>;
 template <class T>
 inline constexpr bool isCodable<List<T>> = isCodable<T>;
 

@@ -30,5 +30,7 @@ constexpr auto fieldsOf<ChangeSet>() {
   };
 }
 static_assert(tableIsComplete<ChangeSet>);
+template <>
+inline constexpr bool standsInDocuments<ChangeSet> = false;
 
 }  // namespace korrin

@@ -50,6 +50,11 @@ concept RecordType = requires {
   fieldsOf<T>();
 };
 
+/// Whether documents hold records of this type. A record that stands in none says so under its
+/// table.
+template <class Record>
+inline constexpr bool standsInDocuments = true;
+
 /// Calls `visit(field)` for every field of the record, in declaration order.
 template <class Record, class Visit>
 constexpr void forEachField(Visit&& visit) {

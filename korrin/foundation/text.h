@@ -30,6 +30,9 @@ class Text {
   Text(std::string utf8);
   Text(std::string_view utf8) : Text(std::string(utf8)) {}
   Text(const char* utf8) : Text(std::string(utf8)) {}
+  Text(std::nullptr_t) = delete;
+  template <std::integral Number>
+  Text(Number) = delete;
 
   /// The bytes as stored, well-formed UTF-8. Valid as long as this text or a copy of it lives.
   const std::string& str() const noexcept { return storage_ ? storage_->utf8 : emptyString(); }

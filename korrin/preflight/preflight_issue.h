@@ -92,5 +92,7 @@ constexpr auto fieldsOf<PreflightIssue>() {
       Field{"recordID", &PreflightIssue::recordID},
   };
 }
+template <>
+inline constexpr bool standsInDocuments<PreflightIssue> = false;
 
 }  // namespace korrin

@@ -59,5 +59,7 @@ constexpr auto fieldsOf<KorrinTemplate>() {
   return std::tuple{Field{"id", &KorrinTemplate::id}, Field{"project", &KorrinTemplate::project}};
 }
 static_assert(tableIsComplete<KorrinTemplate>);
+template <>
+inline constexpr bool standsInDocuments<KorrinTemplate> = false;
 
 }  // namespace korrin
