@@ -23,7 +23,7 @@ namespace korrin::EmbeddedAssetSafety {
 /// Throws DocumentValidationError: for a raster image as RasterAssetSafety::validate does; for a
 /// PDF `invalidImage` when the bytes are a raster image, or no PDF with a first page that can be
 /// read without a password, and `imageTooLarge` when the page box is absent, degenerate, not finite
-/// or too large.
+/// or too large. Throws std::bad_alloc, and never a verdict, when memory runs out.
 std::int64_t validate(std::span<const std::byte> bytes, std::optional<std::string_view> mediaType);
 
 }  // namespace korrin::EmbeddedAssetSafety

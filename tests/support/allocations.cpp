@@ -1,27 +1,26 @@
 #include "tests/support/allocations.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <limits>
-#include <new>
 
 #include <malloc.h>
 
 namespace korrin {
 namespace {
 
-constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
-
-// operator new has no other place to report to than one it can find by itself.
 struct Account {
   std::ptrdiff_t live = 0;
   std::ptrdiff_t peak = 0;
   std::size_t count = 0;
-  std::size_t left = unlimited;
+  std::size_t left = AllocationLimit::unlimited;
+  std::size_t failures = 0;
 };
 
+// The allocator has no other place to report to than one it can find by itself.
 thread_local constinit Account account;
+
+std::ptrdiff_t sizeOf(void* memory) {
+  return static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+}
 
 }  // namespace
 
@@ -30,26 +29,31 @@ std::ptrdiff_t peakBytes() { return account.peak; }
 void restartPeak() { account.peak = account.live; }
 std::size_t allocationCount() { return account.count; }
 
-AllocationLimit::AllocationLimit(std::size_t count) { account.left = count; }
+AllocationLimit::AllocationLimit(std::size_t count, std::size_t failures) {
+  account.left = count;
+  account.failures = failures;
+}
 AllocationLimit::~AllocationLimit() { account.left = unlimited; }
 
-}  // namespace korrin
+bool nextAllocationFails() {
+  if (account.left == AllocationLimit::unlimited) return false;
+  if (account.left > 0) {
+    --account.left;
+    return false;
+  }
+  if (account.failures == 0) return false;
+  if (account.failures != AllocationLimit::unlimited) --account.failures;
+  return true;
+}
 
-void* operator new(std::size_t size) {
-  using korrin::account;
-  if (account.left == 0) throw std::bad_alloc();
-  if (account.left != korrin::unlimited) --account.left;
-  void* const memory = std::malloc(size);
-  if (memory == nullptr) throw std::bad_alloc();
+void* noteAllocation(void* memory) {
+  if (memory == nullptr) return memory;
   ++account.count;
-  account.live += static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+  account.live += sizeOf(memory);
   account.peak = std::max(account.peak, account.live);
   return memory;
 }
 
-void operator delete(void* memory) noexcept {
-  korrin::account.live -= static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
-  std::free(memory);
-}
+void noteRelease(void* memory) { account.live -= sizeOf(memory); }
 
-void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+}  // namespace korrin

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 #include <zlib.h>
 
@@ -12,18 +13,14 @@ namespace {
 // Ends the inflation on every path.
 class Inflation {
  public:
-  Inflation() : ready_(inflateInit(&stream) == Z_OK) {}
-  ~Inflation() {
-    if (ready_) inflateEnd(&stream);
+  Inflation() {
+    if (inflateInit(&stream) != Z_OK) throw std::bad_alloc();
   }
+  ~Inflation() { inflateEnd(&stream); }
   Inflation(const Inflation&) = delete;
   Inflation& operator=(const Inflation&) = delete;
-  bool isReady() const { return ready_; }
 
   z_stream stream{};
-
- private:
-  bool ready_;
 };
 
 constexpr std::size_t firstOutput = 4096;
@@ -113,7 +110,6 @@ std::optional<Bytes> copy(ByteSource& source, std::size_t wanted, Budget& budget
 
 std::optional<Bytes> inflate(ByteSource& source, std::size_t wanted, Budget& budget) {
   Inflation inflation;
-  if (!inflation.isReady()) return std::nullopt;
   z_stream& stream = inflation.stream;
   // One byte more than allowed tells a stream that ends at the limit from one that goes on.
   const std::size_t capacity = std::min(wanted, limits::inflatedStream + 1);
@@ -135,6 +131,8 @@ std::optional<Bytes> inflate(ByteSource& source, std::size_t wanted, Budget& bud
     stream.next_out = reinterpret_cast<Bytef*>(output.data() + size);
     stream.avail_out = static_cast<uInt>(output.size() - size);
     status = ::inflate(&stream, Z_NO_FLUSH);
+    // No verdict about the file follows from a lack of memory.
+    if (status == Z_MEM_ERROR) throw std::bad_alloc();
     const std::size_t made = output.size() - size - stream.avail_out;
     if (!budget.inflate(made)) return std::nullopt;
     size += made;

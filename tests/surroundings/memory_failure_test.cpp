@@ -1,0 +1,66 @@
+// Memory runs out at each point of every public operation in turn. The operation throws
+// std::bad_alloc or succeeds as ever; its project is what it was, and nothing leaks.
+
+#include <cstddef>
+#include <new>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "korrin/model/document_coding.h"
+
+#include "tests/support/allocations.h"
+#include "tests/support/every_operation.h"
+#include "tests/support/sample_project.h"
+
+namespace korrin::test {
+namespace {
+
+constexpr const char* outOfMemory = "out of memory";
+
+std::string outcomeWith(std::size_t allocations, std::size_t failures, const Operation& operation,
+                        const KorrinProject& project) {
+  try {
+    const AllocationLimit limit(allocations, failures);
+    return operation.outcome(project);
+  } catch (const std::bad_alloc&) {
+    return outOfMemory;
+  }
+}
+
+class OutOfMemory : public testing::TestWithParam<Operation> {
+ protected:
+  // Fails the allocations of the operation after each possible number of successful ones.
+  void expectNothingHalfDone(std::size_t failures) {
+    const KorrinProject project = sampleProject();
+    const std::string before = encodeJSON(project);
+    const std::string expected = GetParam().outcome(project);
+    const std::size_t countBefore = allocationCount();
+    (void)GetParam().outcome(project);
+    const std::size_t needed = allocationCount() - countBefore;
+    const std::ptrdiff_t live = liveBytes();
+
+    for (std::size_t allocations = 0; allocations < needed; ++allocations) {
+      const std::string outcome = outcomeWith(allocations, failures, GetParam(), project);
+      if (outcome != outOfMemory)
+        ASSERT_EQ(outcome, expected) << "after " << allocations << " of " << needed;
+    }
+    EXPECT_EQ(liveBytes(), live);
+    EXPECT_EQ(outcomeWith(needed, failures, GetParam(), project), expected);
+    EXPECT_EQ(encodeJSON(project), before);
+  }
+};
+
+TEST_P(OutOfMemory, AnOperationThrowsOrSucceedsWhereMemoryStaysOut) {
+  expectNothingHalfDone(AllocationLimit::unlimited);
+}
+
+TEST_P(OutOfMemory, AnOperationThrowsOrSucceedsWhereASingleAllocationFails) {
+  expectNothingHalfDone(1);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryOperation, OutOfMemory, testing::ValuesIn(everyOperation()),
+                         [](const auto& row) { return row.param.name; });
+
+}  // namespace
+}  // namespace korrin::test
