@@ -174,7 +174,7 @@ class Reader {
       } else {
         if ((seen >> place & 1) != 0) throw Refused{};
         seen |= std::uint32_t{1} << place;
-        static_cast<void>(((place == index && (readField<Record, index>(record), true)) || ...));
+        ((place == index ? readField<Record, index>(record) : void()), ...);
       }
       isOpen = scanner_.next('}');
     }
