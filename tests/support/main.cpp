@@ -1,7 +1,24 @@
+// The main function of every test program. Two surroundings can be asked for from outside:
+//
+//   KORRIN_TEST_STACK=262144   all tests run in a thread with a stack of that many bytes
+//   KORRIN_TEST_LOCALE=tr_TR.UTF-8   the process has that locale, as a host may set it
+
+#include <clocale>
+#include <cstdlib>
+#include <locale>
+#include <string>
+
 #include <gmock/gmock.h>
+
+#include "tests/support/small_stack.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   testing::FLAGS_gtest_death_test_style = "threadsafe";
-  return RUN_ALL_TESTS();
+  if (const char* name = std::getenv("KORRIN_TEST_LOCALE")) std::locale::global(std::locale(name));
+  const char* stack = std::getenv("KORRIN_TEST_STACK");
+  if (stack == nullptr) return RUN_ALL_TESTS();
+  int result = EXIT_FAILURE;
+  korrin::test::runOnStack(std::stoul(stack), [&result] { result = RUN_ALL_TESTS(); });
+  return result;
 }
