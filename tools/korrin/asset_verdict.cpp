@@ -79,7 +79,7 @@ std::string excess(bool isTooWide, bool isTooHigh) {
 
 std::string whyRefused(const RasterFacts& facts) {
   const std::string format(name(facts.format));
-  if (!facts.size) return "the header of the " + format + " is damaged or cut short";
+  if (!facts.size) return "the " + format + " is damaged, cut short or of a kind that is not read";
   const auto [width, height] = *facts.size;
   if (width == 0 || height == 0) return "the " + format + " has a side of 0 pixels";
   constexpr std::uint64_t side = RasterAssetSafety::maximumDimension;

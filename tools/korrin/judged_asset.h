@@ -40,7 +40,7 @@ struct JudgedAsset {
   std::string size = {};                 ///< As in AssetVerdict.
   std::optional<std::int64_t> pixels = {};  ///< Its own number; absent when refused for itself.
   bool isRepeated = false;                  ///< Whether the same bytes were accepted before.
-  std::int64_t totalPixels = 0;             ///< Of the images that were accepted up to this one.
+  std::int64_t totalPixels = 0;             ///< Of the images that were counted up to this one.
   AssetManifestEntry entry = {};  ///< As a manifest has it; empty when its bytes are unknown.
 };
 
@@ -58,8 +58,6 @@ class AssetJudge {
   /// A file that cannot be read, or an entry of a manifest whose bytes no file has.
   JudgedAsset unreadable(const std::string& path, std::string remark) const;
   JudgedAsset missing(const AssetManifestEntry& entry, std::string remark) const;
-
-  std::int64_t totalPixels() const { return totalPixels_; }
 
  private:
   JudgedAsset take(JudgedAsset asset, std::span<const std::byte> bytes, const std::string& digest,

@@ -1,24 +1,14 @@
 // Collected documents of other projects, with the outcomes that independent tools agree on.
 
+#include "tests/support/corpus_test.h"
+
 #include <gtest/gtest.h>
 
-#include "tests/support/corpora.h"
 #include "tests/support/outcome.h"
 #include "tests/support/pdf_matchers.h"
 
 namespace korrin::test {
 namespace {
-
-class PdfCorpus : public testing::Test {
- protected:
-  void SetUp() override {
-    lines_ = expectedOutcomes(folder_);
-    if (lines_.empty()) GTEST_SKIP() << "there is no corpus of PDFs at " << folder_;
-  }
-
-  const std::filesystem::path folder_ = corpusFolder("pdf");
-  std::vector<ExpectedOutcome> lines_;
-};
 
 TEST_F(PdfCorpus, IsJudgedAsIndependentToolsReadIt) {
   for (const ExpectedOutcome& line : lines_) {
