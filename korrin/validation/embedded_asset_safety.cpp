@@ -11,10 +11,9 @@ namespace korrin {
 namespace {
 
 constexpr std::string_view pdfMediaType = "application/pdf";
-constexpr double maximumPageExtent = 20'000;  // points
 
 bool isSafeExtent(double extent) noexcept {
-  return std::isfinite(extent) && extent > 0 && extent <= maximumPageExtent;
+  return std::isfinite(extent) && extent > 0 && extent <= EmbeddedAssetSafety::maximumPageExtent;
 }
 
 void validatePdf(std::span<const std::byte> bytes) {
@@ -24,8 +23,8 @@ void validatePdf(std::span<const std::byte> bytes) {
     throw DocumentValidationError(DocumentValidationError::invalidImage);
 
   const PdfPage page = readFirstPage(bytes);
-  if (page.outcome == PdfOutcome::unreadable)
-    throw DocumentValidationError(DocumentValidationError::invalidImage);
+  const bool hasPage = page.outcome == PdfOutcome::box || page.outcome == PdfOutcome::noBox;
+  if (!hasPage) throw DocumentValidationError(DocumentValidationError::invalidImage);
   // A page without a usable box bounds nothing, which is why it counts as too large rather than as
   // invalid.
   if (page.outcome == PdfOutcome::noBox || !isSafeExtent(page.width) || !isSafeExtent(page.height))

@@ -11,14 +11,17 @@
 
 namespace korrin::EmbeddedAssetSafety {
 
+/// Largest accepted width and largest accepted height of a PDF's first page, in points.
+inline constexpr double maximumPageExtent = 20'000;
+
 /// What the image in `bytes` adds to its document's total of pixels, of which
 /// RasterAssetSafety::maximumAggregatePixels are allowed.
 ///
 /// With a `mediaType` of exactly "application/pdf", without parameters and in lower case, the bytes
-/// must be a PDF whose first page has a media box wider and higher than 0 and at most 20000 points
-/// each way; it adds nothing, 0. With any other media type, or none, they must be a raster image
-/// that RasterAssetSafety::validate accepts, and its count of pixels is returned: the media type
-/// is not compared with the image's format.
+/// must be a PDF whose first page has a media box wider and higher than 0 and at most
+/// `maximumPageExtent` each way; it adds nothing, 0. With any other media type, or none, they must
+/// be a raster image that RasterAssetSafety::validate accepts, and its count of pixels is returned:
+/// the media type is not compared with the image's format.
 ///
 /// Throws DocumentValidationError: for a raster image as RasterAssetSafety::validate does; for a
 /// PDF `invalidImage` when the bytes are a raster image, or no PDF with a first page that can be

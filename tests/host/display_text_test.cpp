@@ -24,6 +24,12 @@ TEST(Printable, ShowsWhatATerminalWouldObey) {
   EXPECT_EQ(printable("\u009B31m"), "\\u{9B}31m");
 }
 
+TEST(PrintableJson, KeepsTheValueAndLosesWhatATerminalWouldObey) {
+  EXPECT_EQ(printableJSON("\"Ángela \\n 舞台\""), "\"Ángela \\n 舞台\"");
+  EXPECT_EQ(printableJSON("\"\u009B2J\x7f\u202E\""), "\"\\u009B2J\\u007F\\u202E\"");
+  EXPECT_EQ(printableJSON("\"\U000E0041\""), "\"\\uDB40\\uDC41\"");
+}
+
 TEST(Printable, ShowsEveryControlCharacter) {
   for (char32_t scalar = 0; scalar < 0xA0; ++scalar) {
     if (scalar >= 0x20 && scalar < 0x7F) continue;

@@ -1,5 +1,8 @@
 #include "korrin/validation/embedded_asset_safety.h"
 
+#include <thread>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/image_builder.h"
@@ -12,6 +15,9 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::string_view pdf = "application/pdf";
+
+static_assert(std::is_same_v<decltype(EmbeddedAssetSafety::maximumPageExtent), const double>);
+static_assert(EmbeddedAssetSafety::maximumPageExtent == 20'000);
 
 TEST(EmbeddedAssetSafety, RefusesEmptyBytesUnderAnyMediaType) {
   EXPECT_EQ(assetOutcome({}, std::nullopt), invalidImage);
@@ -83,6 +89,45 @@ TEST(EmbeddedAssetSafety, FindsAPageWithoutABoxTooLarge) {
 
 TEST(EmbeddedAssetSafety, FindsAnInfiniteBoxTooLarge) {
   EXPECT_EQ(assetOutcome(pdfWithBox("0 0 1" + std::string(400, '0') + " 842"), pdf), imageTooLarge);
+}
+
+TEST(EmbeddedAssetSafety, FindsABoxTooLargeWhoseExtentIsNoNumber) {
+  const std::string infinite = "1" + std::string(400, '0');
+  EXPECT_EQ(assetOutcome(pdfWithBox(infinite + " 0 " + infinite + " 842"), pdf), imageTooLarge);
+}
+
+TEST(EmbeddedAssetSafety, JudgesTheFirstPageOnly) {
+  const auto pages = [](std::string_view first, std::string_view second) {
+    return PdfBuilder()
+        .object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[3 0 R 4 0 R]>>")
+        .object(3, "<</MediaBox[0 0 " + std::string(first) + "]>>")
+        .object(4, "<</MediaBox[0 0 " + std::string(second) + "]>>")
+        .table()
+        .file();
+  };
+  EXPECT_EQ(assetOutcome(bytesOf(pages("595 842", "20001 842")), pdf), "0");
+  EXPECT_EQ(assetOutcome(bytesOf(pages("20001 842", "595 842")), pdf), imageTooLarge);
+}
+
+TEST(EmbeddedAssetSafety, RefusesAPdfWithoutPages) {
+  const std::string file =
+      PdfBuilder().object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[]>>").table().file();
+  EXPECT_EQ(assetOutcome(bytesOf(file), pdf), invalidImage);
+}
+
+TEST(EmbeddedAssetSafety, KeepsNothingBetweenThreads) {
+  const std::vector<Bytes> files = {smallPdf(), pdfWithBox("0 0 20001 842"), bytesOf("%PDF-1.7\n"),
+                                    bytesOf(onePageInObjectStream("/MediaBox[0 0 3 3]"))};
+  const std::vector<Outcome> expected = {"0", Outcome(imageTooLarge), Outcome(invalidImage), "0"};
+  std::vector<std::vector<Outcome>> found(4);
+  std::vector<std::thread> threads;
+  for (std::vector<Outcome>& outcomes : found)
+    threads.emplace_back([&files, &outcomes] {
+      for (const Bytes& file : files) outcomes.push_back(assetOutcome(file, pdf));
+    });
+  for (std::thread& thread : threads) thread.join();
+  for (const std::vector<Outcome>& outcomes : found) EXPECT_EQ(outcomes, expected);
 }
 
 TEST(EmbeddedAssetSafety, LetsThePdfReaderJudgeBytesBeforeTheHeader) {

@@ -5,24 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/corpora.h"
+#include "tests/support/corpus_test.h"
 #include "tests/support/outcome.h"
 
 namespace korrin::test {
 namespace {
 
-class RasterCorpus : public testing::Test {
- protected:
-  void SetUp() override {
-    lines_ = expectedOutcomes(folder_);
-    if (lines_.empty()) GTEST_SKIP() << "there is no corpus of images at " << folder_;
-  }
-
-  const std::filesystem::path folder_ = corpusFolder("images");
-  std::vector<ExpectedOutcome> lines_;
-};
-
-TEST_F(RasterCorpus, IsReadAsIndependentToolsReadIt) {
+TEST_F(ImageCorpus, IsReadAsIndependentToolsReadIt) {
   for (const ExpectedOutcome& line : lines_) {
     const Outcome outcome = rasterOutcome(readFile(folder_ / line.file));
     EXPECT_TRUE(isLawful(outcome)) << line.file;
@@ -32,7 +21,7 @@ TEST_F(RasterCorpus, IsReadAsIndependentToolsReadIt) {
   }
 }
 
-TEST_F(RasterCorpus, IsReadAlikeWhateverTheMediaTypeSays) {
+TEST_F(ImageCorpus, IsReadAlikeWhateverTheMediaTypeSays) {
   for (const ExpectedOutcome& line : lines_) {
     const Bytes bytes = readFile(folder_ / line.file);
     const Outcome outcome = rasterOutcome(bytes);
@@ -42,13 +31,13 @@ TEST_F(RasterCorpus, IsReadAlikeWhateverTheMediaTypeSays) {
   }
 }
 
-TEST_F(RasterCorpus, IsNoPdf) {
+TEST_F(ImageCorpus, IsNoPdf) {
   for (const ExpectedOutcome& line : lines_)
     EXPECT_EQ(assetOutcome(readFile(folder_ / line.file), "application/pdf"), invalidImage)
         << line.file;
 }
 
-TEST_F(RasterCorpus, IsReadLawfullyWhereverItIsCutShort) {
+TEST_F(ImageCorpus, IsReadLawfullyWhereverItIsCutShort) {
   // Headers stand at the front: every length up to 1 KiB, then every hundredth of the rest.
   constexpr std::size_t wholeBytes = 1024;
   for (const ExpectedOutcome& line : lines_) {
@@ -62,12 +51,9 @@ TEST_F(RasterCorpus, IsReadLawfullyWhereverItIsCutShort) {
   }
 }
 
-TEST(PdfCorpus, IsNoRasterImage) {
-  const std::filesystem::path folder = corpusFolder("pdf");
-  const std::vector<ExpectedOutcome> lines = expectedOutcomes(folder);
-  if (lines.empty()) GTEST_SKIP() << "there is no corpus of PDFs at " << folder;
-  for (const ExpectedOutcome& line : lines) {
-    const Bytes bytes = readFile(folder / line.file);
+TEST_F(PdfCorpus, IsNoRasterImage) {
+  for (const ExpectedOutcome& line : lines_) {
+    const Bytes bytes = readFile(folder_ / line.file);
     for (const auto& mediaType :
          {std::optional<std::string_view>(), {"image/png"}, {"application/PDF"}})
       EXPECT_EQ(assetOutcome(bytes, mediaType), invalidImage) << line.file;

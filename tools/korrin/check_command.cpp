@@ -4,12 +4,15 @@
 
 #include "korrin/preflight/preflight_engine.h"
 
+#include "asset_folders.h"
+#include "asset_table.h"
 #include "display_text.h"
 #include "document_file.h"
 #include "findings.h"
 #include "findings_json.h"
 #include "findings_table.h"
 #include "known_assets.h"
+#include "manifest_check.h"
 #include "plot_document.h"
 
 namespace korrin::host {
@@ -32,8 +35,10 @@ void print(const FileFindings& file, Console& console) {
     complain(console, file.name + ": " + file.refusal->what());
     return;
   }
-  if (!file.issues.empty()) console.out << printable(file.name) << '\n';
+  const bool hasAssets = file.assets && !file.assets->empty();
+  if (!file.issues.empty() || hasAssets) console.out << printable(file.name) << '\n';
   printFindings(console.out, console.outTerminal, file.project, file.issues);
+  if (hasAssets) printAssets(console.out, console.outTerminal, *file.assets);
   console.out << summaryLine(file) << '\n';
 }
 
@@ -41,8 +46,10 @@ void print(const FileFindings& file, Console& console) {
 
 ExitCode check(const CheckOptions& options, Console& console) {
   KnownAssets known;
+  AssetFolders folders;
   try {
     known = knownAssets(options.assets);
+    folders = AssetFolders(options.assetFolders);
   } catch (const FileError& error) {
     complain(console, error.what());
     return ExitCode::unusable;
@@ -53,6 +60,8 @@ ExitCode check(const CheckOptions& options, Console& console) {
   for (const std::string& path : options.files) {
     progress.step(inputName(path));
     FileFindings file = inspect(path, options.dates, known);
+    if (!options.assetFolders.empty() && !file.refusal)
+      file.assets = checkManifest(file.project, folders);
     result = worse(result, file.exitCode());
     if (options.format == ReportFormat::json) {
       file.project = KorrinProject{};  // the report needs the findings only

@@ -20,6 +20,8 @@ enum class ReportFormat { text, json };
 struct CheckOptions {
   std::vector<std::string> files;  ///< "-" is standard input.
   AssetOptions assets = {};
+  /// Where the images of the plots' manifests are looked for; none for not at all.
+  std::vector<std::string> assetFolders = {};
   ReportFormat format = ReportFormat::text;
   DateStrategy dates = DateStrategy::iso8601;
 };
@@ -27,7 +29,7 @@ struct CheckOptions {
 /// Opens, validates and inspects each file and prints what it finds: in text format findings to
 /// the console's output and refusals to its error output, in JSON format one report of both. The
 /// result is the worst of all files'; `unusable` without a report when a file of known assets
-/// cannot be read.
+/// or a folder of images cannot be read.
 ExitCode check(const CheckOptions& options, Console& console);
 
 }  // namespace korrin::host

@@ -57,6 +57,18 @@ std::string escaped(utf8proc_int32_t scalar) {
   }
 }
 
+/// One UTF-16 code unit, or the two of a scalar beyond the basic plane.
+std::string escapedInJSON(utf8proc_int32_t scalar) {
+  std::array<char, 16> buffer{};
+  const auto value = static_cast<unsigned>(scalar);
+  if (value < 0x10000)
+    std::snprintf(buffer.data(), buffer.size(), "\\u%04X", value);
+  else
+    std::snprintf(buffer.data(), buffer.size(), "\\u%04X\\u%04X",
+                  0xD800 + ((value - 0x10000) >> 10), 0xDC00 + ((value - 0x10000) & 0x3FF));
+  return buffer.data();
+}
+
 }  // namespace
 
 std::string printable(std::string_view text) {
@@ -69,6 +81,19 @@ std::string printable(std::string_view text) {
     else
       result += character.bytes;
     rest.remove_prefix(character.bytes.size());
+  }
+  return result;
+}
+
+std::string printableJSON(std::string_view json) {
+  std::string result;
+  while (!json.empty()) {
+    const Character character = firstCharacter(json);
+    if (isObeyedOrInvisible(character.scalar))
+      result += escapedInJSON(character.scalar);
+    else
+      result += character.bytes;
+    json.remove_prefix(character.bytes.size());
   }
   return result;
 }

@@ -16,6 +16,10 @@ namespace korrin::host {
 /// need stay. A backslash of the text's own stays as it is, so this cannot be read back.
 std::string printable(std::string_view text);
 
+/// JSON with the characters that `printable` would show in another way written as JSON's own
+/// escapes: the same value.
+std::string printableJSON(std::string_view json);
+
 /// Columns that well-formed UTF-8 without control characters takes.
 std::size_t displayWidth(std::string_view text);
 

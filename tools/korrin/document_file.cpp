@@ -59,14 +59,20 @@ class TemporaryFile {
 
 std::string sizeText(std::size_t bytes) { return std::to_string(bytes >> 20) + " MiB"; }
 
+[[noreturn]] void failTooLarge(std::size_t limit) {
+  throw FileError("cannot be read: it is larger than " + sizeText(limit));
+}
+
 std::string readAll(int descriptor, std::size_t limit) {
   struct stat status {};
   if (::fstat(descriptor, &status) != 0) failReading(errno);
   if (S_ISDIR(status.st_mode)) throw FileError("cannot be read: it is a directory");
   std::string bytes;
-  if (S_ISREG(status.st_mode) && status.st_size > 0 &&
-      static_cast<std::size_t>(status.st_size) <= limit)
-    bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
+  if (S_ISREG(status.st_mode) && status.st_size > 0) {
+    const auto size = static_cast<std::size_t>(status.st_size);
+    if (size > limit) failTooLarge(limit);
+    bytes.reserve(size + 1);
+  }
   std::size_t filled = 0;
   for (;;) {
     constexpr std::size_t chunk = 64 * 1024;
@@ -76,7 +82,7 @@ std::string readAll(int descriptor, std::size_t limit) {
     if (count < 0) failReading(errno);
     if (count == 0) break;
     filled += static_cast<std::size_t>(count);
-    if (filled > limit) throw FileError("cannot be read: it is larger than " + sizeText(limit));
+    if (filled > limit) failTooLarge(limit);
   }
   bytes.resize(filled);
   return bytes;

@@ -26,6 +26,9 @@ std::string inputName(const std::string& path);
 /// More than any plot needs, and less than would exhaust a machine.
 inline constexpr std::size_t largestFile = std::size_t{1} << 30;
 
+/// More than any image that a plot may embed takes.
+inline constexpr std::size_t largestAsset = std::size_t{256} << 20;
+
 /// All bytes of a file, or of standard input for "-". Throws FileError when it cannot be read, is a
 /// directory, or is larger than `limit` bytes.
 std::string readFile(const std::string& path, std::size_t limit = largestFile);

@@ -11,7 +11,8 @@ SeverityCounts FileFindings::counts() const {
 ExitCode FileFindings::exitCode() const {
   if (refusal) return refusal->exitCode();
   const auto [errors, warnings, information] = counts();
-  return errors + warnings > 0 ? ExitCode::findings : ExitCode::clean;
+  const ExitCode found = errors + warnings > 0 ? ExitCode::findings : ExitCode::clean;
+  return assets ? worse(found, exitCodeOf(*assets)) : found;
 }
 
 }  // namespace korrin::host

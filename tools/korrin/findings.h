@@ -11,6 +11,7 @@
 #include "korrin/preflight/preflight_issue.h"
 
 #include "exit_code.h"
+#include "judged_asset.h"
 #include "plot_document.h"
 
 namespace korrin::host {
@@ -25,9 +26,11 @@ struct FileFindings {
   KorrinProject project;                 ///< Meaningless when refused.
   std::vector<PreflightIssue> issues;    ///< In the engine's order; empty when refused.
   std::string missingAssetNotRunReason;  ///< Empty when the rule missingAsset was run.
+  /// The images of the plot's manifest, in its order; absent when they were not looked for.
+  std::optional<std::vector<JudgedAsset>> assets = {};
 
   SeverityCounts counts() const;
-  /// Information alone is clean.
+  /// Information alone is clean, and an image that is not accepted is a finding.
   ExitCode exitCode() const;
 };
 

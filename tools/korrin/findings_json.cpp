@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "asset_json.h"
+
 namespace korrin::host {
 namespace {
 
@@ -47,6 +49,7 @@ Json report(const FileFindings& file) {
                                 {"reason", file.missingAssetNotRunReason}});
   result["findings"] = Json::array();
   for (const PreflightIssue& issue : file.issues) result["findings"].push_back(report(issue));
+  if (file.assets) result["assets"] = assetSection(*file.assets);
   return result;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "asset_table.h"
 #include "concern.h"
 #include "display_text.h"
 #include "text_table.h"
@@ -58,6 +59,8 @@ std::string summaryLine(const FileFindings& file) {
   if (!file.missingAssetNotRunReason.empty())
     line += "; " + std::string(rawValue(PreflightRule::missingAsset)) + ": not run, " +
             file.missingAssetNotRunReason;
+  if (file.assets)
+    line += file.assets->empty() ? "; no assets" : "; assets: " + assetSummary(*file.assets);
   return line;
 }
 

@@ -15,6 +15,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "asset_command.h"
 #include "check_command.h"
 #include "document_file.h"
 #include "edit_command.h"
@@ -35,7 +36,7 @@ using namespace korrin::host;
 constexpr auto exitStatuses =
     "Exit status:\n"
     "  0   done; nothing found but information\n"
-    "  1   findings of severity error or warning\n"
+    "  1   findings of severity error or warning, or an image that is not accepted\n"
     "  2   a file cannot be read or written, is not a plot, or is not valid;\n"
     "      or a line of a script is refused\n"
     "  3   a document needs a newer version of korrin\n"
@@ -74,10 +75,18 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
       ->required()
       ->type_name("");
   addAssets(*command, options.assets);
+  command
+      ->add_option("--assets", options.assetFolders,
+                   "Folder with the plots' embedded images, found by their digests (repeatable)")
+      ->take_all()
+      ->allow_extra_args(false)
+      ->type_name("FOLDER");
   addChoice(*command, "--format", options.format, "FORMAT", "How findings are printed");
   addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plots");
   command->footer(
       "Without known assets the rule missingAsset is not run.\n"
+      "With --assets, each image of a plot's manifest must be in a folder (not in one inside it),\n"
+      "as long as the manifest says, and safe to draw, by itself and together with the others.\n"
       "The first of several words is the default.\n\n" +
       std::string(exitStatuses));
   return command;
@@ -120,6 +129,25 @@ CLI::App* addEdit(CLI::App& app, EditOptions& options) {
                   "\n\nA script ends at the first line that is refused, with exit status 2.\n"
                   "Keys that the format does not know are dropped when the plot is saved.\n\n" +
                   std::string(exitStatuses));
+  return command;
+}
+
+CLI::App* addAsset(CLI::App& app, AssetCommandOptions& options) {
+  CLI::App* command = app.add_subcommand("asset", "Say which images and PDFs a plot may embed");
+  command->add_option("FILE", options.files, "Files to judge; - is standard input")
+      ->required()
+      ->type_name("");
+  command
+      ->add_option("--media-type", options.mediaType,
+                   "Judge every file as this; that of its content when absent")
+      ->type_name("TYPE");
+  addChoice(*command, "--format", options.format, "FORMAT", "How verdicts are printed");
+  command->footer(
+      "The files are taken in their order, as if one plot embedded them all; those that are\n"
+      "accepted stand below the table as the manifest of such a plot, the others by digest.\n"
+      "Only headers are read: an accepted file is safe to decode, and may still be damaged.\n"
+      "The first of several words is the default.\n\n" +
+      std::string(exitStatuses));
   return command;
 }
 
@@ -231,6 +259,8 @@ ExitCode run(int argc, char** argv, Console& console) {
   const CLI::App* checkCommand = addCheck(app, checkOptions);
   const CLI::App* formatCommand = addFormat(app, formatOptions);
   const CLI::App* editCommand = addEdit(app, editOptions);
+  AssetCommandOptions assetOptions;
+  const CLI::App* assetCommand = addAsset(app, assetOptions);
   NewOptions newOptions;
   TemplatesOptions templatesOptions;
   RenderOptions renderOptions;
@@ -248,11 +278,13 @@ ExitCode run(int argc, char** argv, Console& console) {
   }
   const std::vector<std::string> unknown = app.remaining();
   if (!unknown.empty()) return misused(console, "there is no command \"" + unknown.front() + "\"");
-  if (readsTwice(inputsOf(checkOptions)) || readsTwice(inputsOf(editOptions)))
+  if (readsTwice(inputsOf(checkOptions)) || readsTwice(inputsOf(editOptions)) ||
+      readsTwice(assetOptions.files))
     return misused(console, "standard input can be read only once");
   if (*checkCommand) return check(checkOptions, console);
   if (*formatCommand) return format(formatOptions, console);
   if (*editCommand) return edit(editOptions, console);
+  if (*assetCommand) return judgeFiles(assetOptions, console);
   if (*newCommand) return makeNew(newOptions, console);
   if (*templatesCommand) return listTemplates(templatesOptions, console);
   if (*renderCommand) return render(renderOptions, console);

@@ -13,6 +13,8 @@ namespace {
 using namespace pdf;
 
 constexpr PdfPage unreadablePage{PdfOutcome::unreadable, 0, 0};
+constexpr PdfPage lockedPage{PdfOutcome::locked, 0, 0};
+constexpr PdfPage notAPdf{PdfOutcome::notAPdf, 0, 0};
 
 // Where the document begins. A file may have lost its header and begin with the comment of high
 // bytes that writers put under it; no other file is a PDF without one.
@@ -28,25 +30,25 @@ std::optional<std::size_t> headerOffsetOf(std::string_view file) {
 // What following the document's own cross-references came to. It is final when they were in good
 // order as far as they were followed: then even a document without pages is believed.
 struct Attempt {
-  std::optional<PdfPage> page;
+  PdfPage page;
   bool isFinal;
 };
 
 Attempt readByCrossReferences(std::string_view file, std::size_t headerOffset, Budget& budget) {
   CrossReferences references(file, headerOffset, budget);
-  if (!references.load()) return {std::nullopt, false};
+  if (!references.load()) return {unreadablePage, false};
   Objects objects(file, references, budget);
   const Trailer& trailer = references.trailer();
   const auto lock = unlock(objects, trailer.encrypt, trailer.identifiers);
-  std::optional<PdfPage> page;
+  PdfPage page = lockedPage;
   if (!std::holds_alternative<Locked>(lock)) {
     if (const auto* decryption = std::get_if<Decryption>(&lock)) objects.decryptWith(*decryption);
-    page = firstPage(objects, trailer.root);
+    page = firstPage(objects, trailer.root).value_or(unreadablePage);
   }
   return {page, !references.foundDamage() && !objects.foundDamage()};
 }
 
-std::optional<PdfPage> readByRecovery(std::string_view file, Budget& budget) {
+PdfPage readByRecovery(std::string_view file, Budget& budget) {
   RecoveredObjects recovered(file, budget);
   recovered.scan();
   Objects objects(file, recovered, budget);
@@ -57,13 +59,13 @@ std::optional<PdfPage> readByRecovery(std::string_view file, Budget& budget) {
   });
   if (encrypted != trailers.end()) {
     const auto lock = unlock(objects, encrypted->encrypt, encrypted->identifiers);
-    if (std::holds_alternative<Locked>(lock)) return std::nullopt;
+    if (std::holds_alternative<Locked>(lock)) return lockedPage;
     if (const auto* decryption = std::get_if<Decryption>(&lock)) objects.decryptWith(*decryption);
   }
   recovered.addCompressedObjects(objects);
   for (const Trailer& trailer : trailers)
-    if (const auto page = firstPage(objects, trailer.root)) return page;
-  return std::nullopt;
+    if (const auto page = firstPage(objects, trailer.root)) return *page;
+  return unreadablePage;
 }
 
 }  // namespace
@@ -71,11 +73,11 @@ std::optional<PdfPage> readByRecovery(std::string_view file, Budget& budget) {
 PdfPage readFirstPage(std::span<const std::byte> bytes) {
   const std::string_view file = asText(bytes);
   const auto headerOffset = headerOffsetOf(file);
-  if (!headerOffset) return unreadablePage;
+  if (!headerOffset) return notAPdf;
   Budget budget(file.size());
   const Attempt attempt = readByCrossReferences(file, *headerOffset, budget);
-  const auto page = attempt.isFinal ? attempt.page : readByRecovery(file, budget);
-  return page && !budget.isExhausted() ? *page : unreadablePage;
+  const PdfPage page = attempt.isFinal ? attempt.page : readByRecovery(file, budget);
+  return budget.isExhausted() ? unreadablePage : page;
 }
 
 }  // namespace korrin

@@ -10,7 +10,9 @@
 namespace korrin {
 
 enum class PdfOutcome {
-  unreadable,  ///< Not a PDF, no first page, a password is needed, or a budget is used up.
+  notAPdf,     ///< There is no header at or near the start.
+  locked,      ///< A password is needed, or the document is encrypted in a way not known here.
+  unreadable,  ///< No first page can be found, or a budget is used up on the way to it.
   noBox,       ///< The first page has no media box, or one that is not four numbers.
   box,         ///< The first page has a media box of four numbers.
 };

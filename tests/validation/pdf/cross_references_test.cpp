@@ -124,13 +124,13 @@ TEST(CrossReferences, ThatReturnToThemselvesEnd) {
 TEST(Header, MayStandAnywhereInTheFirstKilobyte) {
   const std::string file = onePage("/MediaBox[0 0 3 3]");
   EXPECT_EQ(pageOf(std::string(1019, ' ') + file), box(3, 3));
-  EXPECT_EQ(pageOf(std::string(1020, ' ') + file), unreadable);
-  EXPECT_EQ(pageOf(std::string(4000, ' ') + file), unreadable);
+  EXPECT_EQ(pageOf(std::string(1020, ' ') + file), notAPdf);
+  EXPECT_EQ(pageOf(std::string(4000, ' ') + file), notAPdf);
 }
 
 TEST(Header, IsNeeded) {
-  EXPECT_EQ(pageOf(replaced(onePage("/MediaBox[0 0 3 3]"), "%PDF-", "%PDX-")), unreadable);
-  EXPECT_EQ(pageOf(""), unreadable);
+  EXPECT_EQ(pageOf(replaced(onePage("/MediaBox[0 0 3 3]"), "%PDF-", "%PDX-")), notAPdf);
+  EXPECT_EQ(pageOf(""), notAPdf);
   EXPECT_EQ(pageOf("%PDF-1.7"), unreadable);
 }
 
@@ -141,7 +141,7 @@ TEST(Header, MayBeLostAboveTheCommentThatMarksAFileAsBinary) {
       .object(3, "<</MediaBox[0 0 3 3]>>")
       .table();
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
-  EXPECT_EQ(pageOf(pdf.file() + std::string(2000, ' ') + "%PDF-1.7"), unreadable);
+  EXPECT_EQ(pageOf(pdf.file() + std::string(2000, ' ') + "%PDF-1.7"), notAPdf);
 }
 
 }  // namespace

@@ -30,19 +30,19 @@ TEST_P(EncryptedDocument, IsReadWhenItOpensWithTheEmptyPassword) {
   EXPECT_EQ(pageOf(contentOf(GetParam())), box(300, 400));
 }
 
-TEST_P(EncryptedDocument, IsUnreadableWhenItNeedsAPassword) {
+TEST_P(EncryptedDocument, IsLockedWhenItNeedsAPassword) {
   const std::string content = contentOf(GetParam() + std::string("_password"));
   ASSERT_FALSE(content.empty());
-  EXPECT_EQ(pageOf(content), unreadable);
+  EXPECT_EQ(pageOf(content), locked);
 }
 
 TEST_P(EncryptedDocument, IsReadWhenItsCrossReferencesAreRebuilt) {
   EXPECT_EQ(pageOf(replaced(contentOf(GetParam()), "startxref", "startxxxx")), box(300, 400));
 }
 
-TEST_P(EncryptedDocument, IsUnreadableWhenItNeedsAPasswordAndItsCrossReferencesAreRebuilt) {
+TEST_P(EncryptedDocument, IsLockedWhenItNeedsAPasswordAndItsCrossReferencesAreRebuilt) {
   const std::string content = contentOf(GetParam() + std::string("_password"));
-  EXPECT_EQ(pageOf(replaced(content, "startxref", "startxxxx")), unreadable);
+  EXPECT_EQ(pageOf(replaced(content, "startxref", "startxxxx")), locked);
 }
 
 INSTANTIATE_TEST_SUITE_P(Method, EncryptedDocument,
@@ -58,9 +58,9 @@ struct Change {
 
 class UnknownEncryption : public testing::TestWithParam<Change> {};
 
-TEST_P(UnknownEncryption, IsUnreadable) {
+TEST_P(UnknownEncryption, LocksTheDocument) {
   const auto& [name, from, to] = GetParam();
-  EXPECT_EQ(pageOf(replaced(contentOf("rc4_128"), from, to)), unreadable);
+  EXPECT_EQ(pageOf(replaced(contentOf("rc4_128"), from, to)), locked);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -75,11 +75,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Change{"OtherPermissions", "/P -4", "/P -8"}),
     [](const auto& row) { return row.param.name; });
 
-TEST(Encryption, ThatCannotBeFoundIsUnreadable) {
+TEST(Encryption, ThatCannotBeFoundLocksTheDocument) {
   PdfBuilder pdf = wholeTree();
-  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), unreadable);
-  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 7").file()), unreadable);
-  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<<>>").file()), unreadable);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), locked);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 7").file()), locked);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<<>>").file()), locked);
 }
 
 TEST(Encryption, OfNothingIsNone) {

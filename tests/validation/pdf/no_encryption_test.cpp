@@ -12,11 +12,11 @@ namespace {
 
 using namespace test;
 
-TEST(Encryption, IsUnreadableWhereItIsLeftOut) {
+TEST(Encryption, LocksTheDocumentWhereItIsLeftOut) {
   PdfBuilder pdf = wholeTree();
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<</Filter/Standard>>").file()),
-            unreadable);
-  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), unreadable);
+            locked);
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), locked);
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R").file()), box(3, 3));
 }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+// Judged images for a program to read; docs/asset-report.md describes the objects.
+
+#include <span>
+#include <string>
+
+#include <nlohmann/json_fwd.hpp>
+
+#include "exit_code.h"
+#include "judged_asset.h"
+
+namespace korrin::host {
+
+/// The images in order, their total and its limit, as one JSON object.
+nlohmann::ordered_json assetSection(std::span<const JudgedAsset> assets);
+
+/// The report on all images as one JSON object, indented, without a final line break.
+std::string assetReport(std::span<const JudgedAsset> assets, ExitCode exitCode);
+
+}  // namespace korrin::host
