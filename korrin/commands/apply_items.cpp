@@ -20,13 +20,16 @@ IDSet identifiersOf(const List<PlotItem>& items) {
 // Only rows that lose their link are copied; a list without such a row stays shared whole.
 template <class Row>
 List<Row> withoutLinks(List<Row> rows, const IDFilter& itemIDs) {
-  for (const std::size_t place : placesOf(itemIDs, rows, &Row::plotItemID))
-    rows.edit(place).plotItemID = std::nullopt;
+  for (const std::size_t place : placesOf(itemIDs, rows)) {
+    Row row = rows[place];
+    row.plotItemID = std::nullopt;
+    rows.replace(place, std::move(row));
+  }
   return rows;
 }
 
 List<PlotItem> withoutItems(const List<PlotItem>& items, const IDFilter& itemIDs) {
-  return withoutPlaces(items, placesOf(itemIDs, items, &PlotItem::id));
+  return withoutPlaces(items, placesOf(itemIDs, items));
 }
 
 }  // namespace
@@ -76,7 +79,7 @@ CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
   // tells every place.
   List<PlotItem> formerItems;
   std::unordered_map<UUID, std::size_t> firstPlaces;
-  for (const std::size_t place : placesOf(IDFilter(ids), project.items, &PlotItem::id)) {
+  for (const std::size_t place : placesOf(IDFilter(ids), project.items)) {
     const PlotItem& item = project.items[place];
     formerItems.push_back(item);
     firstPlaces.emplace(item.id, place);
@@ -84,7 +87,7 @@ CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
   List<PlotItem> items = project.items;
   for (const PlotItem& item : replacement.items) {
     const auto found = firstPlaces.find(item.id);
-    if (found != firstPlaces.end()) items.edit(found->second) = item;
+    if (found != firstPlaces.end()) items.replace(found->second, item);
   }
   DocumentCommand inverse = DocumentCommand::replaceItems(std::move(formerItems));
 

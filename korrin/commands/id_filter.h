@@ -2,14 +2,17 @@
 
 // Looking for a few identifiers among very many.
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <optional>
+#include <span>
 #include <vector>
 
+#include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
 
 namespace korrin {
@@ -20,9 +23,11 @@ namespace korrin {
 class IDFilter {
  public:
   explicit IDFilter(const IDSet& ids) : ids_(ids) {
-    if (const std::size_t words = std::bit_ceil(ids.size() / idsPerWord + 1); words > few_.size()) {
-      many_.resize(words);
-      words_ = many_.data();
+    if (areFew()) std::ranges::copy(ids, few_.begin());
+    if (const std::size_t words = std::bit_ceil(ids.size() / idsPerWord + 1);
+        words > shortFilter_.size()) {
+      longFilter_.resize(words);
+      words_ = longFilter_.data();
       mask_ = words - 1;
     }
     for (const UUID& id : ids) {
@@ -38,6 +43,15 @@ class IDFilter {
     return (words_[wordIndexOf(half)] >> bitIndexOf(half) & 1) != 0 && ids_.contains(id);
   }
   bool contains(const std::optional<UUID>& id) const { return id && contains(*id); }
+  bool containsAnyOf(const List<UUID>& ids) const {
+    return std::ranges::any_of(ids, [this](const UUID& id) { return contains(id); });
+  }
+
+  /// Whether there are some, but so few that a list is asked for each of them faster than it is
+  /// walked.
+  bool areFew() const { return !ids_.empty() && ids_.size() <= few_.size(); }
+  /// All of them, where they are few.
+  std::span<const UUID> few() const { return std::span(few_).first(ids_.size()); }
 
  private:
   static constexpr std::size_t idsPerWord = 4;  // 16 bits for each
@@ -53,10 +67,11 @@ class IDFilter {
   static std::uint64_t bitIndexOf(std::uint64_t half) { return half >> 58; }
 
   const IDSet& ids_;
-  std::array<std::uint64_t, 8> few_{};
-  std::vector<std::uint64_t> many_;
-  std::uint64_t* words_ = few_.data();
-  std::size_t mask_ = few_.size() - 1;
+  std::array<UUID, 16> few_;
+  std::array<std::uint64_t, 8> shortFilter_{};
+  std::vector<std::uint64_t> longFilter_;
+  std::uint64_t* words_ = shortFilter_.data();
+  std::size_t mask_ = shortFilter_.size() - 1;
 };
 
 }  // namespace korrin

@@ -12,11 +12,12 @@
 
 namespace korrin {
 
-/// The places, in ascending order, of the records whose identifier or link is in the set.
-template <class Record, class ID>
-std::vector<std::size_t> placesOf(const IDFilter& ids, const List<Record>& records,
-                                  ID Record::*member) {
-  std::vector<std::size_t> places;
+/// Calls `visit(place, record)`, in ascending order, for every record whose search key is or holds
+/// one of the identifiers, and for some others: `visit` tells them apart. Records whose search key
+/// is an empty list are among them.
+template <Searchable Record, class Visit>
+void forEachCandidate(const IDFilter& ids, const List<Record>& records, Visit visit) {
+  if (ids.areFew()) return records.forEachCandidate(ids.few(), visit);
   // Every record has memory of its own. When there are more than the caches hold, asking for each
   // one long before it is read halves the time of the walk.
   constexpr std::ptrdiff_t manyRecords = 4096;
@@ -24,10 +25,23 @@ std::vector<std::size_t> placesOf(const IDFilter& ids, const List<Record>& recor
   auto ahead = std::ssize(records) > manyRecords ? records.begin() + distance : records.end();
   std::size_t place = 0;
   for (const Record& record : records) {
-    if (ahead != records.end()) __builtin_prefetch(&((*ahead++).*member));
-    if (ids.contains(record.*member)) places.push_back(place);
-    ++place;
+    if (ahead != records.end()) {
+      const auto* const key = &(*ahead.*searchKey<Record>);
+      __builtin_prefetch(key);
+      __builtin_prefetch(reinterpret_cast<const char*>(key + 1) - 1);  // it may span two lines
+      ++ahead;
+    }
+    visit(place++, record);
   }
+}
+
+/// The places, in ascending order, of the records whose identifier or link is in the set.
+template <Searchable Record>
+std::vector<std::size_t> placesOf(const IDFilter& ids, const List<Record>& records) {
+  std::vector<std::size_t> places;
+  forEachCandidate(ids, records, [&](std::size_t place, const Record& record) {
+    if (ids.contains(record.*searchKey<Record>)) places.push_back(place);
+  });
   return places;
 }
 

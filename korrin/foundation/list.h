@@ -11,10 +11,11 @@
 //   b -> spine -> leaf 0 of a
 //              -> leaf 1 -> element 64, elements 65 to 127 of a
 //
-// A copy costs one increment and allocates nothing. A change of a shared list copies the spine (16
+// A copy costs one increment and allocates nothing. A change of a shared list copies the spine (10
 // bytes for every leaf), the touched leaf (8 bytes for every element in it) and, in `edit` alone,
 // the one element; a change of an unshared list happens in place. Elements that are trivially
-// copyable and at most 16 bytes large stand in the leaf itself.
+// copyable and at most 16 bytes large stand in the leaf itself. Leaves of records that name a
+// `searchKey` (list_marks.h) carry marks of the keys too, by which records are found unread.
 //
 // Every operation either succeeds or throws and leaves the list equal to what it was, whatever
 // fails: memory, a constructor of the element, a predicate. The element's destructor does not
@@ -29,6 +30,7 @@
 #include <functional>
 #include <initializer_list>
 #include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -100,9 +102,19 @@ class List {
   T& edit(std::size_t index) {
     const std::size_t k = placeOf(index);
     ownSpine(spine_->leafCount());
-    Slot& slot = spine_->ownLeaf(k, spine_->countOf(k)).slots()[index - spine_->startOf(k)];
-    slot.makeOwn();
-    return slot.value();
+    const std::size_t offset = index - spine_->startOf(k);
+    spine_->ownLeaf(k, spine_->countOf(k)).slots()[offset].makeOwn();
+    return spine_->openSlot(k, offset).value();
+  }
+
+  /// Puts `element` in the place of element `index`, which is never copied. Aborts when there is
+  /// none.
+  void replace(std::size_t index, T element) {
+    const std::size_t k = placeOf(index);
+    Slot slot(std::in_place, std::move(element));
+    ownSpine(spine_->leafCount());
+    Leaf& leaf = spine_->ownLeaf(k, spine_->countOf(k));
+    [[maybe_unused]] const Slot former = leaf.replace(index - spine_->startOf(k), std::move(slot));
   }
 
   void push_back(const T& element) { emplace_back(element); }
@@ -223,6 +235,25 @@ class List {
     spine_->ownLeaf(last, std::min(countOfLast, Leaf::maximum));
   }
 
+  /// Calls `visit(index, element)`, in ascending order, for every element whose key is one of the
+  /// identifiers or holds one, and for some others as well, which it is left to `visit` to tell
+  /// apart. Elements whose key is an empty list are among them, unless there is no identifier. Many
+  /// elements are passed over unseen: with a few identifiers this is many times faster than a loop.
+  template <class Visit>
+  requires Searchable<T>
+  void forEachCandidate(std::span<const UUID> ids, Visit visit) const {
+    if (!spine_) return;
+    for (std::size_t k = 0; k < spine_->leafCount(); ++k) {
+      const Leaf& leaf = spine_->leaf(k);
+      typename Leaf::Mask candidates = 0;
+      for (const UUID& id : ids) candidates |= leaf.matches(id);
+      for (; candidates != 0; candidates &= candidates - 1) {
+        const auto offset = static_cast<std::size_t>(std::countr_zero(candidates));
+        visit(spine_->startOf(k) + offset, leaf.slots()[offset].value());
+      }
+    }
+  }
+
   // Sharing storage is no proof of equality: an element that holds a NaN differs from itself, and
   // so does a list that holds it.
   friend bool operator==(const List& a, const List& b) {
@@ -261,6 +292,7 @@ class List {
       ownSpine(leafCount + 1);
     else  // a copy takes what it needs, a list that grows on its own takes double
       ownSpine(spine_.isUnique() ? std::max(leafCount * 2, smallestGrowth) : leafCount + 1);
+    if (spine_->sharedLeaf(leafCount - 1).isUnique()) spine_->leaf(leafCount - 1).close();
     spine_->append(std::move(leaf), 0);
   }
 

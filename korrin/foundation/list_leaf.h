@@ -3,7 +3,6 @@
 // The lower half of a List's storage: slots that hold one element each, and leaves that hold up to
 // 64 neighbouring slots. Hosts use List (list.h), never these.
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -11,6 +10,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "korrin/foundation/list_marks.h"
 #include "korrin/foundation/shared.h"
 
 namespace korrin::detail {
@@ -75,16 +75,21 @@ class ListSlot<T> {
   T value_;
 };
 
-/// Up to 64 slots behind one count of owners, in memory for `capacity()` of them. Only a leaf with
-/// a single owner, itself reached by one list alone, may be changed.
+/// Up to 64 slots behind one count of owners, in memory for `capacity()` of them, with the marks of
+/// their elements. Only a leaf with a single owner, itself reached by one list alone, may be
+/// changed.
+///
+/// One slot may be open: a reference to its element is out, through which a caller may write until
+/// the list is copied or changed. Its mark is made when the next change closes it; until then its
+/// element matches whatever is sought.
 template <class T>
 class ListLeaf : public Counted {
  public:
   using Slot = ListSlot<T>;
 
   /// A choice among the slots of a leaf: bit n stands for slot n.
-  using Mask = std::uint64_t;
-  static constexpr std::size_t maximum = 64;
+  using Mask = SlotMask;
+  static constexpr std::size_t maximum = slotsOfALeaf;
 
   /// An empty leaf with room for `capacity` slots, at most `maximum`.
   static Shared<ListLeaf> make(std::size_t capacity) {
@@ -104,53 +109,103 @@ class ListLeaf : public Counted {
   Slot* slots() noexcept { return reinterpret_cast<Slot*>(this + 1); }
   const Slot* slots() const noexcept { return reinterpret_cast<const Slot*>(this + 1); }
 
+  /// The slots whose elements may have the identifier. No other element has it.
+  Mask matches(const UUID& id) const noexcept {
+    const Mask open = open_ == none ? 0 : Mask{1} << open_;
+    return marks_.matches(count_, id) | open;
+  }
+
   // The changes below need room for what they add.
 
+  /// The slot, whose element the caller will change.
+  Slot& open(std::size_t slot) noexcept {
+    if (Searchable<T> && open_ != slot) {
+      close();
+      open_ = static_cast<std::uint16_t>(slot);
+    }
+    return slots()[slot];
+  }
+  /// Ends the time in which the element of an open slot may be changed.
+  void close() noexcept {
+    if (open_ == none) return;
+    marks_.note(open_, slots()[open_].value());
+    open_ = none;
+  }
+
+  /// Adds a slot, which stays open.
   Slot& append(Slot slot) noexcept {
-    return *std::construct_at(slots() + count_++, std::move(slot));
+    std::construct_at(slots() + count_, std::move(slot));
+    return open(count_++);
   }
 
   void appendCopies(const ListLeaf& other, std::size_t first, std::size_t last) noexcept {
-    std::uninitialized_copy(other.slots() + first, other.slots() + last, slots() + count_);
-    count_ += static_cast<std::uint32_t>(last - first);
+    for (std::size_t i = first; i < last; ++i) appendCopy(other, i);
   }
 
   void appendCopiesExcept(const ListLeaf& other, Mask left) noexcept {
     for (std::size_t i = 0; i < other.count(); ++i)
-      if ((left >> i & 1) == 0) append(other.slots()[i]);
+      if ((left >> i & 1) == 0) appendCopy(other, i);
   }
 
   /// Leaves empty slots behind in `other`, which is good for nothing but its disposal.
   void appendMoved(ListLeaf& other) noexcept {
-    std::uninitialized_move_n(other.slots(), other.count_, slots() + count_);
-    count_ += other.count_;
+    other.close();
+    for (std::size_t i = 0; i < other.count_; ++i) {
+      std::construct_at(slots() + count_, std::move(other.slots()[i]));
+      marks_.copy(count_++, other.marks_, i);
+    }
   }
 
   void insert(std::size_t offset, Slot slot) noexcept {
+    close();
     for (Slot* gap = slots() + count_; gap != slots() + offset; --gap) moveSlot(gap - 1, gap);
     std::construct_at(slots() + offset, std::move(slot));
-    ++count_;
+    marks_.insertAt(offset, count_++, slots()[offset].value());
+  }
+
+  /// Puts another slot in the place of one, which is returned.
+  Slot replace(std::size_t offset, Slot slot) noexcept {
+    close();
+    Slot former = std::move(slots()[offset]);
+    std::destroy_at(slots() + offset);
+    std::construct_at(slots() + offset, std::move(slot));
+    marks_.note(offset, slots()[offset].value());
+    return former;
   }
 
   Slot remove(std::size_t offset) noexcept {
+    close();
     Slot removed = std::move(slots()[offset]);
     std::destroy_at(slots() + offset);
-    --count_;
+    marks_.removeAt(offset, count_--);
     for (Slot* gap = slots() + offset; gap != slots() + count_; ++gap) moveSlot(gap + 1, gap);
     return removed;
   }
 
  private:
+  static constexpr std::uint16_t none = maximum;
+
   explicit ListLeaf(std::size_t capacity) noexcept
-      : capacity_(static_cast<std::uint32_t>(capacity)) {}
+      : capacity_(static_cast<std::uint16_t>(capacity)) {}
+
+  void appendCopy(const ListLeaf& other, std::size_t from) noexcept {
+    std::construct_at(slots() + count_, other.slots()[from]);
+    if (from == other.open_)
+      marks_.note(count_, other.slots()[from].value());
+    else
+      marks_.copy(count_, other.marks_, from);
+    ++count_;
+  }
 
   static void moveSlot(Slot* from, Slot* to) noexcept {
     std::construct_at(to, std::move(*from));
     std::destroy_at(from);
   }
 
-  std::uint32_t count_ = 0;
-  std::uint32_t capacity_;
+  std::uint16_t count_ = 0;
+  std::uint16_t capacity_;
+  std::uint16_t open_ = none;
+  [[no_unique_address]] ListMarks<T> marks_;
   // The slots follow, from the end of this object on.
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <new>
 #include <utility>
@@ -16,8 +17,12 @@
 namespace korrin::detail {
 
 /// The leaves of one list and all its unchanged copies, each with the index at which it ends, in
-/// memory for `capacity()` entries. No leaf is empty, except that a list of no elements may keep
-/// one leaf with room. Only a spine with a single owner may be changed.
+/// memory for `capacity()` leaves. No leaf is empty, except that a list of no elements may keep one
+/// leaf with room. Only a spine with a single owner may be changed.
+///
+/// An undo entry keeps a spine, so that it is small: ends stand apart from the leaves and take two
+/// bytes, counted from the start of their stretch of 512 leaves. Memory holds, one after the other,
+/// this object, the leaves, the starts of the stretches and the ends.
 template <class T>
 class ListSpine : public Counted {
  public:
@@ -25,12 +30,13 @@ class ListSpine : public Counted {
 
   /// A spine of no leaves with room for `capacity`.
   static Shared<ListSpine> make(std::size_t capacity) {
-    static_assert(sizeof(ListSpine) % alignof(Entry) == 0);
-    void* const memory = ::operator new(sizeof(ListSpine) + capacity * sizeof(Entry));
-    return Shared<ListSpine>::first(::new (memory) ListSpine(capacity));
+    static_assert(sizeof(ListSpine) % alignof(Shared<Leaf>) == 0);
+    const std::size_t bytes = sizeof(ListSpine) + capacity * (sizeof(Shared<Leaf>) + sizeof(End)) +
+                              stretchesOf(capacity) * sizeof(std::size_t);
+    return Shared<ListSpine>::first(::new (::operator new(bytes)) ListSpine(capacity));
   }
   static void destroy(ListSpine* spine) noexcept {
-    std::destroy_n(spine->entries(), spine->leafCount_);
+    std::destroy_n(spine->leaves(), spine->leafCount_);
     std::destroy_at(spine);
     ::operator delete(spine);
   }
@@ -39,67 +45,83 @@ class ListSpine : public Counted {
   std::size_t capacity() const noexcept { return capacity_; }
   std::size_t size() const noexcept { return startOf(leafCount_); }
 
-  Leaf& leaf(std::size_t k) noexcept { return *entries()[k].leaf; }
-  const Leaf& leaf(std::size_t k) const noexcept { return *entries()[k].leaf; }
-  const Shared<Leaf>& sharedLeaf(std::size_t k) const noexcept { return entries()[k].leaf; }
+  Leaf& leaf(std::size_t k) noexcept { return *leaves()[k]; }
+  const Leaf& leaf(std::size_t k) const noexcept { return *leaves()[k]; }
+  const Shared<Leaf>& sharedLeaf(std::size_t k) const noexcept { return leaves()[k]; }
 
   /// Index of the first element of leaf `k`; the size when `k` is the number of leaves.
-  std::size_t startOf(std::size_t k) const noexcept { return k == 0 ? 0 : entries()[k - 1].end; }
-  std::size_t countOf(std::size_t k) const noexcept { return entries()[k].end - startOf(k); }
+  std::size_t startOf(std::size_t k) const noexcept { return k == 0 ? 0 : endOf(k - 1); }
+  std::size_t countOf(std::size_t k) const noexcept { return endOf(k) - startOf(k); }
 
   /// The leaf that holds element `index`. Aborts when there is no such element.
   std::size_t leafOf(std::size_t index) const noexcept {
     // No leaf holds more than `maximum`, hence the leaf cannot be an earlier one than this.
     const std::size_t earliest = index / Leaf::maximum;
-    if (earliest < leafCount_ && index < entries()[earliest].end) [[likely]]
+    if (earliest < leafCount_ && index < endOf(earliest)) [[likely]]
       return earliest;
     return laterLeafOf(index, earliest);
   }
 
-  // The changes below need room for the entries they add.
+  // The changes below need room for the leaves they add.
 
-  /// Adds a slot to the last leaf, which is this spine's own and not full.
+  /// Adds a slot to the last leaf, which is this spine's own and not full. The slot stays open.
   typename Leaf::Slot& appendSlot(typename Leaf::Slot slot) noexcept {
-    Entry& last = entries()[leafCount_ - 1];
-    ++last.end;
-    return last.leaf->append(std::move(slot));
+    const std::size_t last = leafCount_ - 1;
+    ++ends()[last];
+    return leaves()[last]->append(std::move(slot));
+  }
+
+  /// Opens a slot of leaf `k`, which is this spine's own. Closes the one opened before, so that
+  /// edits all over a list do not leave an open slot in each leaf.
+  typename Leaf::Slot& openSlot(std::size_t k, std::size_t offset) noexcept {
+    if (lastOpened_ != k && lastOpened_ < leafCount_ && leaves()[lastOpened_].isUnique())
+      leaf(lastOpened_).close();
+    lastOpened_ = static_cast<std::uint32_t>(k);
+    return leaf(k).open(offset);
   }
 
   /// Adds a leaf that holds `count` elements, or will at once.
   void append(Shared<Leaf> leaf, std::size_t count) noexcept {
-    ::new (entries() + leafCount_) Entry{std::move(leaf), size() + count};
+    const std::size_t k = leafCount_;
+    const bool startsStretch = k % stretch == 0;
+    if (startsStretch) stretchStarts()[k / stretch] = size();
+    ends()[k] = static_cast<End>((startsStretch ? 0 : ends()[k - 1]) + count);
+    std::construct_at(leaves() + k, std::move(leaf));
     ++leafCount_;
   }
 
   void appendShared(const ListSpine& other, std::size_t first, std::size_t last) noexcept {
-    for (std::size_t k = first; k < last; ++k) append(other.entries()[k].leaf, other.countOf(k));
+    for (std::size_t k = first; k < last; ++k) append(other.leaves()[k], other.countOf(k));
   }
 
   /// As `appendShared`, but takes the leaves away from `other`, which is good for nothing then.
   void appendTaken(ListSpine& other, std::size_t first, std::size_t last) noexcept {
     for (std::size_t k = first; k < last; ++k)
-      append(std::move(other.entries()[k].leaf), other.countOf(k));
+      append(std::move(other.leaves()[k]), other.countOf(k));
   }
 
   /// Puts another leaf in the place of leaf `k`, which is returned.
   Shared<Leaf> exchange(std::size_t k, Shared<Leaf> leaf) noexcept {
     const std::size_t before = countOf(k);
     const std::size_t after = leaf->count();
-    Shared<Leaf> former = std::exchange(entries()[k].leaf, std::move(leaf));
+    Shared<Leaf> former = std::exchange(leaves()[k], std::move(leaf));
     shift(k, after - before);
     return former;
   }
 
   /// Follows a change of the number of elements in leaf `k`; `difference` is modulo 2^64.
   void shift(std::size_t k, std::size_t difference) noexcept {
-    for (Entry* entry = entries() + k; entry != entries() + leafCount_; ++entry)
-      entry->end += difference;
+    const std::size_t nextStretch = k / stretch + 1;
+    const std::size_t last = std::min<std::size_t>(nextStretch * stretch, leafCount_);
+    for (; k < last; ++k) ends()[k] = static_cast<End>(ends()[k] + difference);
+    for (std::size_t i = nextStretch; i < stretchesOf(leafCount_); ++i)
+      stretchStarts()[i] += difference;
   }
 
   /// Leaf `k`, for a change: first copied unless it is this spine's own and has room for `capacity`
   /// slots. When memory runs out, nothing has changed.
   Leaf& ownLeaf(std::size_t k, std::size_t capacity) {
-    Shared<Leaf>& leaf = entries()[k].leaf;
+    Shared<Leaf>& leaf = leaves()[k];
     const bool isOwn = leaf.isUnique();
     if (!isOwn || leaf->capacity() < capacity) {
       Shared<Leaf> next = Leaf::make(capacity);
@@ -113,28 +135,47 @@ class ListSpine : public Counted {
   }
 
  private:
-  struct Entry {
-    Shared<Leaf> leaf;
-    std::size_t end;  // index of the first element behind this leaf
-  };
+  using End = std::uint16_t;
+  static constexpr std::size_t stretch = 512;  // 32,768 elements, which an End holds
+  static_assert(stretch * Leaf::maximum <= std::numeric_limits<End>::max());
 
   explicit ListSpine(std::size_t capacity) noexcept
       : capacity_(static_cast<std::uint32_t>(capacity)) {}
 
-  const Entry* entries() const noexcept { return reinterpret_cast<const Entry*>(this + 1); }
-  Entry* entries() noexcept { return reinterpret_cast<Entry*>(this + 1); }
+  static std::size_t stretchesOf(std::size_t leafCount) noexcept {
+    return (leafCount + stretch - 1) / stretch;
+  }
+
+  Shared<Leaf>* leaves() noexcept { return reinterpret_cast<Shared<Leaf>*>(this + 1); }
+  std::size_t* stretchStarts() noexcept {
+    return reinterpret_cast<std::size_t*>(leaves() + capacity_);
+  }
+  End* ends() noexcept { return reinterpret_cast<End*>(stretchStarts() + stretchesOf(capacity_)); }
+  const Shared<Leaf>* leaves() const noexcept { return const_cast<ListSpine*>(this)->leaves(); }
+
+  std::size_t endOf(std::size_t k) const noexcept {
+    ListSpine* const self = const_cast<ListSpine*>(this);
+    return self->stretchStarts()[k / stretch] + self->ends()[k];
+  }
 
   std::size_t laterLeafOf(std::size_t index, std::size_t earliest) const noexcept {
     precondition(index < size(), "list index out of range");
-    const auto endsBefore = [index](const Entry& entry) { return entry.end <= index; };
-    const Entry* const found =
-        std::partition_point(entries() + earliest, entries() + leafCount_, endsBefore);
-    return static_cast<std::size_t>(found - entries());
+    std::size_t first = earliest;
+    for (std::size_t length = leafCount_ - first; length > 0;) {
+      const std::size_t half = length / 2;
+      if (endOf(first + half) <= index) {
+        first += half + 1;
+        length -= half + 1;
+      } else {
+        length = half;
+      }
+    }
+    return first;
   }
 
   std::uint32_t leafCount_ = 0;
   std::uint32_t capacity_;
-  // The entries follow, from the end of this object on.
+  std::uint32_t lastOpened_ = 0;  // a leaf; another one may stand there by now
 };
 
 }  // namespace korrin::detail

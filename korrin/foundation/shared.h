@@ -8,7 +8,25 @@
 #include <cstddef>
 #include <utility>
 
+#if __has_include(<sys/single_threaded.h>)
+#include <sys/single_threaded.h>
+#endif
+
 namespace korrin {
+
+namespace detail {
+
+/// Whether the C library vouches that no other thread runs: counting needs no atomic
+/// read-modify-write then, which costs many times as much as an addition.
+inline bool isOnlyThread() noexcept {
+#if __has_include(<sys/single_threaded.h>)
+  return __libc_single_threaded != 0;
+#else
+  return false;
+#endif
+}
+
+}  // namespace detail
 
 /// Base of everything held by `Shared`: the number of owners. A copy of a counted object is a new
 /// object and starts with no owner.
@@ -24,9 +42,10 @@ class Counted {
   std::atomic<std::size_t> owners_{0};
 };
 
-/// Counted ownership of a heap object derived from `Counted`, or of nothing. Copies cost one atomic
-/// increment; distinct copies may be used from different threads at the same time. The object is
-/// disposed of by its static `destroy(Object*)` when its last owner goes.
+/// Counted ownership of a heap object derived from `Counted`, or of nothing. Copies cost one
+/// increment, an atomic one once the process has started a thread; distinct copies may be used from
+/// different threads at the same time. The object is disposed of by its static `destroy(Object*)`
+/// when its last owner goes.
 template <class Object>
 class Shared {
  public:
@@ -69,7 +88,12 @@ class Shared {
 
  private:
   void retain() noexcept {
-    if (object_ != nullptr) object_->owners_.fetch_add(1, std::memory_order_relaxed);
+    if (object_ == nullptr) return;
+    std::atomic<std::size_t>& owners = object_->owners_;
+    if (detail::isOnlyThread())
+      owners.store(owners.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+    else
+      owners.fetch_add(1, std::memory_order_relaxed);
   }
   void release() noexcept {
     if (object_ != nullptr && endsLastShareOf(*object_)) Object::destroy(object_);
@@ -77,8 +101,11 @@ class Shared {
   /// Ends one share of the object; says whether it was the last.
   static bool endsLastShareOf(Object& object) noexcept {
     // A sole owner needs no read-modify-write: nobody else can gain or lose a share meanwhile.
-    return object.owners_.load(std::memory_order_acquire) == 1 ||
-           object.owners_.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    const std::size_t count = object.owners_.load(std::memory_order_acquire);
+    if (count == 1) return true;
+    if (!detail::isOnlyThread()) return object.owners_.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    object.owners_.store(count - 1, std::memory_order_relaxed);
+    return false;
   }
 
   Object* object_ = nullptr;

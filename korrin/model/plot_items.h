@@ -102,6 +102,8 @@ constexpr auto fieldsOf<PlotItem>() {
   };
 }
 static_assert(tableIsComplete<PlotItem>);
+template <>
+inline constexpr auto searchKey<PlotItem> = &PlotItem::id;
 
 /// A drawing layer.
 struct PlotLayer {
@@ -145,5 +147,7 @@ constexpr auto fieldsOf<PlotGroup>() {
   };
 }
 static_assert(tableIsComplete<PlotGroup>);
+template <>
+inline constexpr auto searchKey<PlotGroup> = &PlotGroup::itemIDs;
 
 }  // namespace korrin

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "korrin/foundation/list_marks.h"
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
@@ -40,6 +41,8 @@ constexpr auto fieldsOf<InputChannel>() {
   };
 }
 static_assert(tableIsComplete<InputChannel>);
+template <>
+inline constexpr auto searchKey<InputChannel> = &InputChannel::plotItemID;
 
 /// One monitor mix.
 struct MonitorMix {
@@ -67,6 +70,8 @@ constexpr auto fieldsOf<MonitorMix>() {
   };
 }
 static_assert(tableIsComplete<MonitorMix>);
+template <>
+inline constexpr auto searchKey<MonitorMix> = &MonitorMix::plotItemID;
 
 /// One line of equipment to be provided.
 struct EquipmentRequirement {
@@ -94,6 +99,8 @@ constexpr auto fieldsOf<EquipmentRequirement>() {
   };
 }
 static_assert(tableIsComplete<EquipmentRequirement>);
+template <>
+inline constexpr auto searchKey<EquipmentRequirement> = &EquipmentRequirement::plotItemID;
 
 /// A free note to the venue.
 struct ProjectNote {

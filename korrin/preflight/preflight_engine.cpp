@@ -31,7 +31,8 @@ class Inspection {
   Inspection(const KorrinProject& project, const std::unordered_set<Text>& knownAssetIDs)
       : project_(project), knownAssetIDs_(knownAssetIDs) {
     itemIDs_.reserve(project.items.size());
-    for (const PlotItem& item : project.items) itemIDs_.insert(item.id);
+    for (const PlotItem& item : project.items) itemIDs_.push_back(item.id);
+    std::ranges::sort(itemIDs_);
   }
 
   std::vector<PreflightIssue> run() && {
@@ -129,8 +130,9 @@ class Inspection {
   // The item that a record points at, when the project holds it.
   template <class Record>
   std::optional<UUID> relatedItem(const Record& record) const {
-    return record.plotItemID && itemIDs_.contains(*record.plotItemID) ? record.plotItemID
-                                                                      : std::nullopt;
+    return record.plotItemID && std::ranges::binary_search(itemIDs_, *record.plotItemID)
+               ? record.plotItemID
+               : std::nullopt;
   }
 
   template <class Record>
@@ -148,7 +150,9 @@ class Inspection {
 
   const KorrinProject& project_;
   const std::unordered_set<Text>& knownAssetIDs_;
-  IDSet itemIDs_;
+  // In ascending order. A hash set would let a document with identifiers chosen to collide take
+  // quadratic time.
+  std::vector<UUID> itemIDs_;
   std::unordered_set<Text> embeddedAssetIDs_;
   std::vector<PreflightIssue> issues_;
 };

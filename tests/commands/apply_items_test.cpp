@@ -179,6 +179,12 @@ TEST(DeleteItems, DropsAGroupThatWasEmptyBefore) {
   EXPECT_EQ(project.groups, sampleProject().groups);
 }
 
+TEST(DeleteItems, OfNothingDropsAnEmptyGroupAsWell) {
+  KorrinProject project = sampleProject();
+  project.groups.push_back({.id = identifier(77), .name = "Empty", .itemIDs = {}});
+  EXPECT_EQ(applied(DocumentCommand::deleteItems({}), project).groups, sampleProject().groups);
+}
+
 TEST(DeleteItems, RemovesMembersThatAreNoItems) {
   KorrinProject before = sampleProject();
   before.groups.edit(0).itemIDs = {vocal, unknown, wedge, unknown};
@@ -223,6 +229,53 @@ TEST(DeleteItems, SharesTheListsInWhichNothingChanges) {
   EXPECT_EQ(&after.groups[0], &before.groups[0]);
   EXPECT_NE(&after.groups[1], &before.groups[1]);
   EXPECT_EQ(&after.items.front(), &before.items.front());
+}
+
+// A thousand items, half of them in groups of four, and rows linked to them in no order.
+KorrinProject festival() {
+  KorrinProject project = sampleProject();
+  const InputChannel input = project.inputs[0];
+  const MonitorMix mix = project.monitorMixes[0];
+  const EquipmentRequirement line = project.equipmentRequirements[0];
+  for (std::uint64_t i = 0; i < 1000; ++i) {
+    project.items.push_back(microphone(identifier(1000 + i)));
+    if (i % 8 < 4) {
+      if (i % 8 == 0) project.groups.push_back({.id = identifier(i), .name = "", .itemIDs = {}});
+      project.groups.edit(project.groups.size() - 1).itemIDs.push_back(identifier(1000 + i));
+    }
+    const std::optional<UUID> link =
+        i % 5 == 0 ? std::nullopt : std::optional(identifier(1000 + i * 7 % 1000));
+    project.inputs.emplace_back(input).plotItemID = link;
+    project.monitorMixes.emplace_back(mix).plotItemID = link;
+    project.equipmentRequirements.emplace_back(line).plotItemID = link;
+  }
+  return project;
+}
+
+template <class Row>
+void clearLinks(List<Row>& rows, const IDSet& ids) {
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    if (rows[i].plotItemID && ids.contains(*rows[i].plotItemID)) rows.edit(i).plotItemID.reset();
+}
+
+TEST(DeleteItems, DoesWhatPlainLoopsDoHoweverManyItemsGo) {
+  KorrinProject project = festival();
+  std::uint64_t next = 0;
+  for (const int count : {1, 3, 16, 17, 200, 1, 0, 16}) {
+    IDSet ids;
+    for (int i = 0; i < count; ++i) ids.insert(identifier(1000 + ++next * 3 % 1000));
+    KorrinProject expected = project;
+    expected.items.eraseIf([&](const PlotItem& item) { return ids.contains(item.id); });
+    clearLinks(expected.inputs, ids);
+    clearLinks(expected.monitorMixes, ids);
+    clearLinks(expected.equipmentRequirements, ids);
+    for (std::size_t i = 0; i < expected.groups.size(); ++i)
+      expected.groups.edit(i).itemIDs.eraseIf([&](const UUID& id) { return ids.contains(id); });
+    expected.groups.eraseIf([](const PlotGroup& group) { return group.itemIDs.empty(); });
+
+    project = applied(DocumentCommand::deleteItems(ids), project);
+    EXPECT_EQ(project, test::withModifiedAt(expected, project.metadata.modifiedAt)) << count;
+  }
 }
 
 TEST(DeleteItems, OfEverythingUndoesAndRedoes) {

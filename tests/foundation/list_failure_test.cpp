@@ -154,61 +154,66 @@ auto chooser(Watch& watch, int outOf) {
 
 INSTANTIATE_TEST_SUITE_P(
     In, ListFailure,
-    testing::Values(change("PushBack", true,
-                           [](auto& list, Watch& watch) {
-                             using T = ElementOf<std::decay_t<decltype(list)>>;
-                             const T element = make<T>(watch, 7);
-                             list.push_back(element);
-                           }),
-                    change("PushBackOfAnOwnElement", true,
-                           [](auto& list, Watch&) {
-                             if (!list.empty()) list.push_back(list[0]);
-                           }),
-                    change("InsertAtTheFront", true,
-                           [](auto& list, Watch& watch) {
-                             list.insert(0,
-                                         make<ElementOf<std::decay_t<decltype(list)>>>(watch, 7));
-                           }),
-                    change("InsertInTheMiddle", true,
-                           [](auto& list, Watch& watch) {
-                             list.insert(list.size() / 2,
-                                         make<ElementOf<std::decay_t<decltype(list)>>>(watch, 7));
-                           }),
-                    change("EraseAtTheFront", false,
-                           [](auto& list, Watch&) {
-                             if (!list.empty()) list.erase(0);
-                           }),
-                    change("EraseInTheMiddle", false,
-                           [](auto& list, Watch&) {
-                             if (!list.empty()) list.erase(list.size() / 2);
-                           }),
-                    change("EraseAtTheEnd", false,
-                           [](auto& list, Watch&) {
-                             if (!list.empty()) list.erase(list.size() - 1);
-                           }),
-                    change("Edit", true,
-                           [](auto& list, Watch&) {
-                             if (!list.empty()) list.edit(list.size() / 2);
-                           }),
-                    change("EraseIfFew", true,
-                           [](auto& list, Watch& watch) { list.eraseIf(chooser(watch, 60)); }),
-                    change("EraseIfMany", true,
-                           [](auto& list, Watch& watch) { list.eraseIf(chooser(watch, 2)); }),
-                    change("EraseIfAll", true,
-                           [](auto& list, Watch& watch) { list.eraseIf(chooser(watch, 1)); }),
-                    change("AssignOfOwnElements", true,
-                           [](auto& list, Watch&) { list.assign(list.begin(), list.end()); }),
-                    change("AssignOfRepetitions", true,
-                           [](auto& list, Watch&) {
-                             if (!list.empty()) list.assign(70, list.back());
-                           }),
-                    change("AssignmentOfAVector", true,
-                           [](auto& list, Watch&) {
-                             auto elements = list.toVector();
-                             list = std::move(elements);
-                           }),
-                    change("Reserve", false,
-                           [](auto& list, Watch&) { list.reserve(list.size() + 100); })),
+    testing::Values(
+        change("PushBack", true,
+               [](auto& list, Watch& watch) {
+                 using T = ElementOf<std::decay_t<decltype(list)>>;
+                 const T element = make<T>(watch, 7);
+                 list.push_back(element);
+               }),
+        change("PushBackOfAnOwnElement", true,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.push_back(list[0]);
+               }),
+        change("InsertAtTheFront", true,
+               [](auto& list, Watch& watch) {
+                 list.insert(0, make<ElementOf<std::decay_t<decltype(list)>>>(watch, 7));
+               }),
+        change("InsertInTheMiddle", true,
+               [](auto& list, Watch& watch) {
+                 list.insert(list.size() / 2,
+                             make<ElementOf<std::decay_t<decltype(list)>>>(watch, 7));
+               }),
+        change("EraseAtTheFront", false,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.erase(0);
+               }),
+        change("EraseInTheMiddle", false,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.erase(list.size() / 2);
+               }),
+        change("EraseAtTheEnd", false,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.erase(list.size() - 1);
+               }),
+        change("Edit", true,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.edit(list.size() / 2);
+               }),
+        change("Replace", true,
+               [](auto& list, Watch& watch) {
+                 if (!list.empty())
+                   list.replace(list.size() / 2,
+                                make<ElementOf<std::decay_t<decltype(list)>>>(watch, 7));
+               }),
+        change("EraseIfFew", true,
+               [](auto& list, Watch& watch) { list.eraseIf(chooser(watch, 60)); }),
+        change("EraseIfMany", true,
+               [](auto& list, Watch& watch) { list.eraseIf(chooser(watch, 2)); }),
+        change("EraseIfAll", true,
+               [](auto& list, Watch& watch) { list.eraseIf(chooser(watch, 1)); }),
+        change("AssignOfOwnElements", true,
+               [](auto& list, Watch&) { list.assign(list.begin(), list.end()); }),
+        change("AssignOfRepetitions", true,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.assign(70, list.back());
+               }),
+        change("AssignmentOfAVector", true,
+               [](auto& list, Watch&) {
+                 auto elements = list.toVector();
+                 list = std::move(elements);
+               }),
+        change("Reserve", false, [](auto& list, Watch&) { list.reserve(list.size() + 100); })),
     [](const testing::TestParamInfo<Case>& row) { return row.param.name; });
 
 }  // namespace

@@ -1,10 +1,13 @@
 // Random sequences of changes, each list compared with a std::vector that undergoes the same, and
-// all copies kept on the way compared with what they were when taken.
+// all copies kept on the way compared with what they were when taken. Whatever the changes, a
+// search finds every element.
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <random>
+#include <span>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -24,6 +27,27 @@ struct Part {
   List<std::string> notes;
   friend bool operator==(const Part&, const Part&) = default;
 };
+
+struct Link {
+  std::optional<UUID> to;
+  friend bool operator==(const Link&, const Link&) = default;
+};
+
+struct Bundle {
+  List<UUID> members;
+  friend bool operator==(const Bundle&, const Bundle&) = default;
+};
+
+}  // namespace
+
+template <>
+inline constexpr auto searchKey<Part> = &Part::id;
+template <>
+inline constexpr auto searchKey<Link> = &Link::to;
+template <>
+inline constexpr auto searchKey<Bundle> = &Bundle::members;
+
+namespace {
 
 template <class T>
 T elementOf(std::uint64_t n);
@@ -54,6 +78,18 @@ Part elementOf<Part>(std::uint64_t n) {
           .notes = {elementOf<std::string>(n + 1)}};
 }
 
+template <>
+Link elementOf<Link>(std::uint64_t n) {
+  return {.to = n % 3 == 0 ? std::nullopt : std::optional(elementOf<UUID>(n))};
+}
+
+template <>
+Bundle elementOf<Bundle>(std::uint64_t n) {
+  Bundle bundle{.members = {}};
+  for (std::uint64_t i = 0; i < n % 5; ++i) bundle.members.push_back(elementOf<UUID>(n + i));
+  return bundle;
+}
+
 // A number to choose elements by.
 std::size_t keyOf(int element) { return static_cast<std::size_t>(element); }
 std::size_t keyOf(const std::string& element) {
@@ -61,6 +97,19 @@ std::size_t keyOf(const std::string& element) {
 }
 std::size_t keyOf(const UUID& element) { return element.bytes()[0]; }
 std::size_t keyOf(const Part& element) { return keyOf(element.id); }
+std::size_t keyOf(const Link& element) { return element.to ? keyOf(*element.to) : 0; }
+std::size_t keyOf(const Bundle& element) { return element.members.size(); }
+
+// The identifiers under which an element must be found.
+template <class T>
+List<UUID> idsOf(const T&) {
+  return {};
+}
+List<UUID> idsOf(const Part& element) { return {element.id}; }
+List<UUID> idsOf(const Link& element) {
+  return element.to ? List<UUID>{*element.to} : List<UUID>();
+}
+List<UUID> idsOf(const Bundle& element) { return element.members; }
 
 /// A list with the vector it must equal.
 template <class T>
@@ -71,6 +120,22 @@ struct Pair {
   bool agrees() const {
     return list.size() == model.size() &&
            std::equal(list.begin(), list.end(), model.begin(), model.end());
+  }
+
+  /// Whether a search for any identifier of element `i` comes upon it.
+  bool finds(std::size_t i) const {
+    return std::ranges::all_of(idsOf(model[i]), [&](const UUID& id) {
+      bool isFound = false;
+      if constexpr (Searchable<T>)
+        list.forEachCandidate(std::span(&id, 1),
+                              [&](std::size_t place, const T&) { isFound |= place == i; });
+      return isFound;
+    });
+  }
+  bool findsAll() const {
+    for (std::size_t i = 0; i < model.size(); ++i)
+      if (!finds(i)) return false;
+    return true;
   }
 };
 
@@ -108,7 +173,8 @@ class Changer {
       case 1: {
         const T fresh = element();
         EXPECT_EQ(list.emplace_back(fresh), fresh);
-        model.emplace_back(fresh);
+        list.emplace_back(element()) = fresh;
+        model.insert(model.end(), 2, fresh);
         break;
       }
       case 2:
@@ -189,8 +255,10 @@ class Changer {
         if (below(2) == 0) {
           list.erase(at);
           model.erase(model.begin() + static_cast<Offset>(at));
-        } else {
+        } else if (below(2) == 0) {
           list.edit(at) = model[at] = element();
+        } else {
+          list.replace(at, model[at] = element());
         }
     }
   }
@@ -201,7 +269,7 @@ class Changer {
 template <class T>
 class ListModel : public testing::Test {};
 
-using Elements = testing::Types<int, std::string, UUID, Part>;
+using Elements = testing::Types<int, std::string, UUID, Part, Link, Bundle>;
 
 struct ElementName {
   template <class T>
@@ -210,6 +278,8 @@ struct ElementName {
     if constexpr (std::is_same_v<T, std::string>) return "OfTexts";
     if constexpr (std::is_same_v<T, UUID>) return "OfIdentifiers";
     if constexpr (std::is_same_v<T, Part>) return "OfRecords";
+    if constexpr (std::is_same_v<T, Link>) return "OfLinks";
+    if constexpr (std::is_same_v<T, Bundle>) return "OfBundles";
   }
 };
 
@@ -230,6 +300,8 @@ TYPED_TEST(ListModel, AgreesWithAVectorAndLeavesItsCopiesAlone) {
         const std::size_t i = changer.below(pair.model.size());
         ASSERT_EQ(pair.list[i], pair.model[i]) << "step " << step;
         ASSERT_EQ(pair.list.begin()[static_cast<std::ptrdiff_t>(i)], pair.model[i]);
+        for (int probe = 0; probe < 3; ++probe)
+          ASSERT_TRUE(pair.finds(changer.below(pair.model.size()))) << "step " << step;
       }
       if (changer.below(4) == 0) copies[changer.below(copies.size())] = pair;
       if (changer.below(10) == 0) std::swap(copies[changer.below(copies.size())], pair);
@@ -237,7 +309,8 @@ TYPED_TEST(ListModel, AgreesWithAVectorAndLeavesItsCopiesAlone) {
         for (const Pair<TypeParam>& copy : copies) ASSERT_TRUE(copy.agrees()) << "step " << step;
       }
     }
-    for (const Pair<TypeParam>& copy : copies) ASSERT_TRUE(copy.agrees());
+    for (const Pair<TypeParam>& copy : copies) ASSERT_TRUE(copy.agrees() && copy.findsAll());
+    ASSERT_TRUE(pair.findsAll());
     ASSERT_EQ(pair.list, List<TypeParam>(pair.model));
     ASSERT_EQ(pair.list.toVector(), pair.model);
   }

@@ -113,6 +113,28 @@ TEST(List, IndexesEveryElementWhereLeavesAreNotFull) {
   for (std::size_t i = 0; i < expected.size(); ++i) ASSERT_EQ(list[i], expected[i]);
 }
 
+TEST(List, IndexesEveryElementOfManyThousands) {
+  List<int> list = numbers(100'000);
+  std::vector<int> expected = list.toVector();
+  for (std::size_t round = 0; round < 200; ++round) {
+    const std::size_t i = round * 32'749 % list.size();
+    const auto at = expected.begin() + static_cast<std::ptrdiff_t>(i);
+    if (round % 2 == 0) {
+      list.erase(i);
+      expected.erase(at);
+    } else {
+      list.insert(i, -1);
+      expected.insert(at, -1);
+    }
+    ASSERT_EQ(list.size(), expected.size());
+    for (std::size_t k = round; k < list.size(); k += 997) ASSERT_EQ(list[k], expected[k]);
+  }
+  EXPECT_EQ(list.toVector(), expected);
+  const auto isOdd = [](int element) { return element % 2 != 0; };
+  EXPECT_EQ(list.eraseIf(isOdd), std::erase_if(expected, isOdd));
+  for (std::size_t i = 0; i < expected.size(); ++i) ASSERT_EQ(list[i], expected[i]);
+}
+
 TEST(List, GivesTheFreshElementToItsMaker) {
   List<std::string> list = texts(64);
   const List<std::string> copy = list;
@@ -343,6 +365,22 @@ TEST(List, EditCopiesTheOneElementThatIsShared) {
   EXPECT_EQ(addresses(list)[500], after[500]);
 }
 
+TEST(List, ReplacesAnElementWithoutCopyingTheFormer) {
+  Watch watch;
+  List<Watched> list;
+  for (int i = 0; i < 100; ++i) list.emplace_back(watch, i);
+  const List<Watched> copy = list;
+  watch.copies = 0;
+  list.replace(70, Watched(watch, -1));
+  EXPECT_EQ(watch.copies, 0);
+  EXPECT_EQ(list[70].value(), -1);
+  EXPECT_EQ(copy[70].value(), 70);
+  EXPECT_EQ(&list[71], &copy[71]);
+  list.replace(70, list[3]);
+  EXPECT_EQ(list[70].value(), 3);
+  EXPECT_EQ(watch.alive, 101);
+}
+
 TEST(List, EditsInPlaceWhatNobodyShares) {
   Watch watch;
   List<Watched> list = watched(watch, 100);
@@ -421,6 +459,7 @@ TEST_P(ListDeathTest, EndsTheProgramOnAnIndexBehindTheEnd) {
   constexpr const char* message = "korrin: list index out of range";
   EXPECT_DEATH(static_cast<void>(list[size]), message);
   EXPECT_DEATH(list.edit(size), message);
+  EXPECT_DEATH(list.replace(size, "x"), message);
   EXPECT_DEATH(list.erase(size), message);
   EXPECT_DEATH(list.insert(size + 1, "x"), message);
   EXPECT_DEATH(static_cast<void>(list[std::numeric_limits<std::size_t>::max()]), message);

@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
 #include <thread>
 #include <vector>
@@ -19,6 +21,18 @@ List<std::string> texts(std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) list.push_back("element number " + std::to_string(i));
   return list;
 }
+
+struct Symbol {
+  UUID id;
+  std::string label;
+};
+
+}  // namespace
+
+template <>
+inline constexpr auto searchKey<Symbol> = &Symbol::id;
+
+namespace {
 
 std::size_t totalLength(const List<std::string>& list) {
   std::size_t length = 0;
@@ -52,6 +66,33 @@ TEST(ListThreads, ReadCopiesWhileAnotherCopyIsEditedAndDropped) {
   });
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(original, texts(300));
+}
+
+TEST(ListThreads, SearchCopiesWhileAnotherCopyIsEdited) {
+  List<Symbol> original;
+  for (std::size_t i = 0; i < 300; ++i)
+    original.emplace_back(Symbol{}).id = UUID({static_cast<std::uint8_t>(i)});
+  original.edit(17).label = "opened";
+  std::vector<std::thread> threads;
+  for (int reader = 0; reader < 3; ++reader) {
+    threads.emplace_back([copy = original] {
+      const UUID sought = copy[40].id;
+      for (int round = 0; round < 50; ++round) {
+        bool isFound = false;
+        copy.forEachCandidate(std::span(&sought, 1),
+                              [&](std::size_t place, const Symbol&) { isFound |= place == 40; });
+        EXPECT_TRUE(isFound);
+      }
+    });
+  }
+  threads.emplace_back([copy = original]() mutable {
+    for (std::size_t round = 0; round < 50; ++round) {
+      copy.edit(round).id = UUID();
+      copy.replace(round + 60, {.id = UUID(), .label = "replaced"});
+      copy.erase(200);
+    }
+  });
+  for (std::thread& thread : threads) thread.join();
 }
 
 TEST(ListThreads, EachEditsACopyOfItsOwn) {

@@ -1,0 +1,141 @@
+#pragma once
+
+// What a leaf of a List (list.h) knows of its elements without reading them. Elements stand apart
+// in memory, so that looking at each costs a wait for memory; the marks of a whole leaf stand side
+// by side. A mark never misses an identifier. It may take one for another, which costs a look at
+// the element.
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <optional>
+#include <type_traits>
+
+#include "korrin/foundation/uuid.h"
+
+namespace korrin {
+
+/// The member under which an element of a list is looked for: an identifier, an optional one or a
+/// list of some. A record that has one says so under its declaration:
+///
+///   template <>
+///   inline constexpr auto searchKey<PlotItem> = &PlotItem::id;
+template <class T>
+inline constexpr auto searchKey = nullptr;
+
+/// A record whose lists can be asked for the elements with certain identifiers.
+template <class T>
+concept Searchable = std::is_member_object_pointer_v<std::remove_cv_t<decltype(searchKey<T>)>>;
+
+namespace detail {
+
+/// A choice among the slots of a leaf: bit n stands for slot n.
+using SlotMask = std::uint64_t;
+inline constexpr std::size_t slotsOfALeaf = 64;
+
+/// The mark of one identifier, or of none: a byte of its hash.
+struct ByteMark {
+  using Type = std::uint8_t;
+
+  static Type of(const UUID& id) noexcept {
+    return std::max(static_cast<Type>(std::hash<UUID>{}(id)), Type{1});
+  }
+  static Type of(const std::optional<UUID>& id) noexcept { return id ? of(*id) : Type{0}; }
+
+  static SlotMask matches(const Type* marks, std::size_t count, Type sought) noexcept {
+    SlotMask found = 0;
+    const Type* at = marks;
+    const Type* const end = marks + count;
+    while ((at = static_cast<const Type*>(
+                std::memchr(at, sought, static_cast<std::size_t>(end - at)))) != nullptr)
+      found |= SlotMask{1} << (at++ - marks);
+    return found;
+  }
+};
+
+/// The mark of several identifiers: two bits for each, or all bits for so many that nearly all
+/// would be set anyway. Thus a mark is made in constant time.
+struct FilterMark {
+  using Type = std::uint64_t;
+  static constexpr std::size_t mostIDs = 64;
+
+  static Type of(const UUID& id) noexcept {
+    const std::size_t hash = std::hash<UUID>{}(id);
+    return Type{1} << (hash & 63) | Type{1} << (hash >> 6 & 63);
+  }
+  /// An empty list has every bit: who searches lists for their members wants to see it as well.
+  template <class IDs>
+  static Type of(const IDs& ids) noexcept {
+    if (ids.empty() || ids.size() > mostIDs) return std::numeric_limits<Type>::max();
+    Type mark = 0;
+    for (const UUID& id : ids) mark |= of(id);
+    return mark;
+  }
+
+  static SlotMask matches(const Type* marks, std::size_t count, Type sought) noexcept {
+    SlotMask found = 0;
+    for (std::size_t i = 0; i < count; ++i) found |= SlotMask{(marks[i] & sought) == sought} << i;
+    return found;
+  }
+};
+
+template <class T>
+struct MemberType;
+template <class Record, class Value>
+struct MemberType<Value Record::*> {
+  using Type = Value;
+};
+
+template <Searchable T>
+using SearchKey = typename MemberType<std::remove_cv_t<decltype(searchKey<T>)>>::Type;
+
+template <Searchable T>
+using MarkOf = std::conditional_t<std::is_same_v<SearchKey<T>, UUID> ||
+                                      std::is_same_v<SearchKey<T>, std::optional<UUID>>,
+                                  ByteMark, FilterMark>;
+
+/// The marks of the slots of one leaf; nothing for elements that nobody looks for.
+template <class T>
+class ListMarks {
+ public:
+  void note(std::size_t, const T&) noexcept {}
+  void copy(std::size_t, const ListMarks&, std::size_t) noexcept {}
+  void insertAt(std::size_t, std::size_t, const T&) noexcept {}
+  void removeAt(std::size_t, std::size_t) noexcept {}
+};
+
+template <Searchable T>
+class ListMarks<T> {
+  using Mark = MarkOf<T>;
+
+ public:
+  void note(std::size_t slot, const T& element) noexcept {
+    marks_[slot] = Mark::of(element.*searchKey<T>);
+  }
+  void copy(std::size_t slot, const ListMarks& other, std::size_t from) noexcept {
+    marks_[slot] = other.marks_[from];
+  }
+  /// Follows an insertion before, or a removal of, one of `count` slots.
+  void insertAt(std::size_t slot, std::size_t count, const T& element) noexcept {
+    std::copy_backward(marks_.begin() + slot, marks_.begin() + count, marks_.begin() + count + 1);
+    note(slot, element);
+  }
+  void removeAt(std::size_t slot, std::size_t count) noexcept {
+    std::copy(marks_.begin() + slot + 1, marks_.begin() + count, marks_.begin() + slot);
+  }
+
+  /// Those of the first `count` slots whose element may have the identifier.
+  SlotMask matches(std::size_t count, const UUID& id) const noexcept {
+    return Mark::matches(marks_.data(), count, Mark::of(id));
+  }
+
+ private:
+  std::array<typename Mark::Type, slotsOfALeaf> marks_;  // of filled slots only
+};
+
+}  // namespace detail
+}  // namespace korrin

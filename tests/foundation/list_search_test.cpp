@@ -1,0 +1,195 @@
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "korrin/foundation/list.h"
+#include "korrin/foundation/list_marks.h"
+#include "korrin/foundation/uuid.h"
+
+namespace korrin {
+namespace {
+
+using testing::IsEmpty;
+using testing::Lt;
+using testing::SizeIs;
+
+struct Symbol {
+  UUID id;
+  int colour;
+};
+struct Row {
+  UUID id;
+  std::optional<UUID> link;
+};
+struct Bundle {
+  List<UUID> members;
+};
+
+}  // namespace
+
+template <>
+inline constexpr auto searchKey<Symbol> = &Symbol::id;
+template <>
+inline constexpr auto searchKey<Row> = &Row::link;
+template <>
+inline constexpr auto searchKey<Bundle> = &Bundle::members;
+
+namespace {
+
+// Spread as random identifiers are, the same in each run.
+UUID identifier(std::uint64_t n) {
+  UUID::Bytes bytes{};
+  for (std::uint8_t& byte : bytes) {
+    n = n * 6364136223846793005u + 1442695040888963407u;
+    byte = static_cast<std::uint8_t>(n >> 56);
+  }
+  return UUID(bytes);
+}
+
+List<Symbol> symbols(std::size_t count) {
+  List<Symbol> list;
+  for (std::size_t i = 0; i < count; ++i) list.push_back({.id = identifier(i), .colour = 0});
+  return list;
+}
+
+template <class T>
+std::vector<std::size_t> candidates(const List<T>& list, std::span<const UUID> ids) {
+  std::vector<std::size_t> places;
+  list.forEachCandidate(ids, [&](std::size_t place, const T& element) {
+    EXPECT_EQ(&element, &list[place]);
+    places.push_back(place);
+  });
+  return places;
+}
+template <class T>
+std::vector<std::size_t> candidates(const List<T>& list, const UUID& id) {
+  return candidates(list, std::span(&id, 1));
+}
+
+static_assert(Searchable<Symbol> && Searchable<Row> && Searchable<Bundle>);
+static_assert(!Searchable<int> && !Searchable<UUID>);
+
+TEST(ListSearch, FindsNothingInAnEmptyList) {
+  EXPECT_THAT(candidates(List<Symbol>(), identifier(1)), IsEmpty());
+  List<Symbol> emptied = symbols(3);
+  emptied.eraseIf([](const Symbol&) { return true; });
+  EXPECT_THAT(candidates(emptied, identifier(1)), IsEmpty());
+  List<Symbol> reserved;
+  reserved.reserve(100);
+  EXPECT_THAT(candidates(reserved, identifier(1)), IsEmpty());
+}
+
+TEST(ListSearch, ForNoIdentifierSeesNoElement) {
+  EXPECT_THAT(candidates(symbols(200), std::span<const UUID>()), IsEmpty());
+}
+
+TEST(ListSearch, FindsEachElementAndPassesOverNearlyAllOthers) {
+  const List<Symbol> list = symbols(2000);
+  std::size_t seen = 0;
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    const std::vector<std::size_t> found = candidates(list, list[i].id);
+    ASSERT_THAT(found, testing::Contains(i));
+    seen += found.size();
+  }
+  // One in 255 others by chance, and the last one.
+  EXPECT_LT(seen, list.size() * (2000 / 255 * 3 / 2 + 2));
+}
+
+TEST(ListSearch, SeesEachCandidateOnceAndInOrder) {
+  const List<Symbol> list = symbols(1000);
+  std::vector<UUID> ids;
+  for (const std::size_t i : {700u, 3u, 64u, 63u, 3u, 999u}) ids.push_back(list[i].id);
+  const std::vector<std::size_t> found = candidates(list, ids);
+  EXPECT_THAT(found, testing::IsSupersetOf({3u, 63u, 64u, 700u, 999u}));
+  EXPECT_TRUE(std::ranges::adjacent_find(found, std::ranges::greater_equal()) == found.end());
+}
+
+TEST(ListSearch, FindsWhatIsWrittenThroughAReference) {
+  for (const std::size_t count : {1u, 63u, 64u, 65u, 200u}) {
+    List<Symbol> list = symbols(count);
+    Symbol& fresh = list.emplace_back(Symbol{});
+    fresh.id = identifier(5000);
+    EXPECT_THAT(candidates(list, identifier(5000)), testing::Contains(count));
+    Symbol& edited = list.edit(count / 2);
+    EXPECT_THAT(candidates(list, identifier(5000)), testing::Contains(count));
+    edited.id = identifier(6000);
+    EXPECT_THAT(candidates(list, identifier(6000)), testing::Contains(count / 2));
+    edited.id = identifier(7000);
+    EXPECT_THAT(candidates(list, identifier(7000)), testing::Contains(count / 2));
+    const List<Symbol> copy = list;
+    list.edit(0).id = identifier(8000);
+    EXPECT_THAT(candidates(list, identifier(8000)), testing::Contains(0u));
+    if (count > 1) {
+      EXPECT_THAT(candidates(copy, identifier(7000)), testing::Contains(count / 2));
+      EXPECT_THAT(candidates(list, identifier(7000)), testing::Contains(count / 2));
+    }
+  }
+}
+
+TEST(ListSearch, PassesOverElementsThatWereEditedOneByOne) {
+  List<Symbol> list = symbols(64 * 100);
+  for (const bool isShared : {false, true}) {
+    const List<Symbol> copy = isShared ? list : List<Symbol>();
+    for (std::size_t i = 0; i < list.size(); ++i) list.edit(i).id = identifier(10'000 + i);
+    EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(50u))) << isShared;
+    list.edit(0).id = identifier(10'000);
+  }
+}
+
+TEST(ListSearch, PassesOverElementsThatWereReplacedOneByOne) {
+  List<Symbol> list = symbols(64 * 100);
+  for (std::size_t i = 0; i < list.size(); i += 3)
+    list.replace(i, {.id = identifier(10'000 + i), .colour = 1});
+  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(50u)));
+  EXPECT_THAT(candidates(list, identifier(10'003)), testing::Contains(3u));
+}
+
+TEST(ListSearch, PassesOverElementsWithoutLink) {
+  List<Row> rows;
+  for (std::size_t i = 0; i < 640; ++i)
+    rows.push_back({.id = identifier(i),
+                    .link = i % 10 == 0 ? std::optional(identifier(1000 + i)) : std::nullopt});
+  EXPECT_THAT(candidates(rows, identifier(1100)), testing::Contains(100u));
+  EXPECT_THAT(candidates(rows, identifier(1)), SizeIs(Lt(6u)));
+}
+
+TEST(ListSearch, FindsEveryListThatHoldsTheIdentifierOrIsEmpty) {
+  List<Bundle> bundles;
+  for (std::size_t i = 0; i < 640; ++i) {
+    Bundle& bundle = bundles.emplace_back(Bundle{});
+    for (std::size_t member = 0; i != 200 && member < 4; ++member)
+      bundle.members.push_back(identifier(i * 4 + member));
+  }
+  for (std::size_t i = 0; i < 640; ++i) {
+    for (const UUID& member : bundles[i].members)
+      ASSERT_THAT(candidates(bundles, member), testing::IsSupersetOf({i, std::size_t{200}}));
+  }
+  EXPECT_THAT(candidates(bundles, identifier(1'000'000)), SizeIs(Lt(50u)));
+}
+
+// Whoever chooses identifiers alike gains no more than that each element is looked at.
+TEST(ListSearch, SeesNoElementTwiceHoweverAlikeIdentifiersAre) {
+  List<Symbol> list;
+  for (int i = 0; i < 1000; ++i) list.push_back({.id = UUID(), .colour = i});
+  const std::array<UUID, 3> ids{};
+  EXPECT_THAT(candidates(list, ids), SizeIs(1000u));
+
+  List<Bundle> bundles;
+  for (std::size_t i = 0; i < 100; ++i) {
+    Bundle& bundle = bundles.emplace_back(Bundle{});
+    for (std::size_t member = 0; member < 200; ++member)
+      bundle.members.push_back(identifier(i * 200 + member));
+  }
+  EXPECT_THAT(candidates(bundles, identifier(1)), SizeIs(100u));
+}
+
+}  // namespace
+}  // namespace korrin
