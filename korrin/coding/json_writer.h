@@ -42,7 +42,8 @@ template <class Record, std::size_t... index>
 constexpr auto placesByKey(std::index_sequence<index...>) {
   constexpr std::array keys = {std::get<index>(fieldsOf<Record>()).key...};
   std::array places = {index...};
-  std::ranges::sort(places, {}, [&keys](std::size_t place) { return keys[place]; });
+  std::sort(places.begin(), places.end(),
+            [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
   return places;
 }
 

@@ -19,7 +19,8 @@ inline List<PlotGroup> withoutMembers(List<PlotGroup> groups, const IDFilter& it
   bool anyIsEmpty = false;
   std::size_t place = 0;
   for (const PlotGroup& group : groups) {
-    if (std::ranges::any_of(group.itemIDs, isRemoved)) concerned.push_back(place);
+    const List<UUID>& members = group.itemIDs;
+    if (std::any_of(members.begin(), members.end(), isRemoved)) concerned.push_back(place);
     anyIsEmpty |= group.itemIDs.empty();
     ++place;
   }

@@ -67,8 +67,8 @@ class List {
   }
   template <std::input_iterator Iterator, std::sentinel_for<Iterator> Sentinel>
   List(Iterator first, Sentinel last) {
-    if constexpr (std::forward_iterator<Iterator>)
-      reserve(static_cast<std::size_t>(std::ranges::distance(first, last)));
+    if constexpr (std::sized_sentinel_for<Sentinel, Iterator>)
+      reserve(static_cast<std::size_t>(last - first));
     for (; first != last; ++first) emplace_back(*first);
   }
 

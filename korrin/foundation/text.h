@@ -49,7 +49,7 @@ class Text {
   friend std::strong_ordering operator<=>(const Text& a, const Text& b) noexcept {
     // The order of UTF-8 bytes is the order of scalar values.
     if (a.storage_.get() == b.storage_.get()) return std::strong_ordering::equal;
-    return a.normalForm() <=> b.normalForm();
+    return a.normalForm().compare(b.normalForm()) <=> 0;
   }
 
   /// Comparison with a string or literal, as if it were made a text; equal bytes need no

@@ -43,7 +43,9 @@ class UUID {
   constexpr const Bytes& bytes() const { return bytes_; }
 
   friend constexpr bool operator==(const UUID&, const UUID&) = default;
-  friend constexpr auto operator<=>(const UUID&, const UUID&) = default;
+  friend constexpr std::strong_ordering operator<=>(const UUID& a, const UUID& b) {
+    return __builtin_memcmp(a.bytes_.data(), b.bytes_.data(), a.bytes_.size()) <=> 0;
+  }
 
  private:
   Bytes bytes_{};
