@@ -4,6 +4,8 @@
 
 #include "korrin/foundation/record.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A summary of one edit. Two edits in a row are summed up by the union of their sets and the
@@ -32,3 +34,5 @@ constexpr auto fieldsOf<ChangeSet>() {
 static_assert(tableIsComplete<ChangeSet>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -17,6 +17,8 @@
 
 #include "korrin/foundation/precondition.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A case and its raw value.
@@ -80,3 +82,5 @@ constexpr auto allCases() {
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

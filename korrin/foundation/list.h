@@ -39,6 +39,8 @@
 #include "korrin/foundation/precondition.h"
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// An ordered list of copyable elements. A moved-from list is empty. Iterators and references into
@@ -374,3 +376,5 @@ struct std::hash<korrin::List<T>> {
     return seed;
   }
 };
+
+#pragma GCC visibility pop

@@ -13,6 +13,8 @@
 
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::detail {
 
 /// Builds an element in parentheses or, where an aggregate has no such constructor, in braces.
@@ -155,3 +157,5 @@ class ListLeaf : public Counted {
 };
 
 }  // namespace korrin::detail
+
+#pragma GCC visibility pop

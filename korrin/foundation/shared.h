@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Base of everything held by `Shared`: the number of owners. A copy of a counted object is a new
@@ -85,3 +87,5 @@ class Shared {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -13,6 +13,8 @@
 
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Immutable Unicode text, held as well-formed UTF-8. It stores what it was given: nothing is
@@ -99,3 +101,5 @@ struct std::hash<korrin::Text> {
     return std::hash<std::string_view>{}(text.normalForm());
   }
 };
+
+#pragma GCC visibility pop

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A universally unique identifier: 16 bytes, compared and ordered byte by byte.
@@ -63,3 +65,5 @@ struct std::hash<korrin::UUID> {
     return static_cast<std::size_t>(mixed ^ (mixed >> 32));
   }
 };
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include "korrin/foundation/list.h"
 #include "korrin/model/stage_values.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// What a plot item stands for.
@@ -147,3 +149,5 @@ constexpr auto fieldsOf<PlotGroup>() {
 static_assert(tableIsComplete<PlotGroup>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -10,6 +10,8 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// One row of the input list.
@@ -115,3 +117,5 @@ constexpr auto fieldsOf<ProjectNote>() {
 static_assert(tableIsComplete<ProjectNote>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

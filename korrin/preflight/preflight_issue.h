@@ -8,6 +8,8 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// How serious an issue is, the most serious first.
@@ -94,3 +96,5 @@ constexpr auto fieldsOf<PreflightIssue>() {
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -11,6 +11,8 @@
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Which starting document.
@@ -61,3 +63,5 @@ constexpr auto fieldsOf<KorrinTemplate>() {
 static_assert(tableIsComplete<KorrinTemplate>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include <span>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace korrin::EmbeddedAssetSafety {
 
 /// What the image in `bytes` adds to its document's total of pixels, of which
@@ -27,3 +29,5 @@ namespace korrin::EmbeddedAssetSafety {
 std::int64_t validate(std::span<const std::byte> bytes, std::optional<std::string_view> mediaType);
 
 }  // namespace korrin::EmbeddedAssetSafety
+
+#pragma GCC visibility pop
