@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Why a document was not read. `what()` is one sentence: where, what was expected, what was found,
@@ -49,3 +51,5 @@ class EncodingError : public std::runtime_error {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 // The choices a host has in writing and reading documents. Reader and writer must agree on dates
 // and non-finite numbers; layout and key order carry no meaning on reading.
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// How an instant stands in a document.
@@ -38,3 +40,5 @@ struct DecodingOptions {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -84,8 +84,10 @@ std::string_view typeOfNextValue(const Scanner& scanner) {
 std::string nearestWord(std::string_view given, const std::vector<std::string_view>& words) {
   // A word longer than any quoted one has no near neighbour worth the time.
   given = given.substr(0, longestQuote);
-  return std::string(*std::ranges::min_element(
-      words, {}, [given](std::string_view word) { return editDistance(given, word); }));
+  return std::string(*std::min_element(words.begin(), words.end(),
+                                       [given](std::string_view a, std::string_view b) {
+                                         return editDistance(given, a) < editDistance(given, b);
+                                       }));
 }
 
 std::string oneOf(const std::vector<std::string_view>& words) {

@@ -17,6 +17,8 @@
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 namespace json {
@@ -58,3 +60,5 @@ requires isCodable<T> T decodeJSON(std::string_view text, const DecodingOptions&
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

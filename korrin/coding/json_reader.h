@@ -33,9 +33,10 @@ inline constexpr bool isOptional = false;
 template <class Value>
 inline constexpr bool isOptional<std::optional<Value>> = true;
 
-/// A field's key between quotation marks, as documents hold it.
+/// A field's key between quotation marks, as documents hold it. g++ would export it as it exports
+/// the record.
 template <class Record, std::size_t index>
-inline constexpr auto quotedKey = [] {
+[[gnu::visibility("hidden")]] inline constexpr auto quotedKey = [] {
   constexpr std::string_view key = std::get<index>(fieldsOf<Record>()).key;
   std::array<char, key.size() + 2> text{};
   std::copy(key.begin(), key.end(), text.begin() + 1);

@@ -23,9 +23,10 @@
 
 namespace korrin::json {
 
-/// A field's key as it stands behind another member: `,"key":`.
+/// A field's key as it stands behind another member: `,"key":`. g++ would export it as it exports
+/// the record.
 template <class Record, std::size_t index>
-inline constexpr auto memberStart = [] {
+[[gnu::visibility("hidden")]] inline constexpr auto memberStart = [] {
   constexpr std::string_view key = std::get<index>(fieldsOf<Record>()).key;
   std::array<char, key.size() + 4> text{',', '"'};
   std::copy(key.begin(), key.end(), text.begin() + 2);
@@ -42,7 +43,8 @@ template <class Record, std::size_t... index>
 constexpr auto placesByKey(std::index_sequence<index...>) {
   constexpr std::array keys = {std::get<index>(fieldsOf<Record>()).key...};
   std::array places = {index...};
-  std::ranges::sort(places, {}, [&keys](std::size_t place) { return keys[place]; });
+  std::sort(places.begin(), places.end(),
+            [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
   return places;
 }
 

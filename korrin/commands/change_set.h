@@ -4,6 +4,8 @@
 
 #include "korrin/foundation/record.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A summary of one edit. Two edits in a row are summed up by the union of their sets and the
@@ -34,3 +36,5 @@ template <>
 inline constexpr bool standsInDocuments<ChangeSet> = false;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

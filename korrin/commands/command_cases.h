@@ -10,6 +10,8 @@
 
 #include "korrin/model/project.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Appends items at the end, in the order given. Items that have one of their identifiers are
@@ -109,3 +111,5 @@ using CommandPayload =
                  ReplaceMonitorMixes, ReplaceEquipment, ReplaceNotes, ReplaceProject, Compound>;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 #include "korrin/commands/change_set.h"
 #include "korrin/commands/document_command.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// The way back and what changed.
@@ -16,3 +18,5 @@ struct CommandResult {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

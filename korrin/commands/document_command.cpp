@@ -34,7 +34,7 @@ class CompoundApplication {
         const DocumentCommand& command = level.compound->commands[level.applied++];
         std::visit([this](const auto& payload) { step(payload); }, command.payload());
       } else {
-        std::ranges::reverse(level.inverses);
+        std::reverse(level.inverses.begin(), level.inverses.end());
         DocumentCommand inverse = DocumentCommand::compound(std::move(level.inverses));
         levels_.pop_back();
         if (levels_.empty()) return {.inverse = std::move(inverse), .changes = std::move(changes_)};

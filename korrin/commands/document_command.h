@@ -9,6 +9,8 @@
 #include "korrin/foundation/environment.h"
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 struct CommandResult;
@@ -86,6 +88,8 @@ inline const DocumentCommand::Payload& DocumentCommand::payload() const noexcept
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop
 
 // A result holds a command, hence it can only be declared now; whoever applies commands needs it.
 #include "korrin/commands/command_result.h"

@@ -23,7 +23,7 @@ namespace korrin {
 class IDFilter {
  public:
   explicit IDFilter(const IDSet& ids) : ids_(ids) {
-    if (areFew()) std::ranges::copy(ids, few_.begin());
+    if (areFew()) std::copy(ids.begin(), ids.end(), few_.begin());
     if (const std::size_t words = std::bit_ceil(ids.size() / idsPerWord + 1);
         words > shortFilter_.size()) {
       longFilter_.resize(words);
@@ -44,7 +44,7 @@ class IDFilter {
   }
   bool contains(const std::optional<UUID>& id) const { return id && contains(*id); }
   bool containsAnyOf(const List<UUID>& ids) const {
-    return std::ranges::any_of(ids, [this](const UUID& id) { return contains(id); });
+    return std::any_of(ids.begin(), ids.end(), [this](const UUID& id) { return contains(id); });
   }
 
   /// Whether there are some, but so few that a list is asked for each of them faster than it is

@@ -6,7 +6,7 @@ namespace korrin {
 
 bool KorrinProject::canSelectItem(const PlotItem& item) const {
   // Layers may share an identifier: any one of them that is visible and unlocked suffices.
-  return std::ranges::any_of(layers, [&item](const PlotLayer& layer) {
+  return std::any_of(layers.begin(), layers.end(), [&item](const PlotLayer& layer) {
     return layer.id == item.layerID && layer.isVisible && !layer.isLocked;
   });
 }
@@ -16,8 +16,8 @@ bool KorrinProject::canEditItem(const PlotItem& item) const {
 }
 
 std::optional<UUID> KorrinProject::resolvedActiveLayerID(std::optional<UUID> requested) const {
-  if (requested && std::ranges::find(layers, *requested, &PlotLayer::id) != layers.end())
-    return requested;
+  const auto isRequested = [requested](const PlotLayer& layer) { return layer.id == requested; };
+  if (std::any_of(layers.begin(), layers.end(), isRequested)) return requested;
   if (layers.empty()) return std::nullopt;
   return layers.front().id;
 }

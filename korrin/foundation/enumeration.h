@@ -9,7 +9,6 @@
 //     static constexpr std::array cases = {Case{AudienceEdge::top, "top"}, ...};
 //   };
 
-#include <algorithm>
 #include <array>
 #include <concepts>
 #include <cstddef>
@@ -17,6 +16,8 @@
 #include <string_view>
 
 #include "korrin/foundation/precondition.h"
+
+#pragma GCC visibility push(default)
 
 namespace korrin {
 
@@ -48,9 +49,9 @@ concept ListedEnumeration = RawValueEnumeration<T> && !requires {
 template <RawValueEnumeration E>
 inline constexpr bool casesStandInOrder = [] {
   std::size_t place = 0;
-  return std::ranges::all_of(CaseTable<E>::cases, [&place](const Case<E>& row) {
-    return static_cast<std::size_t>(row.value) == place++;
-  });
+  for (const Case<E>& row : CaseTable<E>::cases)
+    if (static_cast<std::size_t>(row.value) != place++) return false;
+  return true;
 }();
 
 /// The text that stands for a case. Aborts for a value that is no case.
@@ -75,8 +76,11 @@ constexpr std::optional<E> fromRawValue(std::string_view text) {
 template <ListedEnumeration E>
 constexpr auto allCases() {
   std::array<E, CaseTable<E>::cases.size()> cases{};
-  std::ranges::transform(CaseTable<E>::cases, cases.begin(), &Case<E>::value);
+  std::size_t place = 0;
+  for (const Case<E>& row : CaseTable<E>::cases) cases[place++] = row.value;
   return cases;
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 #include "korrin/foundation/instant.h"
 #include "korrin/foundation/uuid.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// The two outside facts that operations read. A host that wants repeatable results copies
@@ -23,3 +25,5 @@ struct Environment {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

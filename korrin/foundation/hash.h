@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// The hash of "what `seed` stands for, followed by a part whose hash is `hash`". The order of the
@@ -18,3 +20,5 @@ constexpr std::size_t hashCombine(std::size_t seed, std::size_t hash) noexcept {
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -4,6 +4,8 @@
 
 #include <chrono>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A point in time in UTC, in nanoseconds since 1970-01-01T00:00:00Z, leap seconds not counted:
@@ -11,3 +13,5 @@ namespace korrin {
 using Instant = std::chrono::sys_time<std::chrono::nanoseconds>;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -41,6 +41,8 @@
 #include "korrin/foundation/precondition.h"
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// An ordered list of copyable elements. A moved-from list is empty. Iterators and references into
@@ -69,8 +71,8 @@ class List {
   }
   template <std::input_iterator Iterator, std::sentinel_for<Iterator> Sentinel>
   List(Iterator first, Sentinel last) {
-    if constexpr (std::forward_iterator<Iterator>)
-      reserve(static_cast<std::size_t>(std::ranges::distance(first, last)));
+    if constexpr (std::sized_sentinel_for<Sentinel, Iterator>)
+      reserve(static_cast<std::size_t>(last - first));
     for (; first != last; ++first) emplace_back(*first);
   }
 
@@ -406,3 +408,5 @@ struct std::hash<korrin::List<T>> {
     return seed;
   }
 };
+
+#pragma GCC visibility pop

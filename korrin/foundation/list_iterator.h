@@ -8,6 +8,8 @@
 
 #include "korrin/foundation/list_spine.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::detail {
 
 /// A place in a list. It caches the end of the leaf it stands in, so that a step is an increment
@@ -106,3 +108,5 @@ class ListIterator {
 };
 
 }  // namespace korrin::detail
+
+#pragma GCC visibility pop

@@ -13,6 +13,8 @@
 #include "korrin/foundation/list_marks.h"
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::detail {
 
 /// Builds an element in parentheses or, where an aggregate has no such constructor, in braces.
@@ -210,3 +212,5 @@ class ListLeaf : public Counted {
 };
 
 }  // namespace korrin::detail
+
+#pragma GCC visibility pop

@@ -14,6 +14,8 @@
 #include "korrin/foundation/precondition.h"
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::detail {
 
 /// The leaves of one list and all its unchanged copies, each with the index at which it ends, in
@@ -179,3 +181,5 @@ class ListSpine : public Counted {
 };
 
 }  // namespace korrin::detail
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 // The one check for broken preconditions: mistakes of the calling program that no value could
 // report. It is always on, in every build.
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Writes `message` as one line to standard error and ends the program.
@@ -15,3 +17,5 @@ constexpr void precondition(bool holds, const char* message) noexcept {
 }
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

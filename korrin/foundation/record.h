@@ -24,6 +24,8 @@
 #include "korrin/foundation/instant.h"
 #include "korrin/foundation/uuid.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A set of identifiers, in no order.
@@ -115,3 +117,5 @@ struct std::hash<Record> {
     return seed;
   }
 };
+
+#pragma GCC visibility pop

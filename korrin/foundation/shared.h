@@ -12,6 +12,8 @@
 #include <sys/single_threaded.h>
 #endif
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 namespace detail {
@@ -112,3 +114,5 @@ class Shared {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

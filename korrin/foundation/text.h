@@ -13,6 +13,8 @@
 
 #include "korrin/foundation/shared.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Immutable Unicode text, held as well-formed UTF-8. It stores what it was given: nothing is
@@ -52,7 +54,7 @@ class Text {
   friend std::strong_ordering operator<=>(const Text& a, const Text& b) noexcept {
     // The order of UTF-8 bytes is the order of scalar values.
     if (a.storage_.get() == b.storage_.get()) return std::strong_ordering::equal;
-    return a.normalForm() <=> b.normalForm();
+    return a.normalForm().compare(b.normalForm()) <=> 0;
   }
 
   /// Comparison with a string or literal, as if it were made a text; equal bytes need no
@@ -102,3 +104,5 @@ struct std::hash<korrin::Text> {
     return std::hash<std::string_view>{}(text.normalForm());
   }
 };
+
+#pragma GCC visibility pop

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A universally unique identifier: 16 bytes, compared and ordered byte by byte.
@@ -43,7 +45,9 @@ class UUID {
   constexpr const Bytes& bytes() const { return bytes_; }
 
   friend constexpr bool operator==(const UUID&, const UUID&) = default;
-  friend constexpr auto operator<=>(const UUID&, const UUID&) = default;
+  friend constexpr std::strong_ordering operator<=>(const UUID& a, const UUID& b) {
+    return __builtin_memcmp(a.bytes_.data(), b.bytes_.data(), a.bytes_.size()) <=> 0;
+  }
 
  private:
   Bytes bytes_{};
@@ -61,3 +65,5 @@ struct std::hash<korrin::UUID> {
     return static_cast<std::size_t>(mixed ^ (mixed >> 32));
   }
 };
+
+#pragma GCC visibility pop

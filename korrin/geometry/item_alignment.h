@@ -4,6 +4,8 @@
 
 #include "korrin/foundation/enumeration.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// An edge or centre to align by, or an axis to distribute along. What each does to the items is
@@ -34,3 +36,5 @@ struct CaseTable<ItemAlignment> {
 };
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -79,7 +79,7 @@ std::vector<Ranked> ranked(const List<PlotItem>& items, Axis axis) {
   std::vector<Ranked> ranks;
   ranks.reserve(items.size());
   for (const PlotItem& item : items) ranks.push_back({coordinateOf(item, axis), ranks.size()});
-  std::ranges::sort(ranks, [](const Ranked& a, const Ranked& b) {
+  std::sort(ranks.begin(), ranks.end(), [](const Ranked& a, const Ranked& b) {
     if (a.coordinate < b.coordinate) return true;
     if (b.coordinate < a.coordinate) return false;
     const bool aIsNaN = std::isnan(a.coordinate);

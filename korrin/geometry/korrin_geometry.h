@@ -8,6 +8,8 @@
 #include "korrin/geometry/item_alignment.h"
 #include "korrin/model/plot_items.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::KorrinGeometry {
 
 /// The same items in the same order, with one coordinate of each `position` replaced: x for the
@@ -41,3 +43,5 @@ namespace korrin::KorrinGeometry {
 List<PlotItem> applying(ItemAlignment alignment, const List<PlotItem>& items);
 
 }  // namespace korrin::KorrinGeometry
+
+#pragma GCC visibility pop

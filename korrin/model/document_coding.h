@@ -11,6 +11,8 @@
 #include "korrin/coding/json.h"
 #include "korrin/model/project.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// The two version fields of a project's document.
@@ -37,3 +39,5 @@ static_assert(tableIsComplete<DocumentVersions>);
 DocumentVersions peekVersions(std::string_view document);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

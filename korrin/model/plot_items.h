@@ -9,6 +9,8 @@
 #include "korrin/foundation/list.h"
 #include "korrin/model/stage_values.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// What a plot item stands for.
@@ -151,3 +153,5 @@ template <>
 inline constexpr auto searchKey<PlotGroup> = &PlotGroup::itemIDs;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

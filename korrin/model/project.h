@@ -9,6 +9,8 @@
 #include "korrin/model/plot_items.h"
 #include "korrin/model/technical_lists.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 class DocumentCommand;
@@ -175,3 +177,5 @@ constexpr auto fieldsOf<KorrinProject>() {
 static_assert(tableIsComplete<KorrinProject>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

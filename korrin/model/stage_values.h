@@ -9,6 +9,8 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// A position on the stage plane.
@@ -83,3 +85,5 @@ constexpr auto fieldsOf<StageDefinition>() {
 static_assert(tableIsComplete<StageDefinition>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

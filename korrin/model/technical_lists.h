@@ -11,6 +11,8 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// One row of the input list.
@@ -122,3 +124,5 @@ constexpr auto fieldsOf<ProjectNote>() {
 static_assert(tableIsComplete<ProjectNote>);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -16,10 +16,10 @@ using findings::Finding;
 
 // The values that stand more than once, each once and in ascending order.
 std::vector<std::int64_t> repeatedValues(std::vector<std::int64_t> values) {
-  std::ranges::sort(values);
+  std::sort(values.begin(), values.end());
   std::vector<std::int64_t> repeated;
   for (auto at = values.begin(); at != values.end();) {
-    const auto end = std::ranges::upper_bound(at, values.end(), *at);
+    const auto end = std::upper_bound(at, values.end(), *at);
     if (end - at > 1) repeated.push_back(*at);
     at = end;
   }
@@ -32,7 +32,7 @@ class Inspection {
       : project_(project), knownAssetIDs_(knownAssetIDs) {
     itemIDs_.reserve(project.items.size());
     for (const PlotItem& item : project.items) itemIDs_.push_back(item.id);
-    std::ranges::sort(itemIDs_);
+    std::sort(itemIDs_.begin(), itemIDs_.end());
   }
 
   std::vector<PreflightIssue> run() && {
@@ -68,7 +68,9 @@ class Inspection {
       if (record.*number) numbers.push_back(*(record.*number));
     const std::vector<std::int64_t> repeated = repeatedValues(std::move(numbers));
     for (const Record& record : records) {
-      if (!(record.*number) || !std::ranges::binary_search(repeated, *(record.*number))) continue;
+      if (!(record.*number) ||
+          !std::binary_search(repeated.begin(), repeated.end(), *(record.*number)))
+        continue;
       report(finding, std::string(finding.title) + std::to_string(*(record.*number)),
              finding.detail, relatedItem(record), record.id);
     }
@@ -130,7 +132,8 @@ class Inspection {
   // The item that a record points at, when the project holds it.
   template <class Record>
   std::optional<UUID> relatedItem(const Record& record) const {
-    return record.plotItemID && std::ranges::binary_search(itemIDs_, *record.plotItemID)
+    return record.plotItemID &&
+                   std::binary_search(itemIDs_.begin(), itemIDs_.end(), *record.plotItemID)
                ? record.plotItemID
                : std::nullopt;
   }
@@ -179,7 +182,7 @@ bool standsBefore(const PreflightIssue& a, const PreflightIssue& b) {
 std::vector<PreflightIssue> inspect(const KorrinProject& project,
                                     const std::unordered_set<Text>& knownAssetIDs) {
   std::vector<PreflightIssue> issues = Inspection(project, knownAssetIDs).run();
-  std::ranges::sort(issues, standsBefore);
+  std::sort(issues.begin(), issues.end(), standsBefore);
   return issues;
 }
 

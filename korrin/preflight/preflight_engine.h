@@ -9,6 +9,8 @@
 #include "korrin/model/project.h"
 #include "korrin/preflight/preflight_issue.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::PreflightEngine {
 
 /// Everything that preflight has to say about the project, the most serious first, then by title,
@@ -22,3 +24,5 @@ std::vector<PreflightIssue> inspect(const KorrinProject& project,
                                     const std::unordered_set<Text>& knownAssetIDs);
 
 }  // namespace korrin::PreflightEngine
+
+#pragma GCC visibility pop

@@ -8,6 +8,8 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// How serious an issue is, the most serious first.
@@ -96,3 +98,5 @@ template <>
 inline constexpr bool standsInDocuments<PreflightIssue> = false;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

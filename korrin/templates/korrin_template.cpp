@@ -1,5 +1,8 @@
 #include "korrin/templates/korrin_template.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "korrin/coding/json_codec.h"
 #include "korrin/foundation/precondition.h"
 #include "korrin/templates/plot_tables.h"
@@ -33,7 +36,12 @@ constexpr ChooserEntry chooser[] = {
      "A complete festival-ready plot with 11 inputs, three mixes, and production notes.",
      "person.3.fill"},
 };
-static_assert(std::ranges::equal(chooser, allCases<KorrinTemplateID>(), {}, &ChooserEntry::id));
+constexpr bool chooserFollowsTheCases() {
+  constexpr auto cases = allCases<KorrinTemplateID>();
+  return std::equal(std::begin(chooser), std::end(chooser), cases.begin(), cases.end(),
+                    [](const ChooserEntry& entry, KorrinTemplateID id) { return entry.id == id; });
+}
+static_assert(chooserFollowsTheCases());
 
 const ChooserEntry& entry(KorrinTemplateID id) {
   const auto place = static_cast<std::size_t>(id);

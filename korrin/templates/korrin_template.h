@@ -11,6 +11,8 @@
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// Which starting document.
@@ -63,3 +65,5 @@ template <>
 inline constexpr bool standsInDocuments<KorrinTemplate> = false;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop

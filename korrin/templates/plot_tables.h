@@ -74,13 +74,16 @@ struct PlotTables {
 
 /// Whether no two items share a label and every line names an item's.
 constexpr bool linksResolve(const PlotTables& tables) {
-  const auto isLabelOfOne = [&tables](std::string_view label) {
-    return std::ranges::count(tables.items, label, &ItemRow::label) == 1;
+  const auto nameOneItem = [&tables](const auto& rows, auto nameOf) {
+    return std::all_of(rows.begin(), rows.end(), [&tables, nameOf](const auto& row) {
+      const auto isNamed = [&](const ItemRow& item) { return item.label == row.*nameOf; };
+      return std::count_if(tables.items.begin(), tables.items.end(), isNamed) == 1;
+    });
   };
-  return std::ranges::all_of(tables.items, isLabelOfOne, &ItemRow::label) &&
-         std::ranges::all_of(tables.inputs, isLabelOfOne, &InputRow::plotItem) &&
-         std::ranges::all_of(tables.monitorMixes, isLabelOfOne, &MixRow::plotItem) &&
-         std::ranges::all_of(tables.equipment, isLabelOfOne, &EquipmentRow::plotItem);
+  return nameOneItem(tables.items, &ItemRow::label) &&
+         nameOneItem(tables.inputs, &InputRow::plotItem) &&
+         nameOneItem(tables.monitorMixes, &MixRow::plotItem) &&
+         nameOneItem(tables.equipment, &EquipmentRow::plotItem);
 }
 
 const PlotTables& soloAcousticTables();

@@ -17,8 +17,8 @@ void requireDistinctIdentifiers(const List<Record>& records) {
   std::vector<UUID> ids;
   ids.reserve(records.size());
   for (const Record& record : records) ids.push_back(record.id);
-  std::ranges::sort(ids);
-  if (std::ranges::adjacent_find(ids) != ids.end())
+  std::sort(ids.begin(), ids.end());
+  if (std::adjacent_find(ids.begin(), ids.end()) != ids.end())
     throw DocumentValidationError(DocumentValidationError::duplicateIdentifiers);
 }
 

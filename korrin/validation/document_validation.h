@@ -8,6 +8,8 @@
 #include "korrin/model/project.h"
 #include "korrin/validation/document_validation_error.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::DocumentValidation {
 
 /// The largest stage dimension, grid spacing, item dimension and distance of an item from the
@@ -27,3 +29,5 @@ void validate(const KorrinProject& project);
 std::vector<double> gridCoordinates(double start, double end, double spacing);
 
 }  // namespace korrin::DocumentValidation
+
+#pragma GCC visibility pop

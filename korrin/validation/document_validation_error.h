@@ -6,6 +6,8 @@
 #include <exception>
 #include <functional>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// What is structurally wrong with a project or an embedded image. Compared and hashed by its case.
@@ -42,3 +44,5 @@ struct std::hash<korrin::DocumentValidationError> {
     return std::hash<int>{}(error.code());
   }
 };
+
+#pragma GCC visibility pop

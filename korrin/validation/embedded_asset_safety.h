@@ -9,6 +9,8 @@
 #include <span>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace korrin::EmbeddedAssetSafety {
 
 /// Largest accepted width and largest accepted height of a PDF's first page, in points.
@@ -30,3 +32,5 @@ inline constexpr double maximumPageExtent = 20'000;
 std::int64_t validate(std::span<const std::byte> bytes, std::optional<std::string_view> mediaType);
 
 }  // namespace korrin::EmbeddedAssetSafety
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <span>
 
+#pragma GCC visibility push(default)
+
 namespace korrin::RasterAssetSafety {
 
 /// Largest accepted width and largest accepted height of one image, in pixels.
@@ -29,3 +31,5 @@ inline constexpr std::int64_t maximumAggregatePixels = 100'000'000;
 std::int64_t validate(std::span<const std::byte> bytes);
 
 }  // namespace korrin::RasterAssetSafety
+
+#pragma GCC visibility pop

@@ -171,6 +171,29 @@ TEST(Architecture, ShowsNoThirdPartyHeaderInAPublicOne) {
   EXPECT_EQ(seen, headers.size());
 }
 
+TEST(Architecture, ExportsWhatAPublicHeaderDeclaresAndNothingElse) {
+  const std::set<std::string> headers = publicHeaders();
+  for (const File& file : library) {
+    const auto push = std::ranges::find(file.lines, "#pragma GCC visibility push(default)");
+    const auto pop = std::ranges::find(file.lines, "#pragma GCC visibility pop");
+    const bool isExported = push < pop && pop != file.lines.end();
+    // The header over everything declares nothing itself.
+    const bool isPublic = headers.contains(file.path.string()) && !file.folder.empty();
+    EXPECT_EQ(isExported, isPublic) << file.path;
+    if (!isExported) continue;
+    const auto first = std::ranges::find_if(
+        file.lines, [](const std::string& line) { return line.starts_with("namespace "); });
+    EXPECT_LT(push, first) << file.path;
+    EXPECT_TRUE(std::none_of(push, pop, [](const std::string& line) { return includeOf(line); }))
+        << file.path << " exports what it includes";
+    EXPECT_TRUE(std::none_of(pop, file.lines.end(),
+                             [](const std::string& line) {
+                               return line.starts_with("namespace ") || line.starts_with("struct ");
+                             }))
+        << file.path << " declares something behind the end";
+  }
+}
+
 TEST(Architecture, GuardsEveryHeader) {
   for (const File& file : library)
     if (file.isHeader()) {

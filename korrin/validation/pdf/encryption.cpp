@@ -40,6 +40,8 @@ void appendLittleEndian(std::vector<std::byte>& bytes, std::uint64_t value, int 
   for (int i = 0; i < count; ++i) bytes.push_back(static_cast<std::byte>(value >> (8 * i) & 0xFF));
 }
 
+bool areEqual(ByteView a, ByteView b) { return std::equal(a.begin(), a.end(), b.begin(), b.end()); }
+
 ByteView passwordPadding() { return std::as_bytes(std::span(padding)); }
 
 class Rc4Source : public ByteSource {
@@ -196,7 +198,7 @@ std::optional<Key> legacyKey(const Handler& handler) {
   if (handler.revision == 2) {
     std::array<std::byte, 32> check{};
     Rc4(ByteView(key).first(size)).apply(passwordPadding(), check.data());
-    return std::ranges::equal(check, handler.user.first(32)) ? std::optional(key) : std::nullopt;
+    return areEqual(check, handler.user.first(32)) ? std::optional(key) : std::nullopt;
   }
   std::vector<std::byte> plain;
   append(plain, passwordPadding());
@@ -207,7 +209,7 @@ std::optional<Key> legacyKey(const Handler& handler) {
     for (std::byte& byte : roundKey) byte ^= static_cast<std::byte>(round);
     Rc4(ByteView(roundKey).first(size)).apply(check, check.data());
   }
-  return std::ranges::equal(check, handler.user.first(16)) ? std::optional(key) : std::nullopt;
+  return areEqual(check, handler.user.first(16)) ? std::optional(key) : std::nullopt;
 }
 
 // The hash of revision 6 for an empty user password: rounds of AES and a digest that the AES output
@@ -251,7 +253,7 @@ std::optional<Key> modernKey(const Handler& handler) {
   const auto hash = [&](ByteView salt) {
     return handler.revision == 5 ? sha256(salt) : hardenedHash(salt);
   };
-  if (!std::ranges::equal(hash(user.subspan(32, 8)), user.first(32))) return std::nullopt;
+  if (!areEqual(hash(user.subspan(32, 8)), user.first(32))) return std::nullopt;
   const Key intermediate = hash(user.subspan(40, 8));
   Key key{};
   AesBlock chain{};

@@ -1,8 +1,6 @@
 #include "korrin/validation/pdf/scanner.h"
 
-#include <algorithm>
 #include <array>
-#include <functional>
 
 namespace korrin::pdf {
 namespace {
@@ -27,9 +25,19 @@ bool isRegular(char c) { return classOf(c) == Class::regular; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t find(std::string_view text, std::string_view word) {
-  const std::boyer_moore_horspool_searcher searcher(word.begin(), word.end());
-  const auto found = std::search(text.begin(), text.end(), searcher);
-  return found == text.end() ? text.npos : static_cast<std::size_t>(found - text.begin());
+  // After Horspool: the character under the word's end tells how far the word may move on. The
+  // standard library's searcher does the same, where there is one.
+  std::array<std::size_t, 256> steps;
+  steps.fill(word.size());
+  for (std::size_t i = 0; i + 1 < word.size(); ++i)
+    steps[static_cast<unsigned char>(word[i])] = word.size() - 1 - i;
+  for (std::size_t last = word.size() - 1; last < text.size();) {
+    const char c = text[last];
+    const std::size_t first = last + 1 - word.size();
+    if (c == word.back() && text.substr(first, word.size()) == word) return first;
+    last += steps[static_cast<unsigned char>(c)];
+  }
+  return text.npos;
 }
 
 Scanner::Scanner(std::string_view bytes, Budget& budget, std::size_t offset)

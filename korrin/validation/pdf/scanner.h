@@ -28,8 +28,8 @@ bool isWhiteSpace(char c);
 bool isRegular(char c);
 bool isDigit(char c);
 
-/// Where `word` stands first in `text`, npos where it does not. Takes time in proportion to the
-/// text whatever is in it, unlike the search of the text itself.
+/// Where `word`, which is not empty, stands first in `text`, npos where it does not. Takes time in
+/// proportion to the text whatever is in it, unlike the search of the text itself.
 std::size_t find(std::string_view text, std::string_view word);
 
 /// A place that outlives a scanner: in the file itself (container 0) or in the object stream whose

@@ -1,9 +1,11 @@
 #include "korrin/validation/pdf/value.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
+#include <system_error>
+
+#include <fast_float/fast_float.h>
 
 namespace korrin::pdf {
 namespace {
@@ -41,8 +43,8 @@ double numberOf(std::string_view text) {
   text = text.substr(0, mostDigits);
   if (text.empty() || text == ".") return negative ? -0.0 : 0.0;
   double value = 0;
-  const auto [end, error] =
-      std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  const auto [end, error] = fast_float::from_chars(text.data(), text.data() + text.size(), value,
+                                                   fast_float::chars_format::fixed);
   if (error == std::errc::result_out_of_range) {
     // Too large and too small are reported alike; a digit before the point tells them apart.
     value = text.front() == '.' ? 0 : std::numeric_limits<double>::infinity();

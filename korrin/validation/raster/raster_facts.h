@@ -10,6 +10,8 @@
 #include <span>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// The container formats that are read. TIFF includes BigTIFF.
@@ -41,3 +43,5 @@ struct RasterFacts {
 std::optional<RasterFacts> readRasterFacts(std::span<const std::byte> bytes) noexcept;
 
 }  // namespace korrin
+
+#pragma GCC visibility pop
