@@ -32,6 +32,7 @@ struct Codec {
 /// A record, an enumeration with raw values, or a list of either.
 template <class T>
 inline constexpr bool isCodable = RecordType<T> || RawValueEnumeration<T>;
+/// A list is what its elements are.
 template <class T>
 inline constexpr bool isCodable<List<T>> = isCodable<T>;
 
