@@ -15,6 +15,7 @@ namespace korrin {
 /// JSON goes before every field and is named by line and column.
 class DecodingError : public std::runtime_error {
  public:
+  /// What is wrong, for a program to tell apart.
   enum class Kind {
     keyNotFound,    ///< A required key is missing.
     valueNotFound,  ///< A required key, or a list's element, is null.
@@ -23,9 +24,11 @@ class DecodingError : public std::runtime_error {
                     ///< number that does not fit, or a known key that stands twice.
   };
 
+  /// As the reader makes it: `message` is the whole sentence, `keyPath` included.
   DecodingError(Kind kind, std::string keyPath, const std::string& message)
       : std::runtime_error(message), kind_(kind), keyPath_(std::move(keyPath)) {}
 
+  /// Which of the four it is.
   Kind kind() const noexcept { return kind_; }
 
   /// The offending field, such as "items[3].style.labelScale"; for `keyNotFound` it ends in the
@@ -40,6 +43,7 @@ class DecodingError : public std::runtime_error {
 /// Why a value was not written: a number that is not finite, which JSON cannot hold.
 class EncodingError : public std::runtime_error {
  public:
+  /// As the writer makes it: `message` is the whole sentence, `keyPath` included.
   EncodingError(std::string keyPath, const std::string& message)
       : std::runtime_error(message), keyPath_(std::move(keyPath)) {}
 

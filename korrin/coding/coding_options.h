@@ -27,16 +27,18 @@ enum class NonFinite {
   strings,  ///< They stand as the strings "Infinity", "-Infinity" and "NaN".
 };
 
+/// How a document is written. What is not given is as the document format has it.
 struct EncodingOptions {
   bool prettyPrinted = false;  ///< One member a line, two blanks of indentation a level.
   bool sortedKeys = false;     ///< Keys in byte order instead of the records' field order.
-  DateStrategy dates = DateStrategy::iso8601;
-  NonFinite nonFinite = NonFinite::fail;
+  DateStrategy dates = DateStrategy::iso8601;  ///< The form of every date in the document.
+  NonFinite nonFinite = NonFinite::fail;       ///< For every number in the document.
 };
 
+/// How a document was written, as far as its reader must know.
 struct DecodingOptions {
-  DateStrategy dates = DateStrategy::iso8601;
-  NonFinite nonFinite = NonFinite::fail;
+  DateStrategy dates = DateStrategy::iso8601;  ///< The form of every date in the document.
+  NonFinite nonFinite = NonFinite::fail;       ///< For every number in the document.
 };
 
 }  // namespace korrin

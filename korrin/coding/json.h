@@ -36,6 +36,7 @@ template <class T>
 inline constexpr bool isCodable = RawValueEnumeration<T>;
 template <RecordType Record>
 inline constexpr bool isCodable<Record> = standsInDocuments<Record>;
+/// A list is what its elements are.
 template <class T>
 inline constexpr bool isCodable<List<T>> = isCodable<T>;
 

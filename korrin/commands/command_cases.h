@@ -22,7 +22,7 @@ namespace korrin {
 /// The inverse deletes the inserted identifiers, with all that a deletion entails: what an inserted
 /// item replaced does not come back.
 struct InsertItems {
-  List<PlotItem> items;
+  List<PlotItem> items;  ///< In the order in which they are appended.
 };
 
 /// Removes items, clears the links of inputs, monitor mixes and equipment to them, takes them out
@@ -33,7 +33,7 @@ struct InsertItems {
 ///
 /// The inverse is the whole former project, its `modifiedAt` included.
 struct DeleteItems {
-  IDSet itemIDs;
+  IDSet itemIDs;  ///< Unknown ones are passed over.
 };
 
 /// Overwrites items in their places, every field. Where the project holds an identifier more than
@@ -41,57 +41,57 @@ struct DeleteItems {
 ///
 ///     items  A B C        replace C' X A'   ->   A' B C'
 struct ReplaceItems {
-  List<PlotItem> items;
+  List<PlotItem> items;  ///< Each in its new state.
 };
 
 /// Puts another list of groups in the place of the present one. The `groupID` of items stays.
 struct ReplaceGroups {
-  List<PlotGroup> groups;
+  List<PlotGroup> groups;  ///< All groups from then on.
 };
 
 /// Puts another list of layers in the place of the present one. The `layerID` of items stays.
 struct ReplaceLayers {
-  List<PlotLayer> layers;
+  List<PlotLayer> layers;  ///< All layers from then on.
 };
 
 /// Puts another list of embedded images in the place of the present one.
 struct ReplaceAssetManifest {
-  List<AssetManifestEntry> entries;
+  List<AssetManifestEntry> entries;  ///< All entries from then on.
 };
 
 /// Replaces the metadata, all but `modifiedAt`, which is the current instant afterwards.
 struct ReplaceMetadata {
-  ProjectMetadata metadata;
+  ProjectMetadata metadata;  ///< Its `modifiedAt` is not used.
 };
 
 /// Replaces the stage.
 struct ReplaceStage {
-  StageDefinition stage;
+  StageDefinition stage;  ///< The stage from then on.
 };
 
 /// Puts another input list in the place of the present one.
 struct ReplaceInputs {
-  List<InputChannel> inputs;
+  List<InputChannel> inputs;  ///< All inputs from then on.
 };
 
 /// Puts another list of monitor mixes in the place of the present one.
 struct ReplaceMonitorMixes {
-  List<MonitorMix> monitorMixes;
+  List<MonitorMix> monitorMixes;  ///< All mixes from then on.
 };
 
 /// Puts another list of equipment in the place of the present one.
 struct ReplaceEquipment {
-  List<EquipmentRequirement> equipmentRequirements;
+  List<EquipmentRequirement> equipmentRequirements;  ///< All lines from then on.
 };
 
 /// Puts another list of notes in the place of the present one.
 struct ReplaceNotes {
-  List<ProjectNote> notes;
+  List<ProjectNote> notes;  ///< All notes from then on.
 };
 
 /// Puts another project in the place of the present one, its `modifiedAt` included.
 struct ReplaceProject {
-  KorrinProject project;
+  KorrinProject project;  ///< The project from then on, whole.
 };
 
 /// Applies commands one after the other. Compounds nest to any depth. The inverse holds the
@@ -101,7 +101,7 @@ struct ReplaceProject {
 ///
 /// An empty compound changes nothing.
 struct Compound {
-  std::vector<DocumentCommand> commands;
+  std::vector<DocumentCommand> commands;  ///< In the order in which they are applied.
 };
 
 /// One of the cases; `index()` counts them from 0 in this order.

@@ -14,7 +14,7 @@ struct CommandResult {
   /// The command that brings the edited project back to what it was; see `DocumentCommand`. A host
   /// keeps it for undo.
   DocumentCommand inverse;
-  ChangeSet changes;
+  ChangeSet changes;  ///< What to refresh.
 };
 
 }  // namespace korrin

@@ -21,8 +21,10 @@ struct CommandResult;
 /// flat command does, however deep the nesting.
 class DocumentCommand {
  public:
-  using Payload = CommandPayload;
+  using Payload = CommandPayload;  ///< One of the fourteen cases.
 
+  /// @{
+  /// The command that carries this, unlooked at; see the case of the same name.
   static DocumentCommand insertItems(List<PlotItem> items);
   static DocumentCommand deleteItems(IDSet itemIDs);
   static DocumentCommand replaceItems(List<PlotItem> items);
@@ -37,9 +39,12 @@ class DocumentCommand {
   static DocumentCommand replaceNotes(List<ProjectNote> notes);
   static DocumentCommand replaceProject(KorrinProject project);
   static DocumentCommand compound(std::vector<DocumentCommand> commands);
+  /// @}
 
   // A move would leave a command without a payload behind; a copy costs hardly more.
+  /// Shares the payload.
   DocumentCommand(const DocumentCommand&) noexcept = default;
+  /// Shares the payload.
   DocumentCommand& operator=(const DocumentCommand&) noexcept = default;
   ~DocumentCommand() = default;
 

@@ -24,8 +24,8 @@ namespace korrin {
 /// A case and its raw value.
 template <class Enumeration>
 struct Case {
-  Enumeration value;
-  std::string_view rawValue;
+  Enumeration value;          ///< The case.
+  std::string_view rawValue;  ///< The text that stands for it, different from all others.
 };
 template <class Enumeration>
 Case(Enumeration, const char*) -> Case<Enumeration>;
@@ -35,11 +35,13 @@ Case(Enumeration, const char*) -> Case<Enumeration>;
 template <class Enumeration>
 struct CaseTable;
 
+/// An enumeration with a case table.
 template <class T>
 concept RawValueEnumeration = requires {
   CaseTable<T>::cases;
 };
 
+/// An enumeration whose table does not keep its list to itself.
 template <class T>
 concept ListedEnumeration = RawValueEnumeration<T> && !requires {
   CaseTable<T>::isHidden;

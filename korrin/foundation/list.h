@@ -54,6 +54,8 @@ class List {
   using Slot = detail::ListSlot<T>;
 
  public:
+  /// @{
+  /// What algorithms ask for. Elements are changed by `edit` alone, hence no type that changes one.
   using value_type = T;
   using size_type = std::size_t;
   using difference_type = std::ptrdiff_t;
@@ -61,14 +63,18 @@ class List {
   using const_reference = const T&;
   using const_iterator = detail::ListIterator<T>;
   using iterator = const_iterator;
+  /// @}
 
+  /// The empty list, which has no storage.
   List() = default;
+  /// Copies of the elements, in their order.
   List(std::initializer_list<T> elements) : List(elements.begin(), elements.end()) {}
   /// Implicit, so that a vector serves wherever a list is asked for. Moves the elements.
   List(std::vector<T> elements) {  // NOLINT(google-explicit-constructor)
     reserve(elements.size());
     for (auto&& element : elements) emplace_back(std::move(element));
   }
+  /// Copies of the elements from `first` up to `last`.
   template <std::input_iterator Iterator, std::sentinel_for<Iterator> Sentinel>
   List(Iterator first, Sentinel last) {
     if constexpr (std::sized_sentinel_for<Sentinel, Iterator>)
@@ -76,7 +82,9 @@ class List {
     for (; first != last; ++first) emplace_back(*first);
   }
 
+  /// Number of elements.
   std::size_t size() const noexcept { return spine_ ? spine_->size() : 0; }
+  /// Whether there is no element.
   bool empty() const noexcept { return size() == 0; }
 
   /// Element `index`. Aborts when there is none: the check is part of finding the leaf.
@@ -85,17 +93,21 @@ class List {
     const std::size_t k = spine_->leafOf(index);
     return spine_->leaf(k).slots()[index - spine_->startOf(k)].value();
   }
-  /// The first and the last element. Abort when the list is empty.
+  /// The first element. Aborts when the list is empty.
   const T& front() const noexcept { return (*this)[0]; }
+  /// The last element. Aborts when the list is empty.
   const T& back() const noexcept { return (*this)[size() - 1]; }
 
+  /// The start and the end of the elements, for reading at random.
   const_iterator begin() const noexcept {
     return spine_ ? const_iterator(spine_.get(), 0) : const_iterator();
   }
+  /// @copydoc begin
   const_iterator end() const noexcept {
     return spine_ ? const_iterator(spine_.get(), spine_->size()) : const_iterator();
   }
 
+  /// Copies of the elements, in their order.
   std::vector<T> toVector() const { return std::vector<T>(begin(), end()); }
 
   /// The one way to a mutable element, which is copied first if another list shares it. Use the
@@ -119,7 +131,9 @@ class List {
     [[maybe_unused]] const Slot former = leaf.replace(index - spine_->startOf(k), std::move(slot));
   }
 
+  /// Puts an element at the end.
   void push_back(const T& element) { emplace_back(element); }
+  /// @copydoc push_back
   void push_back(T&& element) { emplace_back(std::move(element)); }
 
   /// Builds an element at the end. The reference to it may be used as that of `edit`.
@@ -210,6 +224,8 @@ class List {
     return removedCount;
   }
 
+  /// @{
+  /// Puts other elements in the place of the present ones.
   void assign(std::initializer_list<T> elements) { *this = List(elements); }
   template <std::input_iterator Iterator, std::sentinel_for<Iterator> Sentinel>
   void assign(Iterator first, Sentinel last) {
@@ -221,6 +237,7 @@ class List {
     for (std::size_t i = 0; i < count; ++i) next.push_back(element);
     *this = std::move(next);
   }
+  /// @}
 
   /// Removes all elements and gives up the storage.
   void clear() noexcept { spine_ = {}; }
@@ -256,8 +273,9 @@ class List {
     }
   }
 
-  // Sharing storage is no proof of equality: an element that holds a NaN differs from itself, and
-  // so does a list that holds it.
+  /// Whether all elements are equal, in their order.
+  // Sharing storage is no proof of it: an element that holds a NaN differs from itself, and so does
+  // a list that holds it.
   friend bool operator==(const List& a, const List& b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
   }

@@ -17,6 +17,8 @@
 
 #include "korrin/foundation/uuid.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
 /// The member under which an element of a list is looked for: an identifier, an optional one or a
@@ -139,3 +141,5 @@ class ListMarks<T> {
 
 }  // namespace detail
 }  // namespace korrin
+
+#pragma GCC visibility pop

@@ -34,10 +34,10 @@ using IDSet = std::unordered_set<UUID>;
 /// One field of a record: its key in documents, which is its name, and where it is held.
 template <class Record, class Value>
 struct Field {
-  using ValueType = Value;
+  using ValueType = Value;  ///< What the field holds.
 
-  std::string_view key;
-  Value Record::*member;
+  std::string_view key;   ///< ASCII letters and digits.
+  Value Record::*member;  ///< Never null.
 };
 template <class Record, class Value>
 Field(const char*, Value Record::*) -> Field<Record, Value>;

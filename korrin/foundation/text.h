@@ -30,7 +30,9 @@ class Text {
   Text() = default;
   /// Every ill-formed sequence of bytes is replaced by one U+FFFD.
   Text(std::string utf8);
+  /// As from a string.
   Text(std::string_view utf8) : Text(std::string(utf8)) {}
+  /// As from a string; `utf8` ends in a zero byte.
   Text(const char* utf8) : Text(std::string(utf8)) {}
   Text(std::nullptr_t) = delete;
   template <std::integral Number>
@@ -38,19 +40,23 @@ class Text {
 
   /// The bytes as stored, well-formed UTF-8. Valid as long as this text or a copy of it lives.
   const std::string& str() const noexcept { return storage_ ? storage_->utf8 : emptyString(); }
+  /// The same bytes. Valid as long as this text or a copy of it lives.
   operator std::string_view() const noexcept {
     return storage_ ? std::string_view(storage_->utf8) : std::string_view();
   }
 
+  /// Whether there is no character, not so much as a blank.
   bool empty() const noexcept { return !storage_; }
 
   /// Whether nothing but white space (the Unicode property White_Space) stands in the text; true
   /// for the empty text.
   bool isBlank() const noexcept;
 
+  /// Canonical equivalence.
   friend bool operator==(const Text& a, const Text& b) noexcept {
     return a.storage_.get() == b.storage_.get() || a.normalForm() == b.normalForm();
   }
+  /// By the scalar values of the composed forms.
   friend std::strong_ordering operator<=>(const Text& a, const Text& b) noexcept {
     // The order of UTF-8 bytes is the order of scalar values.
     if (a.storage_.get() == b.storage_.get()) return std::strong_ordering::equal;
@@ -66,6 +72,7 @@ class Text {
     const std::string_view view = b;
     return std::string_view(a) == view || a == Text(view);
   }
+  /// Order against a string or literal, in the same way.
   template <class String>
   requires(std::convertible_to<const String&, std::string_view> &&
            !std::same_as<String, Text>) friend std::strong_ordering

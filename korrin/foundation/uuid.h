@@ -18,13 +18,14 @@ namespace korrin {
 /// A universally unique identifier: 16 bytes, compared and ordered byte by byte.
 class UUID {
  public:
-  using Bytes = std::array<std::uint8_t, 16>;
+  using Bytes = std::array<std::uint8_t, 16>;  ///< In the order of the text form.
 
   /// Number of characters of the text form.
   static constexpr std::size_t textLength = 36;
 
   /// The nil identifier: 16 zero bytes.
   constexpr UUID() = default;
+  /// The identifier of these bytes, whatever their version.
   constexpr explicit UUID(const Bytes& bytes) : bytes_(bytes) {}
 
   /// A fresh version 4 identifier from the operating system's generator. Throws std::system_error
@@ -42,6 +43,7 @@ class UUID {
   /// terminator.
   void writeText(char* out) const;
 
+  /// The 16 bytes.
   constexpr const Bytes& bytes() const { return bytes_; }
 
   friend constexpr bool operator==(const UUID&, const UUID&) = default;

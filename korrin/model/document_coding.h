@@ -17,8 +17,8 @@ namespace korrin {
 
 /// The two version fields of a project's document.
 struct DocumentVersions {
-  std::int64_t schemaVersion;
-  std::int64_t minimumReaderVersion;
+  std::int64_t schemaVersion;         ///< Version of the format that wrote the document.
+  std::int64_t minimumReaderVersion;  ///< Lowest format version that can read it.
 
   friend bool operator==(const DocumentVersions&, const DocumentVersions&) = default;
 };

@@ -58,8 +58,8 @@ static_assert(tableIsComplete<PlotItemStyle>);
 
 /// One symbol on the stage.
 struct PlotItem {
-  UUID id;
-  PlotItemKind kind;
+  UUID id;            ///< No other item of a valid project has it.
+  PlotItemKind kind;  ///< For legends and lists; what is drawn is `assetID`.
   /// The artwork: a built-in identifier such as "krn.instrument.drums.v1", or the `sha256` of an
   /// entry of the project's asset manifest.
   Text assetID;
@@ -74,7 +74,7 @@ struct PlotItem {
   Text label;                   ///< Shown beside the symbol; may be empty.
   /// Height of a riser in millimetres; absent for every other kind and while it is not known.
   std::optional<double> riserHeightMillimeters;
-  PlotItemStyle style;
+  PlotItemStyle style;  ///< Of the symbol and its label.
 
   /// The text a legend or a printed list shows for the item: its label; for a riser whose height is
   /// finite and above 0 also the height in metres, as in "Drums · H 0.60 m", or "H 0.60 m" alone
@@ -109,8 +109,8 @@ inline constexpr auto searchKey<PlotItem> = &PlotItem::id;
 
 /// A drawing layer.
 struct PlotLayer {
-  UUID id;
-  Text name;
+  UUID id;              ///< No other layer of a valid project has it.
+  Text name;            ///< Shown in the list of layers.
   bool isVisible;       ///< Whether the layer's items are drawn and can be selected.
   bool isLocked;        ///< Whether the layer's items are kept from selection and editing.
   std::int64_t zIndex;  ///< Stacking position; a higher value draws above a lower one.
@@ -133,8 +133,8 @@ static_assert(tableIsComplete<PlotLayer>);
 /// Items that are selected and moved together. The items name their group as well; the grouping
 /// command keeps the two sides consistent.
 struct PlotGroup {
-  UUID id;
-  Text name;
+  UUID id;             ///< No other group of a valid project has it.
+  Text name;           ///< "Group " and a number when the grouping command made it.
   List<UUID> itemIDs;  ///< The members, in the order given.
 
   friend bool operator==(const PlotGroup&, const PlotGroup&) = default;

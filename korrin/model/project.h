@@ -18,15 +18,15 @@ enum class KorrinTemplateID;
 
 /// Who and what a plot is for.
 struct ProjectMetadata {
-  Text title;
-  Text artist;  ///< The act.
-  Text venue;
+  Text title;                        ///< Heads the printed plot.
+  Text artist;                       ///< The act.
+  Text venue;                        ///< Where it is played; empty while that is open.
   std::optional<Instant> eventDate;  ///< Absent while no date is set.
   Text preparedBy;                   ///< Who drew the plot.
   Text contactEmail;                 ///< Stored as given, never checked.
   Text revision;                     ///< A label, not a number; "1" for a new document.
-  Instant createdAt;
-  Instant modifiedAt;  ///< Set by every edit; see `DocumentCommand`.
+  Instant createdAt;                 ///< When the document was made.
+  Instant modifiedAt;                ///< Set by every edit; see `DocumentCommand`.
 
   friend bool operator==(const ProjectMetadata&, const ProjectMetadata&) = default;
 };
@@ -58,11 +58,11 @@ struct CaseTable<PaperSize> {
 
 /// What a printed or exported plot includes beside the drawing.
 struct ExportSettings {
-  PaperSize paperSize;
-  bool includeInputList;
-  bool includeMonitorMixes;
-  bool includeEquipment;
-  bool includeNotes;
+  PaperSize paperSize;       ///< Of every page.
+  bool includeInputList;     ///< Whether `inputs` are printed.
+  bool includeMonitorMixes;  ///< Whether `monitorMixes` are printed.
+  bool includeEquipment;     ///< Whether `equipmentRequirements` are printed.
+  bool includeNotes;         ///< Whether `notes` are printed.
 
   friend bool operator==(const ExportSettings&, const ExportSettings&) = default;
 };
@@ -107,17 +107,17 @@ static_assert(tableIsComplete<AssetManifestEntry>);
 struct KorrinProject {
   std::int64_t schemaVersion;         ///< Version of the format that wrote the document.
   std::int64_t minimumReaderVersion;  ///< Lowest format version that can read it.
-  ProjectMetadata metadata;
-  StageDefinition stage;
-  List<PlotLayer> layers;
-  List<PlotItem> items;  ///< In stacking order within a layer; new items stand at the end.
-  List<PlotGroup> groups;
-  List<InputChannel> inputs;
-  List<MonitorMix> monitorMixes;
-  List<EquipmentRequirement> equipmentRequirements;
-  List<ProjectNote> notes;
-  ExportSettings exportSettings;
-  List<AssetManifestEntry> assetManifest;
+  ProjectMetadata metadata;           ///< Who and what the plot is for.
+  StageDefinition stage;              ///< What the plot is drawn on.
+  List<PlotLayer> layers;             ///< What items are drawn on and locked by; may be empty.
+  List<PlotItem> items;           ///< In stacking order within a layer; new items stand at the end.
+  List<PlotGroup> groups;         ///< The newest stands at the end.
+  List<InputChannel> inputs;      ///< In the order of the printed list.
+  List<MonitorMix> monitorMixes;  ///< In the order of the printed list.
+  List<EquipmentRequirement> equipmentRequirements;  ///< In the order of the printed list.
+  List<ProjectNote> notes;                           ///< In the order in which they are printed.
+  ExportSettings exportSettings;                     ///< How the plot is printed.
+  List<AssetManifestEntry> assetManifest;            ///< The images that came with the plot.
 
   /// The format version that this library writes and understands.
   static constexpr std::int64_t currentSchemaVersion = 1;

@@ -17,13 +17,13 @@ namespace korrin {
 
 /// One row of the input list.
 struct InputChannel {
-  UUID id;
+  UUID id;                              ///< No other input of a valid project has it.
   std::optional<std::int64_t> channel;  ///< Console channel; absent while none is assigned.
   Text source;                          ///< What is plugged in.
   Text microphoneOrDI;                  ///< Microphone model or DI box.
   Text stand;                           ///< The stand required; empty for none.
   bool phantomPower;                    ///< Whether the channel needs phantom power.
-  Text notes;
+  Text notes;                           ///< Such as "Pre-EQ".
   std::optional<UUID> plotItemID;  ///< The item that shows the source; absent while not placed.
 
   friend bool operator==(const InputChannel&, const InputChannel&) = default;
@@ -48,7 +48,7 @@ inline constexpr auto searchKey<InputChannel> = &InputChannel::plotItemID;
 
 /// One monitor mix.
 struct MonitorMix {
-  UUID id;
+  UUID id;                             ///< No other mix of a valid project has it.
   std::optional<std::int64_t> number;  ///< Mix number; absent while none is assigned.
   Text name;                           ///< Whom or what the mix is for, such as "Keys".
   Text type;                           ///< Kind of monitor, such as "Wedge".
@@ -77,7 +77,7 @@ inline constexpr auto searchKey<MonitorMix> = &MonitorMix::plotItemID;
 
 /// One line of equipment to be provided.
 struct EquipmentRequirement {
-  UUID id;
+  UUID id;                         ///< No other line of equipment of a valid project has it.
   Text category;                   ///< Such as "Power" or "Staging".
   Text item;                       ///< What is needed, such as "Clean 230 V power".
   std::int64_t quantity;           ///< How many; preflight reports values below 1.
@@ -106,9 +106,9 @@ inline constexpr auto searchKey<EquipmentRequirement> = &EquipmentRequirement::p
 
 /// A free note to the venue.
 struct ProjectNote {
-  UUID id;
+  UUID id;     ///< No other note of a valid project has it.
   Text title;  ///< Such as "Soundcheck".
-  Text body;
+  Text body;   ///< Any length, line breaks included.
 
   friend bool operator==(const ProjectNote&, const ProjectNote&) = default;
 };

@@ -67,11 +67,11 @@ class PreflightIssue {
                  std::optional<UUID> relatedID = std::nullopt,
                  std::optional<UUID> recordID = std::nullopt);
 
-  Text id;
-  PreflightRule rule;
-  PreflightSeverity severity;
-  Text title;   ///< A short heading.
-  Text detail;  ///< One sentence of explanation or advice.
+  Text id;                     ///< Tells the finding from others; see the constructor.
+  PreflightRule rule;          ///< The check that found it.
+  PreflightSeverity severity;  ///< How much it matters.
+  Text title;                  ///< A short heading.
+  Text detail;                 ///< One sentence of explanation or advice.
   /// The plot item that the issue concerns or that the concerned record points at; absent when
   /// there is none in the project.
   std::optional<UUID> relatedID;

@@ -45,8 +45,8 @@ std::string_view systemImage(KorrinTemplateID id);
 
 /// A starting document and its name.
 struct KorrinTemplate {
-  KorrinTemplateID id;
-  KorrinProject project;
+  KorrinTemplateID id;    ///< Which one it is.
+  KorrinProject project;  ///< For looking at; plots begin from fresh ones.
 
   /// All templates in the order of their identifiers. Built on first use, from the system's clock
   /// and identifiers, and the same list ever after, so a host that opens one of these more than

@@ -13,6 +13,7 @@ namespace korrin {
 /// What is structurally wrong with a project or an embedded image. Compared and hashed by its case.
 class DocumentValidationError : public std::exception {
  public:
+  /// The cases.
   enum Code {
     duplicateIdentifiers,  ///< Two records of one list carry the same identifier.
     invalidGeometry,       ///< A stage or item dimension is not finite or out of range.
@@ -20,13 +21,16 @@ class DocumentValidationError : public std::exception {
     imageTooLarge,         ///< More pixels, or a larger page, than is safe to draw.
   };
 
+  /// Implicit, so that an error compares with a case.
   DocumentValidationError(Code code) noexcept : code_(code) {}  // NOLINT: a case is an error
 
+  /// The case.
   Code code() const noexcept { return code_; }
 
   /// The sentence to show to the user.
   const char* what() const noexcept override;
 
+  /// Whether the cases are the same.
   friend bool operator==(const DocumentValidationError& a,
                          const DocumentValidationError& b) noexcept {
     return a.code_ == b.code_;

@@ -5,6 +5,7 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <optional>
 #include <string>
@@ -17,11 +18,14 @@
 
 #include "asset_command.h"
 #include "check_command.h"
+#include "command_page.h"
 #include "document_file.h"
 #include "edit_command.h"
 #include "edit_session.h"
 #include "exit_code.h"
 #include "fmt_command.h"
+#include "help_text.h"
+#include "manual.h"
 #include "new_command.h"
 #include "plot_document.h"
 #include "render_command.h"
@@ -42,19 +46,26 @@ constexpr auto exitStatuses =
     "  3   a document needs a newer version of korrin\n"
     "  64  the command line cannot be understood";
 
+/// The raw values of an enumeration, parted by commas.
+template <class Enumeration>
+std::string wordsOf() {
+  std::string words;
+  for (const Enumeration choice : allCases<Enumeration>())
+    words += (words.empty() ? "" : ", ") + std::string(rawValue(choice));
+  return words;
+}
+
 /// An option that takes the raw values of an enumeration, and a help text that ends in them.
 template <class Enumeration>
 void addChoice(CLI::App& command, const std::string& name, Enumeration& value,
                const std::string& valueName, const std::string& description) {
-  std::string words;
-  for (const Enumeration choice : allCases<Enumeration>())
-    words += (words.empty() ? "" : ", ") + std::string(rawValue(choice));
-  const auto read = [&value, words](const std::string& word) {
+  const auto read = [&value](const std::string& word) {
     const std::optional<Enumeration> choice = fromRawValue<Enumeration>(word);
-    if (!choice) throw CLI::ValidationError("there is no \"" + word + "\" among " + words);
+    if (!choice)
+      throw CLI::ValidationError("there is no \"" + word + "\" among " + wordsOf<Enumeration>());
     value = *choice;
   };
-  command.add_option_function<std::string>(name, read, description + ": " + words)
+  command.add_option_function<std::string>(name, read, description + ": " + wordsOf<Enumeration>())
       ->type_name(valueName);
 }
 
@@ -68,6 +79,14 @@ void addAssets(CLI::App& command, AssetOptions& options) {
   command.add_flag("--builtin-assets", options.useBuiltin,
                    "The symbols of the templates and example plots are known");
 }
+
+/// Prints help in the words and the width of this program.
+class HelpFormatter : public CLI::Formatter {
+ public:
+  std::string make_help(const CLI::App* command, std::string, CLI::AppFormatMode) const override {
+    return helpText(pageOf(*command));
+  }
+};
 
 CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
   CLI::App* command = app.add_subcommand("check", "Say what plots still lack or get wrong");
@@ -87,7 +106,10 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
       "Without known assets the rule missingAsset is not run.\n"
       "With --assets, each image of a plot's manifest must be in a folder (not in one inside it),\n"
       "as long as the manifest says, and safe to draw, by itself and together with the others.\n"
-      "The first of several words is the default.\n\n" +
+      "The first of several words is the default.\n\n"
+      "Examples:\n"
+      "  korrin check --builtin-assets plot.json  what a venue's crew would trip over\n"
+      "  korrin check --format json *.json        the same of many, for programs\n\n" +
       std::string(exitStatuses));
   return command;
 }
@@ -109,7 +131,10 @@ CLI::App* addFormat(CLI::App& app, FormatOptions& options) {
   command->footer(
       "Keys that the format does not know are dropped, and named on standard error.\n"
       "The plot is not validated. A file is replaced all at once or not at all.\n"
-      "The first of several words is the default.\n\n" +
+      "The first of several words is the default.\n\n"
+      "Examples:\n"
+      "  korrin fmt --pretty plot.json             for reading\n"
+      "  korrin fmt --pretty -o plot.json plot.json  in its place\n\n" +
       std::string(exitStatuses));
   return command;
 }
@@ -127,7 +152,10 @@ CLI::App* addEdit(CLI::App& app, EditOptions& options) {
   command->add_flag("--pretty", options.isPretty, "Save the plot indented");
   command->footer(editCommandsHelp() +
                   "\n\nA script ends at the first line that is refused, with exit status 2.\n"
-                  "Keys that the format does not know are dropped when the plot is saved.\n\n" +
+                  "Keys that the format does not know are dropped when the plot is saved.\n\n"
+                  "Examples:\n"
+                  "  korrin edit plot.json  commands as they are typed\n"
+                  "  korrin edit --script changes.korrin plot.json  commands from a file\n\n" +
                   std::string(exitStatuses));
   return command;
 }
@@ -161,7 +189,8 @@ CLI::App* addNew(CLI::App& app, NewOptions& options) {
           throw CLI::ValidationError("there is no template \"" + word +
                                      "\"; korrin templates lists them");
       },
-      "The template to begin with; see korrin templates");
+      "The template to begin with, as korrin templates describes them: " +
+          wordsOf<KorrinTemplateID>());
   chosen->type_name("ID");
   command->add_flag("--example", options.isExample, "A festival plot that shows everything")
       ->excludes(chosen);
@@ -170,7 +199,11 @@ CLI::App* addNew(CLI::App& app, NewOptions& options) {
                    "Where to write; standard output when absent or -")
       ->type_name("FILE");
   command->add_flag("--force", options.isForced, "Replace a file that is there already");
-  command->footer(exitStatuses);
+  command->footer(
+      "Examples:\n"
+      "  korrin new --template power_trio -o trio.json  a plot that is complete already\n"
+      "  korrin new -o plot.json                        an empty one\n\n" +
+      std::string(exitStatuses));
   return command;
 }
 
@@ -219,7 +252,10 @@ CLI::App* addRender(CLI::App& app, RenderOptions& options) {
   command->footer(
       "The plot's export settings say on which paper and with which lists. The plot is validated\n"
       "first. A file is replaced all at once or not at all, and never when it is a plot.\n"
-      "The first of several words is the default.\n\n" +
+      "The first of several words is the default.\n\n"
+      "Examples:\n"
+      "  korrin render --pdf -o plot.pdf plot.json    for the venue\n"
+      "  korrin render --plot-only plot.json >plot.svg  for a page of one's own\n\n" +
       std::string(exitStatuses));
   return command;
 }
@@ -250,9 +286,13 @@ bool readsTwice(const std::vector<std::string>& inputs) {
 
 ExitCode run(int argc, char** argv, Console& console) {
   CLI::App app("Makes, checks, rewrites, edits and draws stage plots.", "korrin");
-  app.set_version_flag("--version", "korrin " KORRIN_VERSION);
+  app.formatter(std::make_shared<HelpFormatter>());  // before the commands, which take it over
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.set_version_flag("--version", "korrin " KORRIN_VERSION, "Print the version and exit");
+  std::string manualFolder;
+  app.add_option("--write-manual", manualFolder)->group("");  // for whoever packages the program
   app.require_subcommand(0, 1);
-  app.footer(exitStatuses);
+  app.footer("korrin COMMAND --help tells more of a command.\n\n" + std::string(exitStatuses));
   CheckOptions checkOptions;
   FormatOptions formatOptions;
   EditOptions editOptions;
@@ -275,6 +315,10 @@ ExitCode run(int argc, char** argv, Console& console) {
     return ExitCode::clean;
   } catch (const CLI::ParseError& error) {
     return misused(console, error.what());
+  }
+  if (!manualFolder.empty()) {
+    writeManual(pageOf(app), KORRIN_VERSION, manualFolder);
+    return ExitCode::clean;
   }
   const std::vector<std::string> unknown = app.remaining();
   if (!unknown.empty()) return misused(console, "there is no command \"" + unknown.front() + "\"");

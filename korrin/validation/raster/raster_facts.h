@@ -23,12 +23,13 @@ std::string_view name(RasterFormat format) noexcept;
 /// Width and height in pixels as stored, before any orientation or crop is applied. Either may be
 /// zero: headers can say so.
 struct PixelSize {
-  std::uint64_t width;
-  std::uint64_t height;
+  std::uint64_t width;   ///< Pixels in a row.
+  std::uint64_t height;  ///< Rows.
 
   friend bool operator==(const PixelSize&, const PixelSize&) = default;
 };
 
+/// What is known of one image.
 struct RasterFacts {
   /// Known from the first bytes, however damaged the rest is.
   RasterFormat format;
