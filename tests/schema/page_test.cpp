@@ -57,12 +57,12 @@ TEST(Page, OpensASectionWithTheParagraphUnderItsHeading) {
 TEST(Page, FindsARowByItsFirstCellOrTheCodeThatBeginsIt) {
   const Page page(markdown);
   const auto row = [&page](std::string_view name) {
-    const TableRow* found = page.row("A record", name);
-    return found == nullptr ? TableRow{} : *found;
+    const PageRow* found = page.row("A record", name);
+    return found == nullptr ? PageRow{} : *found;
   };
-  EXPECT_EQ(row("x"), (TableRow{"`x`", "to the right"}));
-  EXPECT_EQ(row("y"), (TableRow{"`y` (new)", "downward"}));
-  EXPECT_EQ(row("plain words"), (TableRow{"plain words", "so"}));
+  EXPECT_EQ(row("x"), (PageRow{"`x`", "to the right"}));
+  EXPECT_EQ(row("y"), (PageRow{"`y` (new)", "downward"}));
+  EXPECT_EQ(row("plain words"), (PageRow{"plain words", "so"}));
   EXPECT_EQ(page.row("A record", "a"), nullptr);
   EXPECT_EQ(page.row("A record", "key"), nullptr);
   EXPECT_EQ(page.row("Another record", "x"), nullptr);

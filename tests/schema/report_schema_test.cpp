@@ -1,4 +1,4 @@
-// The schema of check reports against reports of the program, by the judgement of a validator of
+// The schemas of reports against reports of the program, by the judgement of a validator of
 // other authors.
 
 #include <set>
@@ -17,23 +17,38 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr auto published = "urn:korrincore:check-report:1";
-constexpr auto closed = "urn:korrincore:check-report:closed";
+// A schema, by what is asked of korrin and by its identifier.
+struct Subject {
+  std::string schema;
+  std::string id;
 
-// The schema without room for keys that it does not name, as which it describes every key.
-std::string closedSchema() {
-  Json schema = Json::parse(reportSchema());
-  schema["$id"] = closed;
-  for (auto& [name, definition] : schema["$defs"].items())
-    if (definition.contains("properties")) definition["additionalProperties"] = false;
-  return schema.dump();
+  std::string closedId() const { return id + ":closed"; }
+
+  // Without room for keys that it does not name, so that it has to describe every key.
+  std::string closedSchema() const {
+    Json closed = Json::parse(schema);
+    closed["$id"] = closedId();
+    for (auto& [name, definition] : closed["$defs"].items())
+      if (definition.contains("properties")) definition["additionalProperties"] = false;
+    return closed.dump();
+  }
+};
+const Subject checkReport = {reportSchema(), "urn:korrincore:check-report:1"};
+const Subject assetReport = {assetReportSchema(), "urn:korrincore:asset-report:1"};
+
+std::vector<std::string> verdictsOn(const std::vector<std::string>& reports, const Subject& subject,
+                                    const std::string& id) {
+  std::vector<test::SchemaCase> cases;
+  for (const std::string& report : reports) cases.push_back({id, report});
+  return test::verdictsOn(cases, {subject.schema, subject.closedSchema()});
 }
 
-std::vector<std::string> verdictsOn(const std::vector<std::string>& reports,
-                                    const std::string& schema) {
-  std::vector<test::SchemaCase> cases;
-  for (const std::string& report : reports) cases.push_back({schema, report});
-  return test::verdictsOn(cases, {reportSchema(), closedSchema()});
+void expectDescribed(const std::vector<std::string>& reports, const Subject& subject) {
+  for (const std::string& id : {subject.id, subject.closedId()}) {
+    const std::vector<std::string> verdicts = verdictsOn(reports, subject, id);
+    for (std::size_t i = 0; i < reports.size(); ++i)
+      EXPECT_EQ(verdicts[i], "valid") << id << ": " << reports[i];
+  }
 }
 
 // Reports with every kind of outcome.
@@ -55,7 +70,8 @@ std::vector<std::string> realReports() {
         "--dates secondsSinceReferenceDate $D/festival-other-host.json",
         "$D/festival-other-host.json", "- <$D/festival-main-stage.json", "newer.json",
         "unsafe.json", "mistyped.json", "empty.json", ".", "missing.json", "a?.json",
-        "--builtin-assets $D/*.json *.json missing.json"})
+        "--assets $D/../assets $D/trio-with-artwork.json", "--assets . $D/trio-with-artwork.json",
+        "--builtin-assets --assets $D/../assets $D/*.json *.json missing.json"})
     reports.push_back(scratch.korrin("check --format json " + arguments).out);
   return reports;
 }
@@ -63,11 +79,7 @@ std::vector<std::string> realReports() {
 TEST(ReportSchema, AdmitsWhatIsReportedAndDescribesEveryKeyOfIt) {
   if (const std::string why = test::whyNoValidator(); !why.empty()) GTEST_SKIP() << why;
   const std::vector<std::string> reports = realReports();
-  for (const std::string schema : {published, closed}) {
-    const std::vector<std::string> verdicts = verdictsOn(reports, schema);
-    for (std::size_t i = 0; i < reports.size(); ++i)
-      EXPECT_EQ(verdicts[i], "valid") << schema << ": " << reports[i];
-  }
+  expectDescribed(reports, checkReport);
   std::set<std::string> statuses;
   for (const std::string& text : reports) {
     const Json report = Json::parse(text);
@@ -75,6 +87,22 @@ TEST(ReportSchema, AdmitsWhatIsReportedAndDescribesEveryKeyOfIt) {
   }
   EXPECT_EQ(statuses, (std::set<std::string>{"clean", "findings", "invalid", "needsNewerVersion",
                                              "notAPlot", "unreadable"}));
+}
+
+TEST(ReportSchema, AdmitsAndDescribesWhatIsReportedOnImages) {
+  if (const std::string why = test::whyNoValidator(); !why.empty()) GTEST_SKIP() << why;
+  const Scratch scratch;
+  scratch.write("text.png", "no image");
+  const std::string images = "$D/../assets/logo.png $D/../assets/power-distribution.pdf";
+  std::vector<std::string> reports;
+  for (const std::string& arguments : {images, images + " " + images, images + " text.png missing",
+                                       std::string("."), "--media-type image/gif " + images})
+    reports.push_back(scratch.korrin("asset --format json " + arguments).out);
+  expectDescribed(reports, assetReport);
+  EXPECT_EQ(verdictsOn({replaced(reports[0], "\"accepted\"", "\"loved\""),
+                        replaced(reports[0], "\"maximumTotalPixels\"", "\"limit\"")},
+                       assetReport, assetReport.id),
+            std::vector<std::string>(2, "invalid"));
 }
 
 // The paths of everything below a report's object.
@@ -90,9 +118,14 @@ std::vector<Json::json_pointer> pathsOf(const Json& report) {
 TEST(ReportSchema, DemandsEveryKeyWithItsType) {
   if (const std::string why = test::whyNoValidator(); !why.empty()) GTEST_SKIP() << why;
   const Scratch scratch;
-  const Json report = Json::parse(
-      scratch.korrin("check --format json $D/festival-main-stage.json missing.json").out);
-  const std::set<std::string> nullable = {"relatedID", "recordID", "keyPath"};
+  const Json report =
+      Json::parse(scratch
+                      .korrin("check --format json --assets . $D/festival-main-stage.json "
+                              "$D/trio-with-artwork.json missing.json")
+                      .out);
+  const std::set<std::string> nullable = {"relatedID",     "recordID", "keyPath", "remark",
+                                          "file",          "type",     "size",    "pixels",
+                                          "manifestEntry", "assets"};
   std::vector<std::string> wrong;
   std::vector<std::string> right;
   for (const Json::json_pointer& path : pathsOf(report)) {
@@ -107,7 +140,7 @@ TEST(ReportSchema, DemandsEveryKeyWithItsType) {
       right.push_back(changed.dump());
     }
     for (const Json& other :
-         {Json(), Json(true), Json(-1), Json(0.5), Json("x"), Json::array({1}), Json::object()}) {
+         {Json(), Json(true), Json(0.5), Json("x"), Json::array({1}), Json::object()}) {
       const bool mayBeNull = nullable.contains(path.back());
       if (other.type() == value.type() && !other.is_number_float()) continue;
       if (mayBeNull && (other.is_null() || other.is_string())) continue;
@@ -117,8 +150,9 @@ TEST(ReportSchema, DemandsEveryKeyWithItsType) {
     }
   }
   EXPECT_GT(wrong.size(), 200u);
-  for (const std::string& verdict : verdictsOn(right, published)) EXPECT_EQ(verdict, "valid");
-  const std::vector<std::string> verdicts = verdictsOn(wrong, published);
+  for (const std::string& verdict : verdictsOn(right, checkReport, checkReport.id))
+    EXPECT_EQ(verdict, "valid");
+  const std::vector<std::string> verdicts = verdictsOn(wrong, checkReport, checkReport.id);
   for (std::size_t i = 0; i < wrong.size(); ++i) EXPECT_EQ(verdicts[i], "invalid") << wrong[i];
 }
 
@@ -133,9 +167,10 @@ TEST(ReportSchema, TiesTheStatusToWhatIsReported) {
                         replaced(refused, "\"unreadable\"", "\"clean\""),
                         replaced(inspected, "\"information\",", "\"grave\","),
                         replaced(inspected, "\"reportVersion\": 1", "\"reportVersion\": 2"),
-                        replaced(inspected, "\"exitCode\": 0", "\"exitCode\": 64")},
-                       published),
-            std::vector<std::string>(6, "invalid"));
+                        replaced(inspected, "\"exitCode\": 0", "\"exitCode\": 64"),
+                        replaced(inspected, "\"error\": 0", "\"error\": -1")},
+                       checkReport, checkReport.id),
+            std::vector<std::string>(7, "invalid"));
 }
 
 }  // namespace

@@ -80,10 +80,10 @@ std::string wordsFor(const Json& schema) {
 }
 
 // The row that the page must have for a key.
-TableRow rowFor(const std::string& key, const Json& definition, bool namesPresence) {
+PageRow rowFor(const std::string& key, const Json& definition, bool namesPresence) {
   const Json& property = definition["properties"][key];
   std::string type = wordsFor(property);
-  TableRow row = {"`" + key + "`"};
+  PageRow row = {"`" + key + "`"};
   if (namesPresence) {
     const bool isRequired =
         std::ranges::find(definition["required"], Json(key)) != definition["required"].end();
@@ -133,9 +133,11 @@ TEST_P(DescribedFormat, HasATableForEveryRecordAndNoOther) {
 TEST_P(DescribedFormat, HasThePagesRowsForItsRecords) {
   const bool namesPresence = GetParam().name == "Document";
   for (const auto& [name, definition] : definitionsWith("properties")) {
-    std::vector<TableRow> rows;
-    for (const auto& [key, property] : definition["properties"].items())
+    std::vector<PageRow> rows;
+    for (const auto& [key, property] : definition["properties"].items()) {
+      EXPECT_NE(property["description"], "") << name << '.' << key;
       rows.push_back(rowFor(key, definition, namesPresence));
+    }
     EXPECT_EQ(page.sections().at(name).rows, rows) << name;
     ASSERT_NE(page.opening(name), nullptr) << name;
     EXPECT_EQ(definition["description"], *page.opening(name));
@@ -143,9 +145,10 @@ TEST_P(DescribedFormat, HasThePagesRowsForItsRecords) {
 }
 
 TEST_P(DescribedFormat, HasThePagesWordsForItsEnumerations) {
-  std::vector<TableRow> documented = page.sections().at("Enumerations").rows;
-  std::vector<TableRow> defined;
+  std::vector<PageRow> documented = page.sections().at("Enumerations").rows;
+  std::vector<PageRow> defined;
   for (const auto& [name, definition] : definitionsWith("enum")) {
+    EXPECT_NE(definition["description"], "") << name;
     std::string words;
     for (const Json& word : definition["enum"])
       words += (words.empty() ? "`" : ", `") + word.get<std::string>() + "`";
@@ -169,7 +172,7 @@ TEST(DocumentedDates, AreWrittenAsThePageSays) {
     return "`" + text.substr(start, text.size() - start - 1) + "`";
   };
   const Page page(documentFormatPage());
-  const std::vector<TableRow>& rows = page.sections().at("Dates").rows;
+  const std::vector<PageRow>& rows = page.sections().at("Dates").rows;
   const auto strategies = allCases<DateStrategy>();
   ASSERT_EQ(rows.size(), strategies.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -13,8 +13,8 @@ std::string trimmed(std::string_view text) {
 }
 
 // The cells of "| a | b |".
-TableRow cellsOf(const std::string& line) {
-  TableRow cells;
+PageRow cellsOf(const std::string& line) {
+  PageRow cells;
   std::istringstream parts(line.substr(1));
   for (std::string cell; std::getline(parts, cell, '|');) cells.push_back(trimmed(cell));
   return cells;
@@ -64,15 +64,15 @@ const std::string* Page::opening(std::string_view heading) const {
   return &section->second.opening;
 }
 
-const TableRow* Page::row(std::string_view heading, std::string_view name) const {
+const PageRow* Page::row(std::string_view heading, std::string_view name) const {
   const auto section = sections_.find(std::string(heading));
   if (section == sections_.end()) return nullptr;
-  const std::vector<TableRow>& rows = section->second.rows;
+  const std::vector<PageRow>& rows = section->second.rows;
   const auto found = std::ranges::find(rows, name, nameOfRow);
   return found == rows.end() ? nullptr : &*found;
 }
 
-std::string_view nameOfRow(const TableRow& row) {
+std::string_view nameOfRow(const PageRow& row) {
   const std::string_view cell = row.front();
   if (!cell.starts_with('`')) return cell;
   return cell.substr(1, cell.find('`', 1) - 1);

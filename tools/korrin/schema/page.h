@@ -11,11 +11,11 @@
 namespace korrin::host {
 
 /// One line of a table: its cells, without the blanks around them.
-using TableRow = std::vector<std::string>;
+using PageRow = std::vector<std::string>;
 
 struct PageSection {
-  std::string opening;         ///< The first paragraph on one line; empty when there is none.
-  std::vector<TableRow> rows;  ///< Of all tables of the section, without their column titles.
+  std::string opening;        ///< The first paragraph on one line; empty when there is none.
+  std::vector<PageRow> rows;  ///< Of all tables of the section, without their column titles.
 };
 
 class Page {
@@ -30,7 +30,7 @@ class Page {
   const std::string* opening(std::string_view heading) const;
   /// The row of a section whose first cell is `name`, or begins with it as code; null when the page
   /// has none.
-  const TableRow* row(std::string_view heading, std::string_view name) const;
+  const PageRow* row(std::string_view heading, std::string_view name) const;
 
  private:
   std::string title_;
@@ -38,6 +38,6 @@ class Page {
 };
 
 /// What a row is about: its first cell, or the code that it begins with.
-std::string_view nameOfRow(const TableRow& row);
+std::string_view nameOfRow(const PageRow& row);
 
 }  // namespace korrin::host

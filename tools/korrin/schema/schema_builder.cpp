@@ -8,7 +8,8 @@ namespace {
 
 using Json = SchemaBuilder::Json;
 
-// Regular expressions keep to what all dialects share: no look-ahead, no classes with letters.
+// Regular expressions keep to what all dialects share: no look-ahead, which some lack, and no \d,
+// which in some takes the digits of every script.
 constexpr auto identifierPattern =
     "^[0-9A-Fa-f]{8}-[0-9A-Fa-f]{4}-[0-9A-Fa-f]{4}-[0-9A-Fa-f]{4}-[0-9A-Fa-f]{12}$";
 
@@ -103,9 +104,9 @@ const std::string& SchemaBuilder::opening(std::string_view heading) const {
   throw std::logic_error("no page says what " + std::string(heading) + " is");
 }
 
-const TableRow& SchemaBuilder::row(std::string_view heading, std::string_view name) const {
+const PageRow& SchemaBuilder::row(std::string_view heading, std::string_view name) const {
   for (const Page& page : pages_)
-    if (const TableRow* found = page.row(heading, name)) return *found;
+    if (const PageRow* found = page.row(heading, name)) return *found;
   throw std::logic_error("no page describes " + std::string(name) + " of " + std::string(heading));
 }
 

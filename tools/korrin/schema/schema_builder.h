@@ -33,6 +33,7 @@ enum class AbsentFields {
   null,     ///< As null; every key is there.
 };
 
+/// Says of every type what a reader of it accepts, and collects the definitions that this needs.
 class SchemaBuilder {
  public:
   using Json = nlohmann::ordered_json;
@@ -144,7 +145,7 @@ class SchemaBuilder {
   }
 
   const std::string& opening(std::string_view heading) const;
-  const TableRow& row(std::string_view heading, std::string_view name) const;
+  const PageRow& row(std::string_view heading, std::string_view name) const;
 
   static Json eitherOf(std::vector<Json> schemas);
   static Json arrayOf(Json items);
