@@ -1,54 +1,47 @@
 #include "asset_json.h"
 
-#include <nlohmann/json.hpp>
+#include <utility>
 
-#include "korrin/coding/json.h"
 #include "korrin/validation/raster_asset_safety.h"
 
-#include "findings_json.h"
+#include "record_json.h"
 
 namespace korrin::host {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json textOrNull(std::string_view text) {
-  return text.empty() ? Json(nullptr) : Json(Text(text).str());
+std::optional<Text> textUnlessEmpty(std::string_view text) {
+  return text.empty() ? std::nullopt : std::optional<Text>(text);
 }
 
-Json report(const JudgedAsset& asset) {
-  // Names are bytes, and JSON holds well-formed text only.
-  Json result = {{"name", Text(asset.name).str()}, {"status", rawValue(asset.status)}};
-  result["remark"] = textOrNull(asset.remark);
-  result["file"] = textOrNull(asset.file.value_or(""));
-  result["type"] = textOrNull(asset.type ? asset.type->name : "");
-  result["size"] = textOrNull(asset.size);
-  result["pixels"] = asset.pixels ? Json(*asset.pixels) : Json(nullptr);
-  result["totalPixels"] = asset.totalPixels;
-  const bool isKnown = !asset.entry.sha256.empty();
-  result["manifestEntry"] = isKnown ? Json::parse(encodeJSON(asset.entry)) : Json(nullptr);
-  return result;
+ReportedAsset reportOn(const JudgedAsset& asset) {
+  // Names are bytes, and JSON holds well-formed text only: what Text makes of them.
+  std::optional<AssetManifestEntry> entry;
+  if (!asset.entry.sha256.empty()) entry = asset.entry;
+  return {.name = asset.name,
+          .status = asset.status,
+          .remark = textUnlessEmpty(asset.remark),
+          .file = textUnlessEmpty(asset.file.value_or("")),
+          .type = textUnlessEmpty(asset.type ? asset.type->name : ""),
+          .size = textUnlessEmpty(asset.size),
+          .pixels = asset.pixels,
+          .totalPixels = asset.totalPixels,
+          .manifestEntry = std::move(entry)};
 }
 
 }  // namespace
 
-Json assetSection(std::span<const JudgedAsset> assets) {
-  Json result = {
-      {"totalPixels", assets.empty() ? 0 : assets.back().totalPixels},
-      {"maximumTotalPixels", RasterAssetSafety::maximumAggregatePixels},
-      {"entries", Json::array()},
-  };
-  for (const JudgedAsset& asset : assets) result["entries"].push_back(report(asset));
-  return result;
+AssetSection assetSection(std::span<const JudgedAsset> assets) {
+  std::vector<ReportedAsset> entries;
+  for (const JudgedAsset& asset : assets) entries.push_back(reportOn(asset));
+  return {.totalPixels = assets.empty() ? 0 : assets.back().totalPixels,
+          .maximumTotalPixels = RasterAssetSafety::maximumAggregatePixels,
+          .entries = std::move(entries)};
 }
 
 std::string assetReport(std::span<const JudgedAsset> assets, ExitCode exitCode) {
-  const Json result = {
-      {"reportVersion", reportVersion},
-      {"exitCode", static_cast<int>(exitCode)},
-      {"assets", assetSection(assets)},
-  };
-  return result.dump(2);
+  AssetSection section = assetSection(assets);
+  const AssetReport report{.reportVersion = {}, .exitCode = exitCode, .assets = std::move(section)};
+  return RecordJson::of(report).dump(2);
 }
 
 }  // namespace korrin::host

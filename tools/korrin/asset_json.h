@@ -5,15 +5,14 @@
 #include <span>
 #include <string>
 
-#include <nlohmann/json_fwd.hpp>
-
+#include "asset_report.h"
 #include "exit_code.h"
 #include "judged_asset.h"
 
 namespace korrin::host {
 
-/// The images in order, their total and its limit, as one JSON object.
-nlohmann::ordered_json assetSection(std::span<const JudgedAsset> assets);
+/// The images in order, their total and its limit.
+AssetSection assetSection(std::span<const JudgedAsset> assets);
 
 /// The report on all images as one JSON object, indented, without a final line break.
 std::string assetReport(std::span<const JudgedAsset> assets, ExitCode exitCode);

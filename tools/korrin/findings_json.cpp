@@ -1,68 +1,48 @@
 #include "findings_json.h"
 
-#include <nlohmann/json.hpp>
+#include <utility>
 
 #include "asset_json.h"
+#include "check_report.h"
+#include "record_json.h"
 
 namespace korrin::host {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json identifier(const std::optional<UUID>& id) { return id ? Json(id->text()) : Json(nullptr); }
-
-Json report(const PreflightIssue& issue) {
-  return {
-      {"id", issue.id.str()},
-      {"rule", rawValue(issue.rule)},
-      {"severity", rawValue(issue.severity)},
-      {"title", issue.title.str()},
-      {"detail", issue.detail.str()},
-      {"relatedID", identifier(issue.relatedID)},
-      {"recordID", identifier(issue.recordID)},
-  };
+RefusedFile reportOnRefused(const FileFindings& file) {
+  // Names and messages are bytes, and JSON holds well-formed text only: what Text makes of them.
+  FileRefusal refusal{.message = file.refusal->what(), .keyPath = std::nullopt};
+  if (!file.refusal->keyPath().empty()) refusal.keyPath = file.refusal->keyPath();
+  return {.file = file.name, .status = file.refusal->reason(), .refusal = std::move(refusal)};
 }
 
-std::string_view status(const FileFindings& file) {
-  if (file.refusal) return rawValue(file.refusal->reason());
-  return file.exitCode() == ExitCode::clean ? "clean" : "findings";
-}
-
-Json refusal(const Refusal& refused) {
-  Json result = {{"message", Text(refused.what()).str()}};
-  result["keyPath"] = refused.keyPath().empty() ? Json(nullptr) : Json(refused.keyPath());
-  return result;
-}
-
-Json report(const FileFindings& file) {
-  // A file's name is bytes, and JSON holds well-formed text only.
-  Json result = {{"file", Text(file.name).str()}, {"status", status(file)}};
-  if (file.refusal) {
-    result["refusal"] = refusal(*file.refusal);
-    return result;
-  }
+InspectedFile reportOnInspected(const FileFindings& file) {
   const auto [errors, warnings, information] = file.counts();
-  result["counts"] = {{"error", errors}, {"warning", warnings}, {"information", information}};
-  result["notRun"] = Json::array();
+  std::vector<RuleNotRun> notRun;
   if (!file.missingAssetNotRunReason.empty())
-    result["notRun"].push_back({{"rule", rawValue(PreflightRule::missingAsset)},
-                                {"reason", file.missingAssetNotRunReason}});
-  result["findings"] = Json::array();
-  for (const PreflightIssue& issue : file.issues) result["findings"].push_back(report(issue));
-  if (file.assets) result["assets"] = assetSection(*file.assets);
-  return result;
+    notRun.push_back({PreflightRule::missingAsset, file.missingAssetNotRunReason});
+  std::optional<AssetSection> assets;
+  if (file.assets) assets = assetSection(*file.assets);
+  const bool isClean = file.exitCode() == ExitCode::clean;
+  return {.file = file.name,
+          .status = isClean ? InspectionStatus::clean : InspectionStatus::findings,
+          .counts = {.error = errors, .warning = warnings, .information = information},
+          .notRun = std::move(notRun),
+          .findings = file.issues,
+          .assets = std::move(assets)};
 }
 
 }  // namespace
 
 std::string findingsReport(std::span<const FileFindings> files, ExitCode exitCode) {
-  Json result = {
-      {"reportVersion", reportVersion},
-      {"exitCode", static_cast<int>(exitCode)},
-      {"files", Json::array()},
-  };
-  for (const FileFindings& file : files) result["files"].push_back(report(file));
-  return result.dump(2);
+  CheckReport report{.reportVersion = {}, .exitCode = exitCode, .files = {}};
+  for (const FileFindings& file : files) {
+    if (file.refusal)
+      report.files.emplace_back(reportOnRefused(file));
+    else
+      report.files.emplace_back(reportOnInspected(file));
+  }
+  return RecordJson::of(report).dump(2);
 }
 
 }  // namespace korrin::host

@@ -29,6 +29,7 @@
 #include "new_command.h"
 #include "plot_document.h"
 #include "render_command.h"
+#include "schema_command.h"
 #include "templates_command.h"
 #include "terminal.h"
 
@@ -260,6 +261,18 @@ CLI::App* addRender(CLI::App& app, RenderOptions& options) {
   return command;
 }
 
+CLI::App* addSchema(CLI::App& app, SchemaOptions& options) {
+  CLI::App* command = app.add_subcommand("schema", "Print the JSON Schema of plots or of reports");
+  addChoice(*command, "SUBJECT", options.subject, "", "What is described");
+  addChoice(*command, "--dates", options.dates, "STRATEGY", "How dates stand in the plots");
+  command->footer(
+      "The report is what korrin check --format json prints, assets what korrin asset --format "
+      "json\n"
+      "does.\n"
+      "The first of several words is the default.");
+  return command;
+}
+
 ExitCode misused(Console& console, const std::string& sentence) {
   complain(console, sentence);
   console.err << "Try korrin --help.\n";
@@ -304,9 +317,11 @@ ExitCode run(int argc, char** argv, Console& console) {
   NewOptions newOptions;
   TemplatesOptions templatesOptions;
   RenderOptions renderOptions;
+  SchemaOptions schemaOptions;
   const CLI::App* newCommand = addNew(app, newOptions);
   const CLI::App* templatesCommand = addTemplates(app, templatesOptions);
   const CLI::App* renderCommand = addRender(app, renderOptions);
+  const CLI::App* schemaCommand = addSchema(app, schemaOptions);
   app.allow_extras();  // and refused below, in words of our own
   try {
     app.parse(argc, argv);
@@ -332,6 +347,7 @@ ExitCode run(int argc, char** argv, Console& console) {
   if (*newCommand) return makeNew(newOptions, console);
   if (*templatesCommand) return listTemplates(templatesOptions, console);
   if (*renderCommand) return render(renderOptions, console);
+  if (*schemaCommand) return printSchema(schemaOptions, console);
   return misused(console, "a command is missing");
 }
 
