@@ -56,11 +56,10 @@ PreflightIssue sample<PreflightIssue>() {
 
 template <class Record>
 class RecordEquality : public testing::Test {};
-using Records =
-    testing::Types<StagePoint, StageSize, StageDefinition, PlotItemStyle, PlotItem, PlotLayer,
-                   PlotGroup, InputChannel, MonitorMix, EquipmentRequirement, ProjectNote,
-                   ProjectMetadata, ExportSettings, AssetManifestEntry, KorrinProject, ChangeSet,
-                   PreflightIssue, KorrinTemplate>;
+using Records = testing::Types<StagePoint, StageSize, StageDefinition, PlotItemStyle, PlotItem,
+                               PlotLayer, PlotGroup, InputChannel, MonitorMix, EquipmentRequirement,
+                               ProjectNote, ProjectMetadata, ExportSettings, AssetManifestEntry,
+                               KorrinProject, ChangeSet, PreflightIssue, KorrinTemplate>;
 TYPED_TEST_SUITE(RecordEquality, Records);
 
 TYPED_TEST(RecordEquality, LooksAtEveryField) {
