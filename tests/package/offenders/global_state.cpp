@@ -1,0 +1,4 @@
+int nextNumber() {
+  static int last = 0;
+  return ++last;
+}

@@ -1,0 +1,3 @@
+#include <cstdio>
+
+void report(int count) { std::printf("%d items\n", count); }

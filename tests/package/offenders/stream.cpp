@@ -1,0 +1,3 @@
+#include <iostream>
+
+void report(int count) { std::cerr << count << " items\n"; }

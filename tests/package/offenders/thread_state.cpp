@@ -1,0 +1,4 @@
+int nextNumber() {
+  thread_local int last = 0;
+  return ++last;
+}
