@@ -1,26 +1,46 @@
-# The installed package: headers, library, CMake package KorrinCore and pkg-config module korrincore.
+# What is installed, in three components: `runtime` (the shared library), `dev` (what a host is built
+# with: headers, CMake package KorrinCore, pkg-config module korrincore) and `tool` (the command-line
+# host). Everything finds its neighbours by relative paths, so that the whole may be moved.
 include(CMakePackageConfigHelpers)
+set(KORRIN_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
 
-install(TARGETS KorrinCore EXPORT KorrinCoreTargets FILE_SET HEADERS
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT KorrinCoreTargets NAMESPACE KorrinCore::
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
+install(TARGETS KorrinCore EXPORT KorrinCoreTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
+install(EXPORT KorrinCoreTargets NAMESPACE KorrinCore:: DESTINATION ${KORRIN_CMAKE_DIR}
+        COMPONENT dev)
+
+# Whoever links the static library links what it is made of, too; a shared one knows by itself.
+set(KORRIN_IS_STATIC ON)
+set(KORRIN_PC_PRIVATE "Requires.private: libutf8proc zlib\n")
+if(BUILD_SHARED_LIBS)
+  set(KORRIN_IS_STATIC OFF)
+  set(KORRIN_PC_PRIVATE "")
+elseif(KORRIN_PDF_ENCRYPTION)
+  # Mbed TLS has no pkg-config module in all its versions.
+  string(APPEND KORRIN_PC_PRIVATE "Libs.private: -lmbedcrypto\n")
+  install(FILES cmake/FindMbedTLS.cmake DESTINATION ${KORRIN_CMAKE_DIR} COMPONENT dev)
+endif()
+
 configure_package_config_file(
   cmake/KorrinCoreConfig.cmake.in ${PROJECT_BINARY_DIR}/KorrinCoreConfig.cmake
-  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
+  INSTALL_DESTINATION ${KORRIN_CMAKE_DIR})
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/KorrinCoreConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-if(KORRIN_PDF_ENCRYPTION)
-  # Mbed TLS has no pkg-config module in all its versions.
-  set(KORRIN_PDF_ENCRYPTION_LIBS "-lmbedcrypto ")
-  install(FILES cmake/FindMbedTLS.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
-endif()
-file(RELATIVE_PATH KORRIN_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-configure_file(cmake/korrincore.pc.in ${PROJECT_BINARY_DIR}/korrincore.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/KorrinCoreConfig.cmake
               ${PROJECT_BINARY_DIR}/KorrinCoreConfigVersion.cmake
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
-install(FILES ${PROJECT_BINARY_DIR}/korrincore.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+        DESTINATION ${KORRIN_CMAKE_DIR} COMPONENT dev)
+
+file(RELATIVE_PATH KORRIN_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(cmake/korrincore.pc.in ${PROJECT_BINARY_DIR}/korrincore.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/korrincore.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
+
 if(KORRIN_BUILD_TOOL)
-  install(TARGETS korrin)
+  file(RELATIVE_PATH KORRIN_LIB_FROM_BIN /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+  if(BUILD_SHARED_LIBS)
+    set_target_properties(korrin PROPERTIES INSTALL_RPATH "$ORIGIN/${KORRIN_LIB_FROM_BIN}")
+  endif()
+  install(TARGETS korrin RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
 endif()
