@@ -181,9 +181,12 @@ int sortRank(PreflightSeverity severity) {
   return 3;
 }
 
+// Records that share an identifier make issues that differ in the related item only; without it,
+// their places would be an accident of how the standard library sorts.
 bool standsBefore(const PreflightIssue& a, const PreflightIssue& b) {
   if (a.severity != b.severity) return sortRank(a.severity) < sortRank(b.severity);
-  return std::tie(a.title, a.detail, a.id) < std::tie(b.title, b.detail, b.id);
+  return std::tie(a.title, a.detail, a.id, a.relatedID) <
+         std::tie(b.title, b.detail, b.id, b.relatedID);
 }
 
 }  // namespace

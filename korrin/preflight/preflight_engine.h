@@ -14,8 +14,8 @@
 namespace korrin::PreflightEngine {
 
 /// Everything that preflight has to say about the project, the most serious first, then by title,
-/// detail and id in text order (so that channel 10 stands before channel 2). Empty when the plot
-/// passes. Changes nothing; throws nothing but std::bad_alloc.
+/// detail and id in text order (so that channel 10 stands before channel 2), and last by
+/// `relatedID`. Empty when the plot passes. Changes nothing; throws nothing but std::bad_alloc.
 ///
 /// `knownAssetIDs` are the identifiers that the caller can draw, such as those of its built-in
 /// symbols; assets of the project's own manifest are known without being named. An empty set

@@ -5,6 +5,8 @@
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
 
+#include "tests/support/json_syntax.h"
+
 namespace korrin::test {
 namespace {
 
@@ -51,6 +53,26 @@ Verdict rapidjsonVerdict(std::string_view text) {
   if (!result.IsError()) return Verdict::accepted;
   return result.Code() == rapidjson::kParseErrorNumberTooBig ? Verdict::undecided
                                                              : Verdict::refused;
+}
+
+std::optional<std::string> disagreement(std::string_view text) {
+  const auto fault = syntaxFault(text);
+  const auto faultNames = [&fault](std::string_view words) {
+    return fault && fault->find(words) != std::string::npos;
+  };
+  const auto differs = [&fault](Verdict other) {
+    return other != Verdict::undecided && other != (fault ? Verdict::refused : Verdict::accepted);
+  };
+  if (text.find('\0') != std::string_view::npos) {
+    if (fault) return std::nullopt;
+    return "a byte 0 is taken";
+  }
+  if (faultNames("512 levels")) return std::nullopt;
+  if (!faultNames("lone surrogate") && differs(rapidjsonVerdict(text)))
+    return "RapidJSON disagrees; ours: " + fault.value_or("JSON");
+  if (!text.starts_with("\uFEFF") && differs(nlohmannVerdict(text)))
+    return "nlohmann-json disagrees; ours: " + fault.value_or("JSON");
+  return std::nullopt;
 }
 
 }  // namespace korrin::test

@@ -332,6 +332,17 @@ TEST(PreflightOrder, DoesNotDependOnTheOrderOfTheLists) {
   }
 }
 
+TEST(PreflightOrder, IsByTheRelatedItemWhereRecordsShareAnIdentifier) {
+  KorrinProject project = emptyPlot();
+  for (std::uint64_t number = 40; number > 0; --number) {
+    project.items.push_back(itemAt(number, 0, 0));
+    project.inputs.push_back(input(99, std::nullopt, identifier(number), " "));
+  }
+  const Issues issues = inspect(project);
+  ASSERT_THAT(issues, SizeIs(40));
+  for (std::uint64_t i = 0; i < 40; ++i) EXPECT_EQ(issues[i].relatedID, identifier(i + 1));
+}
+
 TEST(Preflight, LeavesTheProjectAsItIs) {
   const KorrinProject project = troubledPlot();
   const KorrinProject before = project;
