@@ -2,6 +2,7 @@
 // again and the same to the bit. A project among them is inspected as a host would.
 
 #include <algorithm>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -9,6 +10,7 @@
 #include <string>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "korrin/coding/json_reader.h"
 #include "korrin/foundation/precondition.h"
@@ -54,7 +56,7 @@ std::optional<Value> readInFieldOrder(const DocumentInput& input) {
 }
 
 template <class Value>
-bool holdsNoNumber(const Value& value) {
+bool holdsNotANumber(const Value& value) {
   return !(value == value);
 }
 
@@ -67,7 +69,7 @@ void checkRoundTrip(const Value& value, const DocumentInput& input, const Encodi
   if constexpr (RecordType<Value>) {
     precondition(std::hash<Value>{}(decoded) == std::hash<Value>{}(value),
                  "a value read back hashes to something else");
-    precondition(holdsNoNumber(value) || decoded == value, "a value read back is unequal");
+    precondition(holdsNotANumber(value) || decoded == value, "a value read back is unequal");
   }
 }
 
