@@ -24,7 +24,7 @@ namespace korrin::detail {
 ///
 /// An undo entry keeps a spine, so that it is small: ends stand apart from the leaves and take two
 /// bytes, counted from the start of their stretch of 512 leaves. Memory holds, one after the other,
-/// this object, the leaves, the starts of the stretches and the ends.
+/// this object, the leaves, the starts of all stretches but the first, and the ends.
 template <class T>
 class ListSpine : public Counted {
  public:
@@ -34,7 +34,7 @@ class ListSpine : public Counted {
   static Shared<ListSpine> make(std::size_t capacity) {
     static_assert(sizeof(ListSpine) % alignof(Shared<Leaf>) == 0);
     const std::size_t bytes = sizeof(ListSpine) + capacity * (sizeof(Shared<Leaf>) + sizeof(End)) +
-                              stretchesOf(capacity) * sizeof(std::size_t);
+                              laterStretchesOf(capacity) * sizeof(std::size_t);
     return Shared<ListSpine>::first(::new (::operator new(bytes)) ListSpine(capacity));
   }
   static void destroy(ListSpine* spine) noexcept {
@@ -86,7 +86,7 @@ class ListSpine : public Counted {
   void append(Shared<Leaf> leaf, std::size_t count) noexcept {
     const std::size_t k = leafCount_;
     const bool startsStretch = k % stretch == 0;
-    if (startsStretch) stretchStarts()[k / stretch] = size();
+    if (startsStretch && k > 0) laterStarts()[k / stretch - 1] = size();
     ends()[k] = static_cast<End>((startsStretch ? 0 : ends()[k - 1]) + count);
     std::construct_at(leaves() + k, std::move(leaf));
     ++leafCount_;
@@ -113,11 +113,11 @@ class ListSpine : public Counted {
 
   /// Follows a change of the number of elements in leaf `k`; `difference` is modulo 2^64.
   void shift(std::size_t k, std::size_t difference) noexcept {
-    const std::size_t nextStretch = k / stretch + 1;
-    const std::size_t last = std::min<std::size_t>(nextStretch * stretch, leafCount_);
+    const std::size_t i = k / stretch;
+    const std::size_t last = std::min<std::size_t>((i + 1) * stretch, leafCount_);
     for (; k < last; ++k) ends()[k] = static_cast<End>(ends()[k] + difference);
-    for (std::size_t i = nextStretch; i < stretchesOf(leafCount_); ++i)
-      stretchStarts()[i] += difference;
+    for (std::size_t later = i; later < laterStretchesOf(leafCount_); ++later)
+      laterStarts()[later] += difference;
   }
 
   /// Leaf `k`, for a change: first copied unless it is this spine's own and has room for `capacity`
@@ -144,20 +144,24 @@ class ListSpine : public Counted {
   explicit ListSpine(std::size_t capacity) noexcept
       : capacity_(static_cast<std::uint32_t>(capacity)) {}
 
-  static std::size_t stretchesOf(std::size_t leafCount) noexcept {
-    return (leafCount + stretch - 1) / stretch;
+  /// The number of stretches behind the first one, which starts at 0.
+  static std::size_t laterStretchesOf(std::size_t leafCount) noexcept {
+    return leafCount == 0 ? 0 : (leafCount - 1) / stretch;
   }
 
   Shared<Leaf>* leaves() noexcept { return reinterpret_cast<Shared<Leaf>*>(this + 1); }
-  std::size_t* stretchStarts() noexcept {
+  std::size_t* laterStarts() noexcept {
     return reinterpret_cast<std::size_t*>(leaves() + capacity_);
   }
-  End* ends() noexcept { return reinterpret_cast<End*>(stretchStarts() + stretchesOf(capacity_)); }
+  End* ends() noexcept {
+    return reinterpret_cast<End*>(laterStarts() + laterStretchesOf(capacity_));
+  }
   const Shared<Leaf>* leaves() const noexcept { return const_cast<ListSpine*>(this)->leaves(); }
 
   std::size_t endOf(std::size_t k) const noexcept {
     ListSpine* const self = const_cast<ListSpine*>(this);
-    return self->stretchStarts()[k / stretch] + self->ends()[k];
+    const std::size_t start = k < stretch ? 0 : self->laterStarts()[k / stretch - 1];
+    return start + self->ends()[k];
   }
 
   std::size_t laterLeafOf(std::size_t index, std::size_t earliest) const noexcept {
