@@ -148,9 +148,10 @@ TEST(Architecture, NoticesAnArrowThatPointsUpOrSideways) {
   EXPECT_EQ(folderOf("korrin/korrin.h"), "");
 }
 
-// The headers of the language have neither folder nor suffix.
+// The headers of the language have neither folder nor suffix. Of the C library, which every program
+// has, one is used where it exists.
 bool isStandard(const std::string& header) {
-  return header.find_first_of("./") == std::string::npos;
+  return header.find_first_of("./") == std::string::npos || header == "sys/single_threaded.h";
 }
 
 TEST(Architecture, ShowsNoThirdPartyHeaderInAPublicOne) {
