@@ -34,6 +34,7 @@ struct Codec {
 /// A record of documents, an enumeration with raw values, or a list of either.
 template <class T>
 inline constexpr bool isCodable = RawValueEnumeration<T>;
+/// Records of documents alone: a finding, for one, has a table of its fields and stands in none.
 template <RecordType Record>
 inline constexpr bool isCodable<Record> = standsInDocuments<Record>;
 /// A list is what its elements are.

@@ -47,6 +47,7 @@ class UUID {
   constexpr const Bytes& bytes() const { return bytes_; }
 
   friend constexpr bool operator==(const UUID&, const UUID&) = default;
+  /// By the bytes in their order, which is that of the canonical texts.
   friend constexpr std::strong_ordering operator<=>(const UUID& a, const UUID& b) {
     return __builtin_memcmp(a.bytes_.data(), b.bytes_.data(), a.bytes_.size()) <=> 0;
   }

@@ -7,8 +7,11 @@
 #include <cstddef>
 #include <span>
 
+#pragma GCC visibility push(default)
+
 namespace korrin {
 
+/// How far the way to the first page's box led.
 enum class PdfOutcome {
   notAPdf,     ///< There is no header at or near the start.
   locked,      ///< A password is needed, or the document is encrypted in a way not known here.
@@ -17,13 +20,13 @@ enum class PdfOutcome {
   box,         ///< The first page has a media box of four numbers.
 };
 
-/// The first page as far as it could be read. `width` and `height` are the extents of its media box
-/// in points with the corners in order, never negative: 0 for a degenerate box, infinite for one
-/// whose numbers overflow, and 0 unless the outcome is `box`.
+/// The first page as far as it could be read. The extents of its media box are in points with the
+/// corners in order, never negative: 0 for a degenerate box, infinite for one whose numbers
+/// overflow, and 0 unless the outcome is `box`.
 struct PdfPage {
-  PdfOutcome outcome;
-  double width;
-  double height;
+  PdfOutcome outcome;  ///< Whether there is a box, or why not.
+  double width;        ///< From the box's left edge to its right one.
+  double height;       ///< From the box's lower edge to its upper one.
 };
 
 /// Reads the media box of the first page of the PDF in `bytes`. Allocates at most 48 MiB, uses no
@@ -31,3 +34,5 @@ struct PdfPage {
 PdfPage readFirstPage(std::span<const std::byte> bytes);
 
 }  // namespace korrin
+
+#pragma GCC visibility pop
