@@ -121,22 +121,25 @@ void addInspection(Operations& all) {
                  }});
 }
 
+// Commands are drawn beforehand: it is their application that is an operation.
 void addCommands(Operations& all) {
-  for (int seed = 0; seed < 24; ++seed)
-    all.push_back({"Command" + std::to_string(seed), [seed](const KorrinProject& project) {
+  const KorrinProject drawnFor = sampleProject();
+  for (unsigned seed = 0; seed < 24; ++seed) {
+    unsigned state = seed + 1;
+    RandomEdits edits([&state](int limit) {
+      state = state * 1664525 + 1013904223;
+      return static_cast<int>((state >> 8) % static_cast<unsigned>(limit));
+    });
+    all.push_back({"Command" + std::to_string(seed),
+                   [command = edits.reversibleCommand(drawnFor)](const KorrinProject& project) {
                      TestEnvironment environment;
-                     unsigned state = static_cast<unsigned>(seed) + 1;
-                     RandomEdits edits([&state](int limit) {
-                       state = state * 1664525 + 1013904223;
-                       return static_cast<int>((state >> 8) % static_cast<unsigned>(limit));
-                     });
                      KorrinProject edited = project;
-                     const CommandResult result =
-                         edits.reversibleCommand(project).apply(edited, environment);
+                     const CommandResult result = command.apply(edited, environment);
                      std::string text = encodeJSON(edited);
                      result.inverse.apply(edited, environment);
                      return text + encodeJSON(edited);
                    }});
+  }
   all.push_back({"Group", [](const KorrinProject& project) {
                    TestEnvironment environment;
                    IDSet selection;
