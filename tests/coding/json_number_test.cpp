@@ -16,6 +16,7 @@
 
 #include "tests/support/decoding_outcome.h"
 #include "tests/support/effort.h"
+#include "tests/support/locales.h"
 #include "tests/support/number_texts.h"
 
 namespace korrin {
@@ -167,6 +168,7 @@ void expectShortestRoundTrip(double value) {
 }
 
 TEST(Double, ReadsBackBitForBitWhateverTheBits) {
+  const test::PlainNumbers plain;
   constexpr unsigned seed = 4711;
   SCOPED_TRACE(testing::Message() << "seed " << seed);
   std::mt19937_64 random(seed);

@@ -57,6 +57,14 @@ TEST(Printable, ReplacesBytesThatAreNoText) {
   EXPECT_EQ(printable("\xE2\x80"), "\uFFFD");
 }
 
+TEST(ShortNumber, IsRoundedToItsDigitsWithoutZerosAtTheEnd) {
+  EXPECT_EQ(shortNumber(595.276, 7), "595.276");
+  EXPECT_EQ(shortNumber(841.8904, 6), "841.89");
+  EXPECT_EQ(shortNumber(-1250, 6), "-1250");
+  EXPECT_EQ(shortNumber(1234567.5, 6), "1.23457e+06");
+  EXPECT_EQ(shortNumber(0, 6), "0");
+}
+
 TEST(DisplayWidth, CountsColumnsAndNotBytes) {
   EXPECT_EQ(displayWidth(""), 0u);
   EXPECT_EQ(displayWidth("Kick"), 4u);

@@ -1,6 +1,9 @@
 #include "document_file.h"
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
+#include <string>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -37,7 +40,7 @@ TEST(ReadFile, GivesEveryByte) {
 TEST(ReadFile, SaysWhyItCannot) {
   const Scratch scratch;
   EXPECT_EQ(failure([&] { readFile(scratch.path("absent")); }),
-            "cannot be read: No such file or directory");
+            std::string("cannot be read: ") + std::strerror(ENOENT));
   EXPECT_EQ(failure([&] { readFile(scratch.path(".")); }), "cannot be read: it is a directory");
 }
 
@@ -106,7 +109,7 @@ TEST(ReplaceFile, LeavesNothingBehindWhenItFails) {
   EXPECT_EQ(failure([&] { replaceFile(scratch.path("folder"), "new"); }),
             "cannot be written: it is not a regular file");
   EXPECT_EQ(failure([&] { replaceFile(scratch.path("absent/plot"), "new"); }),
-            "cannot be written: No such file or directory");
+            std::string("cannot be written: ") + std::strerror(ENOENT));
   EXPECT_EQ(failure([] { replaceFile("/dev/null", "new"); }),
             "cannot be written: it is not a regular file");
   EXPECT_EQ(scratch.fileCount(), 1u);

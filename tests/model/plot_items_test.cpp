@@ -1,7 +1,6 @@
 #include "korrin/model/plot_items.h"
 
 #include <array>
-#include <clocale>
 #include <cstdio>
 #include <limits>
 #include <random>
@@ -14,6 +13,7 @@
 #include "tests/support/effort.h"
 #include "tests/support/enumeration_laws.h"
 #include "tests/support/full_project.h"
+#include "tests/support/locales.h"
 #include "tests/support/record_laws.h"
 
 namespace korrin {
@@ -118,6 +118,7 @@ TEST(RiserHeight, IsShownWithEveryDigit) {
   PlotItem highest = item;
   highest.label = "";
   highest.riserHeightMillimeters = std::numeric_limits<double>::max();
+  const test::PlainNumbers plain;
   std::array<char, 400> expected;
   std::snprintf(expected.data(), expected.size(), "H %.2f m",
                 std::numeric_limits<double>::max() / 1000);
@@ -125,7 +126,7 @@ TEST(RiserHeight, IsShownWithEveryDigit) {
 }
 
 TEST(RiserHeight, IsRoundedAsPrintfDoes) {
-  ASSERT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+  const test::PlainNumbers plain;
   PlotItem riser = item;
   riser.label = "";
   std::mt19937_64 random(12);

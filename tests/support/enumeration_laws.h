@@ -4,7 +4,6 @@
 // table that the enumeration must have.
 
 #include <algorithm>
-#include <cctype>
 #include <ranges>
 #include <string>
 #include <vector>
@@ -12,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include "korrin/foundation/enumeration.h"
+
+#include "tests/support/locales.h"
 
 namespace korrin::test {
 
@@ -34,7 +35,7 @@ void expectRawValues(const std::vector<Case<E>>& expected) {
     EXPECT_EQ(fromRawValue<E>(text), row.value);
 
     std::string otherCase = text;
-    otherCase[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(otherCase[0])));
+    otherCase[0] = capital(otherCase[0]);
     for (const std::string& other :
          {otherCase, " " + text, text + " ", "\t" + text, text + text, text.substr(1)})
       EXPECT_FALSE(fromRawValue<E>(other).has_value()) << other;

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "tests/support/full_project.h"
+#include "tests/support/locales.h"
 
 namespace korrin::test {
 namespace {
@@ -228,9 +229,8 @@ std::vector<Mutation> wordsOfEnumerations() {
     const std::string expected = "expected " + listOf(place.words);
     for (const std::string& word : place.words) {
       rows.push_back(accepted("word", place, document.with(place, word).dump()));
-      std::string capital = word;
-      capital[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(capital[0])));
-      for (const std::string& other : {capital, " " + word, word + " ", word + word[0]})
+      const std::string capitalised = capital(word[0]) + word.substr(1);
+      for (const std::string& other : {capitalised, " " + word, word + " ", word + word[0]})
         rows.push_back(
             refused("unknown word", place, document.with(place, other).dump(), Kind::dataCorrupted,
                     expected + ", found \"" + other + "\"; the nearest is \"" + word + "\""));

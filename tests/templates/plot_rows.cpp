@@ -1,6 +1,7 @@
 #include "plot_rows.h"
 
 #include <initializer_list>
+#include <locale>
 #include <sstream>
 
 namespace korrin::test {
@@ -14,6 +15,7 @@ std::string row(std::initializer_list<std::string> cells) {
 
 std::string number(double value) {
   std::ostringstream text;
+  text.imbue(std::locale::classic());
   text << value;
   return text.str();
 }

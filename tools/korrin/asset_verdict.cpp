@@ -1,13 +1,13 @@
 #include "asset_verdict.h"
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 
 #include "korrin/validation/embedded_asset_safety.h"
 #include "korrin/validation/pdf/first_page_box.h"
 #include "korrin/validation/raster/raster_facts.h"
 #include "korrin/validation/raster_asset_safety.h"
+
+#include "display_text.h"
 
 namespace korrin::host {
 namespace {
@@ -56,11 +56,7 @@ std::optional<AssetType> typeOf(const Facts& facts) {
 }
 
 /// Points, which are seldom whole, in as many digits as tell a page from its limit.
-std::string pointsText(double points) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.7g", points);
-  return text.data();
-}
+std::string pointsText(double points) { return shortNumber(points, 7); }
 
 std::string sizeOf(const Facts& facts) {
   if (facts.raster && facts.raster->size)

@@ -1,10 +1,10 @@
 #include "concern.h"
 
-#include <array>
 #include <cstdint>
-#include <cstdio>
 #include <optional>
 #include <string_view>
+
+#include "display_text.h"
 
 namespace korrin::host {
 namespace {
@@ -49,9 +49,8 @@ std::string description(const EquipmentRequirement& requirement) {
 std::string description(const PlotItem& item) {
   const std::string kind(rawValue(item.kind));
   if (!item.label.isBlank()) return kind + ": " + item.label.str();
-  std::array<char, 80> place{};
-  std::snprintf(place.data(), place.size(), " at %.6g, %.6g mm", item.position.x, item.position.y);
-  return kind + place.data();
+  return kind + " at " + shortNumber(item.position.x, 6) + ", " + shortNumber(item.position.y, 6) +
+         " mm";
 }
 
 Concerns::Concerns(const KorrinProject& project) {

@@ -1,6 +1,7 @@
 #include "display_text.h"
 
 #include <array>
+#include <charconv>
 #include <cstdio>
 
 #include <utf8proc.h>
@@ -96,6 +97,13 @@ std::string printableJSON(std::string_view json) {
     json.remove_prefix(character.bytes.size());
   }
   return result;
+}
+
+std::string shortNumber(double value, int digits) {
+  std::array<char, 32> text;
+  const auto end =
+      std::to_chars(text.begin(), text.end(), value, std::chars_format::general, digits);
+  return {text.begin(), end.ptr};
 }
 
 std::size_t displayWidth(std::string_view text) {

@@ -20,6 +20,9 @@ std::string printable(std::string_view text);
 /// escapes: the same value.
 std::string printableJSON(std::string_view json);
 
+/// The number in at most `digits` significant ones, with a point whatever the process's locale.
+std::string shortNumber(double value, int digits);
+
 /// Columns that well-formed UTF-8 without control characters takes.
 std::size_t displayWidth(std::string_view text);
 
