@@ -1,7 +1,10 @@
 #pragma once
 
-// How much a test with many repetitions does. Sanitizers slow everything down, so the builds that
-// carry them repeat less; the optimised builds go the whole way.
+// How much a test with many repetitions does. Sanitizers and the counting of what is reached slow
+// everything down, so the builds that carry them repeat less; the optimised builds go the whole
+// way, unless KORRIN_TEST_REDUCED is set, as for Valgrind.
+
+#include <cstdlib>
 
 namespace korrin::test {
 
@@ -17,7 +20,17 @@ inline constexpr bool isSanitized = true;
 inline constexpr bool isSanitized = false;
 #endif
 
-/// `full` repetitions, or `reduced` in a build with sanitizers.
-constexpr int repetitions(int full, int reduced) { return isSanitized ? reduced : full; }
+#if defined(__LLVM_INSTR_PROFILE_GENERATE)
+inline constexpr bool isCounted = true;
+#else
+inline constexpr bool isCounted = false;
+#endif
+
+/// `full` repetitions, or `reduced` where they are slow.
+inline int repetitions(int full, int reduced) {
+  static const bool isSlow =
+      isSanitized || isCounted || std::getenv("KORRIN_TEST_REDUCED") != nullptr;
+  return isSlow ? reduced : full;
+}
 
 }  // namespace korrin::test
