@@ -38,6 +38,7 @@ class OutOfMemory : public testing::TestWithParam<Operation> {
     const std::size_t countBefore = allocationCount();
     (void)GetParam().outcome(project);
     const std::size_t needed = allocationCount() - countBefore;
+    RecordProperty("allocations", std::to_string(needed));
     const std::ptrdiff_t live = liveBytes();
 
     for (std::size_t allocations = 0; allocations < needed; ++allocations) {
