@@ -11,8 +11,6 @@
 namespace korrin::json {
 namespace {
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool isNegativeZero(double value) { return value == 0 && std::signbit(value); }
 
 // A number taken apart: its significant digits, read as 0.ddd, times ten to the power `exponent`.
@@ -30,7 +28,7 @@ std::int64_t readExponent(std::string_view text) {
   if (text.empty()) return 0;
   text.remove_prefix(1);  // e or E
   const bool isNegative = text.front() == '-';
-  if (!isDigit(text.front())) text.remove_prefix(1);
+  if (isNegative || text.front() == '+') text.remove_prefix(1);
   std::int64_t value = 0;
   for (const char digit : text) value = std::min(value * 10 + (digit - '0'), exponentLimit / 16);
   return isNegative ? -value : value;
@@ -79,11 +77,10 @@ std::optional<std::int64_t> integerPart(const Decimal& number, std::int64_t inte
   return static_cast<std::int64_t>(number.isNegative ? start - magnitude : start + magnitude);
 }
 
-// The digit at a place counted from the first significant one.
+// The digit at a place counted from the first significant one, at most the last one.
 char digitAt(const Decimal& number, std::int64_t place) {
-  for (const char c : number.digits)
-    if (c != '.' && place-- == 0) return c;
-  return '0';
+  const auto index = static_cast<std::size_t>(place);
+  return number.digits[number.digits.find('.') <= index ? index + 1 : index];
 }
 
 }  // namespace

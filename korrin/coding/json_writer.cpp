@@ -36,10 +36,10 @@ void Writer::write(double value) {
     return;
   }
   if (!isDiagnosing_) throw NotFinite{};
+  // A number stands in a record: there is a path.
   std::string path = path_.text();
-  const std::string where = path.empty() ? "" : path + ": ";
-  throw EncodingError(std::move(path),
-                      where + "expected a finite number, found " + std::string(name));
+  std::string sentence = path + ": expected a finite number, found " + std::string(name);
+  throw EncodingError(std::move(path), std::move(sentence));
 }
 
 void Writer::write(std::int64_t value) {

@@ -40,7 +40,7 @@ inline constexpr auto memberAt = std::get<index>(fieldsOf<Record>()).member;
 
 /// The places of a record's fields in the byte order of their keys.
 template <class Record, std::size_t... index>
-constexpr auto placesByKey(std::index_sequence<index...>) {
+consteval auto placesByKey(std::index_sequence<index...>) {
   constexpr std::array keys = {std::get<index>(fieldsOf<Record>()).key...};
   std::array places = {index...};
   std::sort(places.begin(), places.end(),

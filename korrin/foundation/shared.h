@@ -30,13 +30,12 @@ inline bool isOnlyThread() noexcept {
 
 }  // namespace detail
 
-/// Base of everything held by `Shared`: the number of owners. A copy of a counted object is a new
-/// object and starts with no owner.
+/// Base of everything held by `Shared`: the number of owners.
 class Counted {
  public:
   Counted() = default;
-  Counted(const Counted&) noexcept {}
-  Counted& operator=(const Counted&) noexcept { return *this; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
 
  private:
   template <class Object>

@@ -169,22 +169,12 @@ class Inspection {
   std::vector<PreflightIssue> issues_;
 };
 
-int sortRank(PreflightSeverity severity) {
-  switch (severity) {
-    case PreflightSeverity::error:
-      return 0;
-    case PreflightSeverity::warning:
-      return 1;
-    case PreflightSeverity::information:
-      return 2;
-  }
-  return 3;
-}
-
+// The most serious first, as severities are declared.
+//
 // Records that share an identifier make issues that differ in the related item only; without it,
 // their places would be an accident of how the standard library sorts.
 bool standsBefore(const PreflightIssue& a, const PreflightIssue& b) {
-  if (a.severity != b.severity) return sortRank(a.severity) < sortRank(b.severity);
+  if (a.severity != b.severity) return a.severity < b.severity;
   return std::tie(a.title, a.detail, a.id, a.relatedID) <
          std::tie(b.title, b.detail, b.id, b.relatedID);
 }

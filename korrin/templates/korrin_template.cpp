@@ -36,7 +36,7 @@ constexpr ChooserEntry chooser[] = {
      "A complete festival-ready plot with 11 inputs, three mixes, and production notes.",
      "person.3.fill"},
 };
-constexpr bool chooserFollowsTheCases() {
+consteval bool chooserFollowsTheCases() {
   constexpr auto cases = allCases<KorrinTemplateID>();
   return std::equal(std::begin(chooser), std::end(chooser), cases.begin(), cases.end(),
                     [](const ChooserEntry& entry, KorrinTemplateID id) { return entry.id == id; });

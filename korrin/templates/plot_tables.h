@@ -3,7 +3,7 @@
 // Starting documents as tables: a row for each item and each line of the lists. A line names the
 // item that shows it by the item's label.
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -72,18 +72,24 @@ struct PlotTables {
   std::span<const NoteRow> notes;
 };
 
+/// Whether every row has the label of exactly one item as `name`.
+template <class Row>
+consteval bool nameOneItem(std::span<const Row> rows, std::string_view Row::*name,
+                           std::span<const ItemRow> items) {
+  for (const Row& row : rows) {
+    std::size_t named = 0;
+    for (const ItemRow& item : items) named += item.label == row.*name ? 1 : 0;
+    if (named != 1) return false;
+  }
+  return true;
+}
+
 /// Whether no two items share a label and every line names an item's.
-constexpr bool linksResolve(const PlotTables& tables) {
-  const auto nameOneItem = [&tables](const auto& rows, auto nameOf) {
-    return std::all_of(rows.begin(), rows.end(), [&tables, nameOf](const auto& row) {
-      const auto isNamed = [&](const ItemRow& item) { return item.label == row.*nameOf; };
-      return std::count_if(tables.items.begin(), tables.items.end(), isNamed) == 1;
-    });
-  };
-  return nameOneItem(tables.items, &ItemRow::label) &&
-         nameOneItem(tables.inputs, &InputRow::plotItem) &&
-         nameOneItem(tables.monitorMixes, &MixRow::plotItem) &&
-         nameOneItem(tables.equipment, &EquipmentRow::plotItem);
+consteval bool linksResolve(const PlotTables& tables) {
+  return nameOneItem(tables.items, &ItemRow::label, tables.items) &&
+         nameOneItem(tables.inputs, &InputRow::plotItem, tables.items) &&
+         nameOneItem(tables.monitorMixes, &MixRow::plotItem, tables.items) &&
+         nameOneItem(tables.equipment, &EquipmentRow::plotItem, tables.items);
 }
 
 const PlotTables& soloAcousticTables();

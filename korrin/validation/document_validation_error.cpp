@@ -1,19 +1,20 @@
 #include "korrin/validation/document_validation_error.h"
 
-namespace korrin {
+#include <array>
 
-const char* DocumentValidationError::what() const noexcept {
-  switch (code_) {
-    case duplicateIdentifiers:
-      return "The project contains duplicate identifiers.";
-    case invalidGeometry:
-      return "The project contains invalid or unsupported dimensions.";
-    case invalidImage:
-      return "An embedded image is not valid.";
-    case imageTooLarge:
-      return "The embedded images exceed the safe pixel limit.";
-  }
-  return "";
-}
+namespace korrin {
+namespace {
+
+// In the order of the cases.
+constexpr std::array sentences = {
+    "The project contains duplicate identifiers.",
+    "The project contains invalid or unsupported dimensions.",
+    "An embedded image is not valid.",
+    "The embedded images exceed the safe pixel limit.",
+};
+
+}  // namespace
+
+const char* DocumentValidationError::what() const noexcept { return sentences[code_]; }
 
 }  // namespace korrin

@@ -38,7 +38,7 @@ bool CrossReferences::load() {
     readAny = true;
     if (older->hidden) {
       const std::size_t table = sections_.size() - 1;
-      if (readSection(*older->hidden) && sections_.size() == table + 2)
+      if (readSection(*older->hidden))
         std::get<TableSection>(sections_[table]).hasHiddenObjects = true;
     }
     next = older->previous;
@@ -51,7 +51,8 @@ bool CrossReferences::load() {
 std::optional<std::size_t> CrossReferences::startOffset() {
   const std::size_t window = std::min(file_.size(), limits::headerWindow);
   const std::size_t keyword = file_.substr(file_.size() - window).rfind("startxref");
-  if (!budget_->scan(window) || keyword == file_.npos) return std::nullopt;
+  budget_->scan(window);
+  if (keyword == file_.npos) return std::nullopt;
   Scanner scanner(file_, *budget_, file_.size() - window + keyword);
   scanner.next();
   const auto offset = scanner.takeCount();

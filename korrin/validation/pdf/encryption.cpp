@@ -92,18 +92,17 @@ class AesSource : public ByteSource {
 ShortString stringOf(Objects& objects, const Value& value) {
   const Value string = objects.resolveOrdinary(value);
   if (string.kind != Value::Kind::string) return {};
-  auto scanner = objects.at(string.place);
-  return scanner ? readString(*scanner) : ShortString{};
+  Scanner scanner = objects.inFile(string.place);
+  return readString(scanner);
 }
 
 // The first of the two strings in the trailer's /ID.
 ShortString identifierOf(Objects& objects, const Value& identifiers) {
   const Value array = objects.resolveOrdinary(identifiers);
   if (array.kind != Value::Kind::array) return {};
-  auto scanner = objects.at(array.place);
-  if (!scanner) return {};
-  scanner->next();
-  const auto first = readValue(*scanner);
+  Scanner scanner = objects.inFile(array.place);
+  scanner.next();
+  const auto first = readValue(scanner);
   return first ? stringOf(objects, *first) : ShortString{};
 }
 
@@ -114,14 +113,12 @@ std::optional<Decryption::Method> methodOf(Objects& objects, const Value& filter
   if (name.isNull() || name.isName("Identity")) return Decryption::Method::none;
   const Value table = objects.resolveOrdinary(filters);
   if (table.kind != Value::Kind::dictionary) return std::nullopt;
-  auto scanner = objects.at(table.place);
-  if (!scanner) return std::nullopt;
-  const auto [filter] = readEntries(*scanner, std::array{name.name.text()});
+  Scanner scanner = objects.inFile(table.place);
+  const auto [filter] = readEntries(scanner, std::array{name.name.text()});
   const Value dictionary = objects.resolveOrdinary(filter);
   if (dictionary.kind != Value::Kind::dictionary) return std::nullopt;
-  scanner = objects.at(dictionary.place);
-  if (!scanner) return std::nullopt;
-  const auto [entry] = readEntries(*scanner, std::array<std::string_view, 1>{"CFM"});
+  scanner = objects.inFile(dictionary.place);
+  const auto [entry] = readEntries(scanner, std::array<std::string_view, 1>{"CFM"});
   const Value method = objects.resolveOrdinary(entry);
   if (method.isNull() || method.isName("None")) return Decryption::Method::none;
   if (method.isName("V2")) return Decryption::Method::rc4;
@@ -132,12 +129,11 @@ std::optional<Decryption::Method> methodOf(Objects& objects, const Value& filter
 
 std::optional<Handler> readHandler(Objects& objects, const Value& dictionary,
                                    const Value& identifiers) {
-  auto scanner = objects.at(dictionary.place);
-  if (!scanner) return std::nullopt;
+  Scanner scanner = objects.inFile(dictionary.place);
   const auto [name, version, revision, length, permissions, owner, user, userKey, metadata, filters,
-              streamFilter] = readEntries(*scanner, std::array<std::string_view, 11>{
-                                                        "Filter", "V", "R", "Length", "P", "O", "U",
-                                                        "UE", "EncryptMetadata", "CF", "StmF"});
+              streamFilter] = readEntries(scanner, std::array<std::string_view, 11>{
+                                                       "Filter", "V", "R", "Length", "P", "O", "U",
+                                                       "UE", "EncryptMetadata", "CF", "StmF"});
   if (!objects.resolveOrdinary(name).isName("Standard")) return std::nullopt;
   Handler handler;
   handler.version = objects.resolveOrdinary(version).asSize().value_or(0);

@@ -59,8 +59,9 @@ PdfPage readByRecovery(std::string_view file, Budget& budget) {
   });
   if (encrypted != trailers.end()) {
     const auto lock = unlock(objects, encrypted->encrypt, encrypted->identifiers);
-    if (std::holds_alternative<Locked>(lock)) return lockedPage;
-    if (const auto* decryption = std::get_if<Decryption>(&lock)) objects.decryptWith(*decryption);
+    const auto* const decryption = std::get_if<Decryption>(&lock);
+    if (decryption == nullptr) return lockedPage;
+    objects.decryptWith(*decryption);
   }
   recovered.addCompressedObjects(objects);
   for (const Trailer& trailer : trailers)

@@ -43,7 +43,7 @@ std::optional<Objects::Ordinary> Objects::openOrdinaryAt(std::size_t offset, std
 }
 
 std::optional<Scanner> Objects::at(Place place) {
-  if (place.container == 0) return Scanner(file_, *budget_, place.offset);
+  if (place.container == 0) return inFile(place);
   if (!load(place.container)) return std::nullopt;
   return Scanner(container_.bytes, place.container, *budget_, place.offset);
 }

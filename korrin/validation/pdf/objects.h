@@ -57,8 +57,10 @@ class Objects {
   std::optional<Scanner> open(std::uint32_t number);
   std::optional<Ordinary> openOrdinary(std::uint32_t number);
 
-  /// A scanner at a place met before.
+  /// A scanner at a place met before; nothing when its object stream cannot be opened again.
   std::optional<Scanner> at(Place place);
+  /// The same of a place outside object streams, where all stands that resolveOrdinary leads to.
+  Scanner inFile(Place place) const { return Scanner(file_, *budget_, place.offset); }
 
   /// Follows references to the value itself; null when they lead nowhere.
   Value resolve(Value value);
@@ -69,9 +71,8 @@ class Objects {
   template <std::size_t n>
   std::array<Value, n> entries(const Value& value, const std::array<std::string_view, n>& keys) {
     const Value dictionary = resolve(value);
-    if (dictionary.kind == Value::Kind::dictionary)
-      if (auto scanner = at(dictionary.place)) return readEntries(*scanner, keys);
-    return {};
+    auto scanner = dictionary.kind == Value::Kind::dictionary ? at(dictionary.place) : std::nullopt;
+    return scanner ? readEntries(*scanner, keys) : std::array<Value, n>{};
   }
 
   /// The head of an object stream: `count` pairs of an object's number and its offset.

@@ -55,10 +55,6 @@ std::string_view Scanner::text(const Token& token) const {
   return bytes_.substr(token.begin, token.end - token.begin);
 }
 
-bool Scanner::is(const Token& token, std::string_view keyword) const {
-  return token.kind == Token::Kind::word && text(token) == keyword;
-}
-
 std::size_t Scanner::pastWhiteSpace(std::size_t offset) const {
   while (offset < bytes_.size()) {
     const char c = bytes_[offset];

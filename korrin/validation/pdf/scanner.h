@@ -79,7 +79,6 @@ class Scanner {
   std::optional<std::uint64_t> takeCount();
 
   std::string_view text(const Token& token) const;
-  bool is(const Token& token, std::string_view keyword) const;
 
   std::size_t position() const { return position_; }
   void moveTo(std::size_t offset) { position_ = offset < bytes_.size() ? offset : bytes_.size(); }

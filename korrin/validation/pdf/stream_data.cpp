@@ -44,11 +44,10 @@ std::vector<Value> listOf(Objects& objects, const Value& value) {
   if (resolved.isNull()) return {};
   if (resolved.kind != Value::Kind::array) return {resolved};
   std::vector<Value> list;
-  auto scanner = objects.at(resolved.place);
-  if (!scanner) return list;
-  scanner->next();
+  Scanner scanner = objects.inFile(resolved.place);
+  scanner.next();
   while (list.size() <= limits::filters) {
-    const auto element = readValue(*scanner);
+    const auto element = readValue(scanner);
     if (!element) break;
     list.push_back(objects.resolveOrdinary(*element));
   }
@@ -58,10 +57,9 @@ std::vector<Value> listOf(Objects& objects, const Value& value) {
 Predictor predictorOf(Objects& objects, const Value& parameters) {
   Predictor predictor;
   if (parameters.kind != Value::Kind::dictionary) return predictor;
-  auto scanner = objects.at(parameters.place);
-  if (!scanner) return predictor;
+  Scanner scanner = objects.inFile(parameters.place);
   const auto [algorithm, colors, bits, columns] = readEntries(
-      *scanner,
+      scanner,
       std::array<std::string_view, 4>{"Predictor", "Colors", "BitsPerComponent", "Columns"});
   const auto sizeOf = [&](const Value& value, std::size_t standard) {
     const Value resolved = objects.resolveOrdinary(value);

@@ -116,15 +116,12 @@ std::optional<Bytes> inflate(ByteSource& source, std::size_t wanted, Budget& bud
   Bytes output;
   std::size_t size = 0;
   int status = Z_OK;
-  std::span<const std::byte> input;
   while (status == Z_OK && size < capacity) {
     if (stream.avail_in == 0) {
-      if (input.empty()) input = source.next();
+      const std::span<const std::byte> input = source.next();
       if (input.empty()) break;
-      const auto count = static_cast<uInt>(std::min(input.size(), std::size_t{1} << 30));
       stream.next_in = reinterpret_cast<Bytef*>(const_cast<std::byte*>(input.data()));
-      stream.avail_in = count;
-      input = input.subspan(count);
+      stream.avail_in = static_cast<uInt>(input.size());
     }
     if (size == output.size())
       output.resize(std::min(capacity, std::max(firstOutput, output.size() * 2)));

@@ -4,10 +4,10 @@
 // and the TIFF one for whole bytes. Output is bounded before it is made; damaged data gives what
 // came before the damage.
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <utility>
 
 #include "korrin/validation/pdf/pdf_budget.h"
 #include "korrin/validation/pdf/scanner.h"
@@ -25,6 +25,9 @@ struct Predictor {
 /// A source of bytes in pieces, so that encrypted data need not be held decrypted as a whole.
 class ByteSource {
  public:
+  /// No piece is longer, so that its size can be told to zlib.
+  static constexpr std::size_t largestPiece = std::size_t{1} << 30;
+
   virtual ~ByteSource() = default;
   /// The next piece, valid until the next call; empty at the end.
   virtual std::span<const std::byte> next() = 0;
@@ -32,11 +35,15 @@ class ByteSource {
 
 class PlainSource : public ByteSource {
  public:
-  explicit PlainSource(std::span<const std::byte> bytes) : bytes_(bytes) {}
-  std::span<const std::byte> next() override { return std::exchange(bytes_, {}); }
+  explicit PlainSource(std::span<const std::byte> bytes) : rest_(bytes) {}
+  std::span<const std::byte> next() override {
+    const auto piece = rest_.first(std::min(rest_.size(), largestPiece));
+    rest_ = rest_.subspan(piece.size());
+    return piece;
+  }
 
  private:
-  std::span<const std::byte> bytes_;
+  std::span<const std::byte> rest_;
 };
 
 /// Copies at most `wanted` bytes.

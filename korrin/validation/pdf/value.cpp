@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <system_error>
 
 #include <fast_float/fast_float.h>
 
@@ -42,13 +41,10 @@ double numberOf(std::string_view text) {
   constexpr std::size_t mostDigits = 1100;
   text = text.substr(0, mostDigits);
   if (text.empty() || text == ".") return negative ? -0.0 : 0.0;
+  // What is out of range becomes infinite or zero, whatever is reported of it.
   double value = 0;
-  const auto [end, error] = fast_float::from_chars(text.data(), text.data() + text.size(), value,
-                                                   fast_float::chars_format::fixed);
-  if (error == std::errc::result_out_of_range) {
-    // Too large and too small are reported alike; a digit before the point tells them apart.
-    value = text.front() == '.' ? 0 : std::numeric_limits<double>::infinity();
-  }
+  fast_float::from_chars(text.data(), text.data() + text.size(), value,
+                         fast_float::chars_format::fixed);
   return negative ? -value : value;
 }
 
@@ -168,9 +164,9 @@ Name::Name(std::string_view token) {
 
 std::optional<std::size_t> Value::asSize() const {
   constexpr double largest = 9007199254740992.0;
-  if (kind != Kind::number || !(number >= 0 && number <= largest) || std::trunc(number) != number)
-    return std::nullopt;
-  return static_cast<std::size_t>(number);
+  if (kind == Kind::number && number >= 0 && number <= largest && std::trunc(number) == number)
+    return static_cast<std::size_t>(number);
+  return std::nullopt;
 }
 
 std::optional<Value> readValueHead(Scanner& scanner) {
@@ -178,10 +174,6 @@ std::optional<Value> readValueHead(Scanner& scanner) {
   Value value;
   value.place = scanner.place(token.begin);
   switch (token.kind) {
-    case Token::Kind::end:
-    case Token::Kind::arrayClose:
-    case Token::Kind::dictionaryClose:
-      return std::nullopt;
     case Token::Kind::word:
       readWord(scanner, token, value);
       return value;
@@ -199,8 +191,9 @@ std::optional<Value> readValueHead(Scanner& scanner) {
     case Token::Kind::dictionaryOpen:
       value.kind = Value::Kind::dictionary;
       return value;
+    default:
+      return std::nullopt;
   }
-  return std::nullopt;
 }
 
 std::optional<Value> readValue(Scanner& scanner) {
@@ -225,7 +218,7 @@ std::optional<std::string_view> readKey(Scanner& scanner) {
         scanner.skipToClosing();
         break;
       case Token::Kind::word:
-        if (scanner.is(token, "endobj") || scanner.is(token, "stream")) {
+        if (const auto word = scanner.text(token); word == "endobj" || word == "stream") {
           scanner.moveTo(start);
           return std::nullopt;
         }

@@ -17,7 +17,7 @@ namespace korrin {
 /// The container formats that are read. TIFF includes BigTIFF.
 enum class RasterFormat { png, jpeg, gif, bmp, tiff, webp, heif, avif };
 
-/// The format's usual name, such as "PNG".
+/// The format's usual name, such as "PNG"; empty for a value that is no case.
 std::string_view name(RasterFormat format) noexcept;
 
 /// Width and height in pixels as stored, before any orientation or crop is applied. Either may be
