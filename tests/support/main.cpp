@@ -4,6 +4,7 @@
 //   KORRIN_TEST_LOCALE=tr_TR.UTF-8   the process has that locale, as a host may set it
 
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 #include <locale>
 #include <string>
@@ -12,9 +13,20 @@
 
 #include "tests/support/small_stack.h"
 
+// Of the coverage runtime; null in programs that are built without it.
+extern "C" [[gnu::weak]] int __llvm_profile_write_file();
+
+namespace {
+
+// What a death test reaches counts, too: a program that aborts leaves no profile by itself.
+void writeProfile(int) { __llvm_profile_write_file(); }
+
+}  // namespace
+
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   testing::FLAGS_gtest_death_test_style = "threadsafe";
+  if (__llvm_profile_write_file != nullptr) std::signal(SIGABRT, writeProfile);
   if (const char* name = std::getenv("KORRIN_TEST_LOCALE")) std::locale::global(std::locale(name));
   const char* stack = std::getenv("KORRIN_TEST_STACK");
   if (stack == nullptr) return RUN_ALL_TESTS();
