@@ -192,5 +192,12 @@ TEST(Integer, ReadsBackAtItsExtremes) {
   }
 }
 
+TEST(ScaledInteger, IsNothingWhereRoundingUpWouldNotFit) {
+  EXPECT_EQ(json::scaledInteger("9223372036854775806.5", 0, 0), highest);
+  EXPECT_EQ(json::scaledInteger("9223372036854775807.5", 0, 0), std::nullopt);
+  EXPECT_EQ(json::scaledInteger("18446744073709551615.5", 0, 0), std::nullopt);
+  EXPECT_EQ(json::scaledInteger("-18446744073709551615.5", 0, highest), std::nullopt);
+}
+
 }  // namespace
 }  // namespace korrin

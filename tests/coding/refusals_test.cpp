@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "korrin/coding/decoding_report.h"
 #include "korrin/model/document_coding.h"
 
 #include "tests/support/decoding_outcome.h"
@@ -169,6 +170,12 @@ TEST(WrongDocument, IsNamedWithoutAKeyPath) {
                       "expected one of \"a4\" or \"letter\", found \"A4\"; the nearest is \"a4\""));
   EXPECT_EQ(refusalOf<List<StagePoint>>(R"([{"x":1,"y":2},{"x":1}])"),
             refusedAt("[1].y", Kind::keyNotFound, "expected a value, found no such key"));
+}
+
+TEST(ExpectedWords, AreJoinedAsASentenceHasThem) {
+  EXPECT_EQ(json::oneOf({"a"}), "\"a\"");
+  EXPECT_EQ(json::oneOf({"a", "b"}), "one of \"a\" or \"b\"");
+  EXPECT_EQ(json::oneOf({"a", "b", "c"}), "one of \"a\", \"b\" or \"c\"");
 }
 
 }  // namespace

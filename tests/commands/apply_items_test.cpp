@@ -110,6 +110,23 @@ TEST(InsertItems, OfNewIdentifiersUndoesAndRedoes) {
 
 // --- deleteItems
 
+TEST(DeleteItems, FindsSomeAmongThousands) {
+  List<PlotItem> items;
+  for (std::uint64_t i = 0; i < 5'000; ++i) items.push_back(microphone(identifier(10'000 + i)));
+  const KorrinProject project = projectOf(items);
+  std::vector<UUID> gone;
+  List<PlotItem> left;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (i % 100 == 99)
+      gone.push_back(items[i].id);
+    else
+      left.push_back(items[i]);
+  }
+  const auto command = DocumentCommand::deleteItems({gone.begin(), gone.end()});
+  EXPECT_EQ(applied(command, project).items, left);
+  expectUndoAndRedo(project, command);
+}
+
 TEST(DeleteItems, KeepsTheOrderOfTheOthers) {
   const KorrinProject project =
       applied(DocumentCommand::deleteItems({guitar, kick, truss}), sampleProject());

@@ -365,6 +365,19 @@ TEST(List, EditCopiesTheOneElementThatIsShared) {
   EXPECT_EQ(addresses(list)[500], after[500]);
 }
 
+TEST(List, EditsFarApartStayApartFromACopyThatWasMadeBetween) {
+  List<std::string> list = texts(200);
+  list.edit(0) = "list";
+  List<std::string> copy = list;
+  copy.edit(199) = "copy";
+  list.edit(199) = "list";
+  copy.edit(0) = "copy";
+  EXPECT_EQ(list[0], "list");
+  EXPECT_EQ(list[199], "list");
+  EXPECT_EQ(copy[0], "copy");
+  EXPECT_EQ(copy[199], "copy");
+}
+
 TEST(List, ReplacesAnElementWithoutCopyingTheFormer) {
   Watch watch;
   List<Watched> list;

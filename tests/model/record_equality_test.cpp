@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "korrin/commands/change_set.h"
+#include "korrin/model/document_coding.h"
 #include "korrin/model/project.h"
 #include "korrin/preflight/preflight_issue.h"
 #include "korrin/templates/korrin_template.h"
@@ -56,10 +57,11 @@ PreflightIssue sample<PreflightIssue>() {
 
 template <class Record>
 class RecordEquality : public testing::Test {};
-using Records = testing::Types<StagePoint, StageSize, StageDefinition, PlotItemStyle, PlotItem,
-                               PlotLayer, PlotGroup, InputChannel, MonitorMix, EquipmentRequirement,
-                               ProjectNote, ProjectMetadata, ExportSettings, AssetManifestEntry,
-                               KorrinProject, ChangeSet, PreflightIssue, KorrinTemplate>;
+using Records =
+    testing::Types<StagePoint, StageSize, StageDefinition, PlotItemStyle, PlotItem, PlotLayer,
+                   PlotGroup, InputChannel, MonitorMix, EquipmentRequirement, ProjectNote,
+                   ProjectMetadata, ExportSettings, AssetManifestEntry, KorrinProject,
+                   DocumentVersions, ChangeSet, PreflightIssue, KorrinTemplate>;
 TYPED_TEST_SUITE(RecordEquality, Records);
 
 TYPED_TEST(RecordEquality, LooksAtEveryField) {

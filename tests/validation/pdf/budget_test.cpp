@@ -70,6 +70,74 @@ TEST(Budget, AllowsSoMuchDataInAllStreams) {
   EXPECT_EQ(pageBehind(limits::inflatedStream - rows + 1), unreadable);
 }
 
+// Adds an object stream of `size` bytes that holds nothing but `object`.
+void addLargeStream(PdfBuilder& pdf, std::uint32_t container, std::uint32_t number,
+                    std::string_view object, std::size_t size) {
+  std::string data = std::to_string(number) + " 0 ";
+  const std::string first = std::to_string(data.size());
+  data += object;
+  data.resize(size, ' ');
+  pdf.stream(container, "/Type/ObjStm/N 1/First " + first + "/Filter/FlateDecode", deflated(data))
+      .pretendIn(number, container, 0);
+}
+
+// The tree whose page, object 3, is looked for once streams have held all but an eighth of what
+// they may.
+PdfBuilder behindMuchData() {
+  PdfBuilder pdf;
+  addLargeStream(pdf, 20, 10, "null", limits::inflatedStream);
+  addLargeStream(pdf, 21, 11, "null", limits::inflatedStream);
+  // One stream is held at a time: each of these unpacks one again.
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[" + repeated("10 0 R 11 0 R ", 3) + "10 0 R 3 0 R]>>");
+  return pdf;
+}
+
+struct LeftStream {
+  const char* name;
+  const char* objectThree;  // in one stream
+  const char* objectFour;   // in another
+};
+
+class StreamThatIsGoneBackTo : public testing::TestWithParam<LeftStream> {};
+
+TEST_P(StreamThatIsGoneBackTo, IsPaidForAgain) {
+  const auto pageWith = [](std::size_t size) {
+    PdfBuilder pdf = behindMuchData();
+    addLargeStream(pdf, 23, 3, GetParam().objectThree, size);
+    addLargeStream(pdf, 24, 4, GetParam().objectFour, size);
+    pdf.object(5, "<</MediaBox[0 0 3 3]>>").crossReferenceStream(9);
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageWith(limits::inflatedStream / 4), box(3, 3));
+  EXPECT_EQ(pageWith(limits::inflatedStream * 3 / 8), unreadable);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    For, StreamThatIsGoneBackTo,
+    testing::Values(LeftStream{"TheBox", "<</Kids 4 0 R/MediaBox[0 0 3 3]>>", "null"},
+                    LeftStream{"AnInheritedBox", "<</Kids[4 0 R]/MediaBox[0 0 3 3]>>", "<<>>"},
+                    LeftStream{"TheNextChild", "<</Kids[4 0 R 5 0 R]>>", "<</Kids[]>>"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Budget, CountsAPredictorLikeAnotherFilter) {
+  const auto pageWith = [](std::size_t size) {
+    PdfBuilder pdf = behindMuchData();
+    // One row, behind the number of its filter.
+    std::string data = std::string(1, '\0') + "3 0 <</MediaBox[0 0 3 3]>>";
+    data.resize(1 + size, ' ');
+    pdf.stream(23,
+               "/Type/ObjStm/N 1/First 4/Filter/FlateDecode/DecodeParms<</Predictor 15/Columns " +
+                   std::to_string(size) + ">>",
+               deflated(data))
+        .pretendIn(3, 23, 0)
+        .crossReferenceStream(9);
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageWith(limits::inflatedStream * 3 / 8), box(3, 3));
+  EXPECT_EQ(pageWith(limits::inflatedStream * 5 / 8), unreadable);
+}
+
 TEST(Budget, AllowsSoManyLookUps) {
   const auto pageBehind = [](std::size_t absent) {
     PdfBuilder pdf;

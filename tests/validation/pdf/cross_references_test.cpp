@@ -132,6 +132,8 @@ TEST(Header, IsNeeded) {
   EXPECT_EQ(pageOf(replaced(onePage("/MediaBox[0 0 3 3]"), "%PDF-", "%PDX-")), notAPdf);
   EXPECT_EQ(pageOf(""), notAPdf);
   EXPECT_EQ(pageOf("%PDF-1.7"), unreadable);
+  for (const char* text : {"%", "% a comment", "\xE2\xE3", "x\xE2"})
+    EXPECT_EQ(pageOf(text), notAPdf) << text;
 }
 
 TEST(Header, MayBeLostAboveTheCommentThatMarksAFileAsBinary) {

@@ -71,8 +71,88 @@ INSTANTIATE_TEST_SUITE_P(
                     Change{"UnknownRevision", "/R 3", "/R 7"},
                     Change{"KeyTooLong", "/Length 128", "/Length 999"},
                     Change{"KeyTooShort", "/Length 128", "/Length 032"},
+                    Change{"KeyTooLongForItsVersion", "/Length 128", "/Length 256"},
+                    Change{"RevisionBeforeTheFirst", "/R 3", "/R 1"},
+                    Change{"RevisionOfALongerKey", "/R 3", "/R 6"},
                     Change{"NoOwnerEntry", "/O <", "/Q <"}, Change{"NoUserEntry", "/U <", "/Q <"},
-                    Change{"OtherPermissions", "/P -4", "/P -8"}),
+                    Change{"UserEntryThatIsNoString", "/U <", "/U 7 /Q <"},
+                    Change{"NoIdentifiers", "/ID [", "/IX ["},
+                    Change{"IdentifiersThatAreNoArray", "/ID [", "/ID 7 /IX ["},
+                    Change{"IdentifiersOfNothing", "/ID [", "/ID []/IX ["},
+                    Change{"IdentifierThatIsNoString", "/ID [", "/ID [7"},
+                    Change{"OtherPermissions", "/P -4", "/P -8"},
+                    Change{"PermissionsBelowAllNumbers", "/P -4", "/P -2147483649"},
+                    Change{"PermissionsAboveAllNumbers", "/P -4", "/P 4294967296"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Encryption, MayStateItsPermissionsWithoutASign) {
+  EXPECT_EQ(pageOf(replaced(contentOf("rc4_128"), "/P -4", "/P 4294967292")), box(300, 400));
+}
+
+class UnusableLongKey : public testing::TestWithParam<Change> {};
+
+TEST_P(UnusableLongKey, LocksTheDocument) {
+  const auto& [name, from, to] = GetParam();
+  EXPECT_EQ(pageOf(replaced(contentOf("aes_256"), from, to)), locked);
+}
+
+INSTANTIATE_TEST_SUITE_P(Entry, UnusableLongKey,
+                         testing::Values(Change{"NoUserEntry", "/U <", "/Q <"},
+                                         Change{"NoEncryptedKey", "/UE <", "/QE <"},
+                                         Change{"VersionOfShortKeys", "/V 5", "/V 4"}),
+                         [](const auto& row) { return row.param.name; });
+
+// A document that says it is encrypted, with what proves the empty password right, but whose object
+// stream stands there as it is.
+PdfPage pageOfPlainStreams(const std::string& filters) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .objectStream(4, {{2, "<</Kids[3 0 R]>>"}, {3, "<</MediaBox[0 0 3 3]>>"}})
+      .object(7, "<</StdCF<</CFM/None>>>>")
+      .object(8, "/StdCF")
+      .object(9, "<</CFM/None>>")
+      .crossReferenceStream(
+          6,
+          "/Root 1 0 R/ID[<bb766c3b97e7e2f6704f5834ee5fcc5f><>]/Encrypt<</Filter/Standard"
+          "/O<566fa873ee33c797cd3b904fdadf814afa34df9a38f6ed41b984e2c6da2aa6f5>"
+          "/U<2494d8d530e1ad3404dd0627dc2facc80122456a91bae5134273a6db134c87c4>"
+          "/P -4/R 4/V 4" +
+              filters + ">>");
+  return pageOf(pdf.file());
+}
+
+struct CryptFilters {
+  const char* name;
+  const char* entries;
+};
+
+class FilterThatLeavesStreamsAlone : public testing::TestWithParam<CryptFilters> {};
+
+TEST_P(FilterThatLeavesStreamsAlone, LetsThePageBeRead) {
+  EXPECT_EQ(pageOfPlainStreams(GetParam().entries), box(3, 3));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Entries, FilterThatLeavesStreamsAlone,
+    testing::Values(CryptFilters{"NoFilter", ""}, CryptFilters{"Identity", "/StmF/Identity"},
+                    CryptFilters{"NoMethod", "/StmF/StdCF/CF<</StdCF<<>>>>"},
+                    CryptFilters{"MethodNone", "/StmF/StdCF/CF<</StdCF<</CFM/None>>>>"},
+                    CryptFilters{"TableElsewhere", "/StmF 8 0 R/CF 7 0 R"},
+                    CryptFilters{"FilterElsewhere", "/StmF/StdCF/CF<</StdCF 9 0 R>>"}),
+    [](const auto& row) { return row.param.name; });
+
+class UnknownCryptFilter : public testing::TestWithParam<CryptFilters> {};
+
+TEST_P(UnknownCryptFilter, LocksTheDocument) {
+  EXPECT_EQ(pageOfPlainStreams(GetParam().entries), locked);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Entries, UnknownCryptFilter,
+    testing::Values(CryptFilters{"NoTable", "/StmF/StdCF"},
+                    CryptFilters{"NotInTheTable", "/StmF/StdCF/CF<</Other<</CFM/V2>>>>"},
+                    CryptFilters{"NoDictionary", "/StmF/StdCF/CF<</StdCF/V2>>"},
+                    CryptFilters{"UnknownMethod", "/StmF/StdCF/CF<</StdCF<</CFM/AESV9>>>>"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(Encryption, ThatCannotBeFoundLocksTheDocument) {
@@ -80,11 +160,13 @@ TEST(Encryption, ThatCannotBeFoundLocksTheDocument) {
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), locked);
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 7").file()), locked);
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt<<>>").file()), locked);
+  EXPECT_EQ(pageOf(pdf.raw("trailer<</Root 1 0 R/Encrypt 9 0 R>>").file()), locked);
 }
 
 TEST(Encryption, OfNothingIsNone) {
   PdfBuilder pdf = wholeTree();
-  EXPECT_EQ(pageOf(pdf.table("/Root 1 0 R/Encrypt null").file()), box(3, 3));
+  EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt null").file()), box(3, 3));
+  EXPECT_EQ(pageOf(pdf.raw("trailer<</Root 1 0 R/Encrypt null>>").file()), box(3, 3));
 }
 
 TEST(Decryption, GoesOnAcrossPieces) {

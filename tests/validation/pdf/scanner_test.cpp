@@ -32,6 +32,13 @@ TEST(Scanner, SplitsAtDelimitersAndWhiteSpace) {
   EXPECT_EQ(tokens("/ /a/b/"), (Texts{"/", "/a", "/b", "/"}));
 }
 
+TEST(Scanner, TakesAStrayDelimiterForAWord) {
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(tokens("a>b){c}"), (Texts{"a", ">", "b", ")", "{", "c", "}"}));
+  EXPECT_EQ(tokens("> >"), (Texts{">", ">"}));
+  EXPECT_EQ(tokens("<a>>"), (Texts{"<a>", ">"}));
+}
+
 TEST(Scanner, BalancesParenthesesInStrings) {
   using Texts = std::vector<std::string>;
   EXPECT_EQ(tokens("(a(b)c)d"), (Texts{"(a(b)c)", "d"}));
@@ -112,6 +119,38 @@ TEST(Scanner, PaysForEveryToken) {
   // Eight tokens, four characters in the string that need a decision, and the end.
   EXPECT_FALSE(tokensOf(13));
   EXPECT_TRUE(tokensOf(12));
+}
+
+TEST(Scanner, TakesNothingThatItCannotPayFor) {
+  const std::string_view text = "  12 obj";
+  Budget oneByte(0);
+  oneByte.scan(limits::scannedBase - 1);
+  EXPECT_EQ(Scanner(text, oneByte, 0).takeCount(), std::nullopt);
+  EXPECT_TRUE(oneByte.isExhausted());
+  oneByte = Budget(0);
+  oneByte.scan(limits::scannedBase - 1);
+  EXPECT_FALSE(Scanner(text, oneByte, 4).takeKeyword("obj"));
+  EXPECT_TRUE(oneByte.isExhausted());
+
+  Budget noToken(0);
+  noToken.takeTokens(limits::tokensBase);
+  EXPECT_EQ(Scanner(text, noToken, 0).takeCount(), std::nullopt);
+  EXPECT_TRUE(noToken.isExhausted());
+  noToken = Budget(0);
+  noToken.takeTokens(limits::tokensBase);
+  EXPECT_FALSE(Scanner(text, noToken, 4).takeKeyword("obj"));
+  EXPECT_TRUE(noToken.isExhausted());
+}
+
+TEST(Scanner, SkipsNoFurtherThanItCanPayFor) {
+  const std::string_view text = "[ a b c d e f ] after";
+  Budget budget(0);
+  Scanner scanner(text, budget, 0);
+  scanner.next();
+  budget.scan(limits::scannedBase - 3);
+  scanner.skipToClosing();
+  EXPECT_TRUE(budget.isExhausted());
+  EXPECT_EQ(scanner.next().kind, Kind::end);
 }
 
 TEST(Scanner, SeesTheEndOnceTheBudgetIsUsedUp) {

@@ -51,6 +51,8 @@ TEST(Value, RoundsNumbersToTheNearest) {
   EXPECT_EQ(valueOf("7." + std::string(2000, '0') + "1").number, 7);
   EXPECT_EQ(valueOf("-0").number, 0);
   EXPECT_EQ(valueOf("0.").number, 0);
+  EXPECT_EQ(valueOf("." + std::string(400, '0') + "1").number, 0);
+  EXPECT_EQ(valueOf("-." + std::string(400, '0') + "1").number, 0);
   EXPECT_EQ(valueOf("1" + std::string(308, '0')).number, 1e308);
   EXPECT_EQ(valueOf("-1" + std::string(309, '0')).number, -std::numeric_limits<double>::infinity());
   EXPECT_EQ(valueOf("1" + std::string(5000, '0')).number, std::numeric_limits<double>::infinity());
@@ -87,7 +89,9 @@ TEST(Value, IsASizeOnlyIfItIsWholeAndNotNegative) {
 TEST(Name, ResolvesEscapesAndKeepsWhatIsNone) {
   EXPECT_EQ(Name("/A#42C").text(), "ABC");
   EXPECT_EQ(Name("/A#4").text(), "A#4");
-  EXPECT_EQ(Name("/A#xyC").text(), "A#xyC");
+  for (const char* none : {"A#xyC", "A#4xC", "A#x4C", "A#4GC", "A#4gC", "A#4:C", "A#4/C", "A#4@C"})
+    EXPECT_EQ(Name("/" + std::string(none)).text(), none);
+  EXPECT_EQ(Name("/#4a#4B").text(), "JK");
   EXPECT_EQ(Name("/#2F").text(), "/");
   EXPECT_EQ(Name("/").text(), "");
 }
@@ -127,6 +131,23 @@ TEST(Entries, OfAnUnclosedDictionaryEndWithTheObject) {
   EXPECT_EQ(entriesOf("<</A 1")[0].number, 1);
 }
 
+TEST(Entries, AreFoundByAKeyWithEscapes) {
+  const auto [a, b] = entriesOf("<</#41 1/#42#42 2>>");
+  EXPECT_EQ(a.number, 1);
+  EXPECT_TRUE(b.isNull());
+}
+
+TEST(Entries, PassOverWhatStandsWhereAKeyShould) {
+  for (const char* stray : {"[/B 3]", "<</B 3>>", "(/B 3)", "<2F>", "]", "word", "7"})
+    EXPECT_EQ(entriesOf("<</A 1 " + std::string(stray) + "/B 2>>")[1].number, 2) << stray;
+}
+
+TEST(Entries, PassOverAnUnknownKeyWithoutAValue) {
+  EXPECT_EQ(entriesOf("<</C]/A 1>>")[0].number, 1);
+  EXPECT_TRUE(entriesOf("<</C>>/A 1>>")[0].isNull());
+  EXPECT_TRUE(entriesOf("<</C")[0].isNull());
+}
+
 TEST(Entries, GoOnAfterAKeyWithoutAValueAndAStrayWord) {
   const auto [a, b] = entriesOf("<</A 1 stray 7 [8]/B 2/C>>");
   EXPECT_EQ(a.number, 1);
@@ -138,19 +159,41 @@ TEST(StringValue, ResolvesEscapes) {
   EXPECT_EQ(stringOf("(a\\n\\r\\t\\b\\f\\(\\)\\\\\\x)"), "a\n\r\t\b\f()\\x");
   EXPECT_EQ(stringOf("(\\101\\60\\0)"), std::string("A0\0", 3));
   EXPECT_EQ(stringOf("(\\1018)"), "A8");
+  EXPECT_EQ(stringOf("(\\10 )"), "\b ");
   EXPECT_EQ(stringOf("(\\777)"), "\xFF");
   EXPECT_EQ(stringOf("(a\\\nb\\\r\nc\\\rd)"), "abcd");
   EXPECT_EQ(stringOf("((nested))"), "(nested)");
+  EXPECT_EQ(stringOf("(\\8\\/)"), "8/");
+}
+
+TEST(StringValue, EndsWithTheBytesWhenItIsUnclosed) {
+  EXPECT_EQ(stringOf("("), "");
+  EXPECT_EQ(stringOf("(a"), "a");
+  EXPECT_EQ(stringOf("(a\\"), "a");
+  EXPECT_EQ(stringOf("(a\\\r"), "a");
+  EXPECT_EQ(stringOf("(\\10"), "\b");
+  EXPECT_EQ(stringOf("<"), "");
+  EXPECT_EQ(stringOf("<41"), "A");
+}
+
+TEST(StringValue, IsEmptyWhereSomethingElseStands) {
+  for (const char* other : {"", "word", "/Name", "[(a)]"}) EXPECT_EQ(stringOf(other), "") << other;
 }
 
 TEST(StringValue, ReadsHexadecimalDigits) {
   EXPECT_EQ(stringOf("<48 65\n6C6c6F>"), "Hello");
   EXPECT_EQ(stringOf("<4>"), "@");
+  EXPECT_EQ(stringOf("<4g1G:@/!>"), "A");
   EXPECT_EQ(stringOf("<>"), "");
 }
 
 TEST(StringValue, IsCutAtItsCapacity) {
-  EXPECT_EQ(stringOf("(" + std::string(500, 'x') + ")"), std::string(ShortString::capacity, 'x'));
+  const std::string whole(ShortString::capacity, 'x');
+  EXPECT_EQ(stringOf("(" + whole + ")"), whole);
+  EXPECT_EQ(stringOf("(" + std::string(500, 'x') + ")"), whole);
+  std::string digits;
+  for (int i = 0; i < 500; ++i) digits += "78";
+  EXPECT_EQ(stringOf("<" + digits + "7>"), whole);
 }
 
 }  // namespace

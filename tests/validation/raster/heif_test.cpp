@@ -189,12 +189,19 @@ TEST(HeifSteps, EndALongWalkOverAssociations) {
 }
 
 TEST(HeifSteps, ReachEveryPropertyNumberThereIs) {
-  ByteWriter properties;
-  for (int i = 1; i < 0x7FFF; ++i) properties.u32(8).text("free");
-  properties.bytes(ispe(3, 2));
-  const Bytes ipma =
-      box("ipma", fullBox(0, 1, ByteWriter().u32(1).u16(1).u8(1).u16(0x7FFF).done()));
-  EXPECT_EQ(sizeOf(file({.ipco = box("ipco", properties.done()), .ipma = ipma})), threeByTwo);
+  const auto afterBoxes = [](int count) {
+    ByteWriter boxes;
+    for (int i = 0; i < count; ++i) boxes.u32(8).text("free");
+    ByteWriter properties;
+    for (int i = 1; i < 0x7FFF; ++i) properties.u32(8).text("free");
+    properties.bytes(ispe(3, 2));
+    const Bytes ipma =
+        box("ipma", fullBox(0, 1, ByteWriter().u32(1).u16(1).u8(1).u16(0x7FFF).done()));
+    return file({.beforeMeta = boxes.done(), .ipco = box("ipco", properties.done()), .ipma = ipma});
+  };
+  EXPECT_EQ(sizeOf(afterBoxes(0)), threeByTwo);
+  // Neither walk is too long by itself.
+  EXPECT_EQ(sizeOf(afterBoxes(raster::maximumSteps * 3 / 4)), std::nullopt);
 }
 
 }  // namespace

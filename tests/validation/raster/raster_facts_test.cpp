@@ -56,5 +56,23 @@ TEST(RasterFacts, NameEachFormatDifferently) {
                                                "AVIF"}));
 }
 
+TEST(RasterFacts, DifferInTheFormatAndInEitherExtent) {
+  const RasterFacts facts{.format = RasterFormat::png, .size = PixelSize{.width = 3, .height = 2}};
+  const auto changed = [&facts](auto change) {
+    RasterFacts other = facts;
+    change(other);
+    return other;
+  };
+  EXPECT_EQ(facts, changed([](RasterFacts&) {}));
+  EXPECT_NE(facts, changed([](RasterFacts& other) { other.format = RasterFormat::gif; }));
+  EXPECT_NE(facts, changed([](RasterFacts& other) { other.size.reset(); }));
+  EXPECT_NE(facts, changed([](RasterFacts& other) { other.size->width = 4; }));
+  EXPECT_NE(facts, changed([](RasterFacts& other) { other.size->height = 1; }));
+}
+
+TEST(RasterFacts, HaveNoNameForAValueThatIsNoFormat) {
+  EXPECT_EQ(name(static_cast<RasterFormat>(8)), "");
+}
+
 }  // namespace
 }  // namespace korrin::test
