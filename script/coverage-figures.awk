@@ -1,0 +1,113 @@
+# Says how much of the library the tests reach, lists the rest, and fails where that is too much.
+#
+#   awk -f script/coverage-figures.awk -v root=DIRECTORY script/coverage-exclusions SUMMARY LINES
+#
+# SUMMARY is what `llvm-cov report` prints, LINES what `llvm-cov show -show-branches=count` does. A line or
+# an outcome of a condition counts once: it is reached if any instance of its template reaches it. What
+# stands in an excluded line is left out, and the whole of a function where its opening line is excluded;
+# an exclusion that leaves nothing out is a fault.
+
+BEGIN {
+  goals["lines"] = 100
+  goals["branches"] = 98
+  goals["MC/DC"] = 90
+}
+
+FNR == 1 { ++input }
+
+# "files: text", the files a pattern of the shell with no other sign than *.
+input == 1 && /^[^#]/ {
+  names[++nameCount] = $0
+  at = index($0, ": ")
+  files[nameCount] = substr($0, 1, at - 1)
+  gsub(/\./, "[.]", files[nameCount])
+  gsub(/\*/, ".*", files[nameCount])
+  texts[nameCount] = substr($0, at + 2)
+}
+
+input == 2 && $1 == "TOTAL" {
+  total["functions"] = $2
+  reached["functions"] = $2 - $3
+  total["MC/DC"] = $11
+  reached["MC/DC"] = $11 - $12
+}
+
+input < 3 { next }
+
+/^\/.*:$/ {
+  finishLine()
+  file = substr($0, length(root) + 2, length($0) - length(root) - 2)
+}
+
+/^ *[0-9]+\|/ {
+  finishLine()
+  split($0, parts, "|")
+  number = parts[1] + 0
+  text = substr($0, length(parts[1] parts[2]) + 3)
+  gsub(/ /, "", parts[2])
+  count("lines", "", parts[2])
+}
+
+/Branch \([0-9:]+\): \[True: / {
+  split($0, parts, /[][(), ]+/)  # nothing, "|", "Branch", place, ":", "True:", count, "False:", count
+  count("branches", parts[4] "T", parts[7])
+  count("branches", parts[4] "F", parts[9])
+}
+
+END {
+  finishLine()
+  for (i = 1; i <= nameCount; ++i)
+    if (!uses[i]) fault("needless exclusion: " names[i])
+  report("functions")
+  report("lines")
+  report("branches")
+  report("MC/DC")
+  exit isFaulty
+}
+
+# Notes one thing of the present line. One without a count holds no code.
+function count(kind, place, times) {
+  if (times == "") return
+  kinds[kind, place] = kind
+  if (times != "0") isReached[kind, place] = 1
+}
+
+# Adds up what has been noted of a line that is complete.
+function finishLine(   thing, kind, i, missed, message) {
+  if (!inFunction) {
+    excluded = 0
+    for (i = nameCount; i > 0; --i)
+      if (file ~ "^" files[i] "$" && index(text, texts[i])) excluded = i
+  }
+  inFunction = excluded && (inFunction || text ~ /{$/) && text != "}"
+  for (thing in kinds) {
+    kind = kinds[thing]
+    if (thing in isReached) {
+      ++reached[kind]
+      ++total[kind]
+    } else if (excluded) {
+      ++uses[excluded]
+      ++leftOut[kind]
+    } else {
+      ++total[kind]
+      ++missed[kind]
+    }
+  }
+  for (kind in missed) message = message ", " kind " " missed[kind]
+  if (message) print "not reached: " file ":" number ": " substr(message, 3) ": " text
+  delete kinds
+  delete isReached
+  text = ""
+}
+
+function report(kind,   percent) {
+  percent = 100 * reached[kind] / total[kind]
+  printf "%-10s %6d of %6d %7.2f %%", kind, reached[kind], total[kind], percent
+  print leftOut[kind] ? ", without " leftOut[kind] " excluded" : ""
+  if (percent < goals[kind]) fault(kind ": less than " goals[kind] " %")
+}
+
+function fault(message) {
+  print message
+  isFaulty = 1
+}
