@@ -28,7 +28,7 @@ consteval std::uint32_t afterByte(std::uint32_t rest, std::uint32_t byte) {
 
 // The checksum of a message of known length is the exclusive or of one term per byte and one for
 // the length, and so a header's needs no loop in which each round waits for the one before.
-constexpr std::array<CrcTable, headerLength> headerByte = []() consteval {
+consteval auto tablesOfHeaderBytes() {
   std::array<CrcTable, headerLength> tables{};
   tables[headerLength - 1] = lastByte;
   for (std::size_t i = headerLength - 1; i-- > 0;)
@@ -36,17 +36,17 @@ constexpr std::array<CrcTable, headerLength> headerByte = []() consteval {
       tables[i][byte] = afterByte(tables[i + 1][byte], 0);
   return tables;
 }
-();
+constexpr std::array<CrcTable, headerLength> headerByte = tablesOfHeaderBytes();
 
 // The checksum of the type IHDR and a header of zeros.
-constexpr std::uint32_t crcOfZeros = []() consteval {
+consteval std::uint32_t checksumOfZeros() {
   std::uint32_t rest = 0xFFFFFFFFu;
   for (const char c : std::string_view("IHDR"))
     rest = afterByte(rest, static_cast<unsigned char>(c));
   for (std::size_t i = 0; i < headerLength; ++i) rest = afterByte(rest, 0);
   return ~rest;
 }
-();
+constexpr std::uint32_t crcOfZeros = checksumOfZeros();
 
 std::uint32_t crcOf(std::span<const std::byte, headerLength> header) noexcept {
   std::uint32_t crc = crcOfZeros;
