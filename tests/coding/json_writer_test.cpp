@@ -119,6 +119,21 @@ TEST(DecodedText, ResolvesEveryEscape) {
   EXPECT_EQ(note.body.str(), "e\u0301");
 }
 
+TEST(DecodedText, SharesTheStorageOfAnEqualOneBeforeIt) {
+  const auto note = decodeJSON<ProjectNote>(
+      R"({"id":"00000000-0000-0000-0000-000000000000","title":"Power","body":"Power"})");
+  EXPECT_EQ(&note.title.str(), &note.body.str());
+}
+
+TEST(DecodedText, MayBeOfAnySize) {
+  for (const std::size_t size : {0u, 1u, 63u, 64u, 65u, 10'000'000u}) {
+    const std::string title(size, '~');
+    const auto note = decodeJSON<ProjectNote>(
+        R"({"id":"00000000-0000-0000-0000-000000000000","title":")" + title + R"(","body":""})");
+    EXPECT_TRUE(note.title.str() == title) << size;
+  }
+}
+
 TEST(NonFiniteNumber, StopsWritingAndIsNamed) {
   struct Row {
     double value;

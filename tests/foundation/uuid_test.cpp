@@ -1,6 +1,8 @@
 #include "korrin/foundation/uuid.h"
 
+#include <bitset>
 #include <unordered_set>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +74,20 @@ TEST(UUID, RandomOnesAreOfVersionFourAndDiffer) {
     EXPECT_TRUE(seen.insert(id).second);
     EXPECT_EQ(UUID::fromText(id.text()), id);
   }
+}
+
+TEST(UUID, RandomOnesRepeatNoBitOfTheirs) {
+  // What each bit was in 128 identifiers; but for the six that say what kind they are of, no two
+  // bits were the same throughout.
+  std::vector<std::bitset<128>> bits(128);
+  for (std::size_t i = 0; i < 128; ++i) {
+    const UUID::Bytes bytes = UUID::random().bytes();
+    for (std::size_t bit = 0; bit < 128; ++bit)
+      bits[bit][i] = (bytes[bit / 8] >> (7 - bit % 8) & 1) != 0;
+  }
+  const auto isConstant = [](const auto& bit) { return bit.none() || bit.all(); };
+  EXPECT_EQ(std::erase_if(bits, isConstant), 6u);
+  EXPECT_EQ(std::unordered_set(bits.begin(), bits.end()).size(), 122u);
 }
 
 TEST(UUID, HashesAgreeWithEquality) {

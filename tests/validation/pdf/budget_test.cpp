@@ -34,6 +34,27 @@ PdfPage pageInStreamOf(std::size_t size, const std::string& filters, bool twice)
   return pageOf(pdf.file());
 }
 
+TEST(Budget, IsThePromisedOne) {
+  constexpr std::size_t mebibyte = 1'048'576;
+  EXPECT_EQ(limits::headerWindow, 1024u);
+  EXPECT_EQ(limits::inflatedStream, 8 * mebibyte);
+  EXPECT_EQ(limits::inflatedInAll, 64 * mebibyte);
+  EXPECT_EQ(limits::scannedPerInputByte, 8u);
+  EXPECT_EQ(limits::scannedBase, mebibyte);
+  EXPECT_EQ(limits::inputBytesPerToken, 2u);
+  EXPECT_EQ(limits::tokensBase, mebibyte);
+  EXPECT_EQ(limits::lookUps, 4096u);
+  EXPECT_EQ(limits::treeNodes, 10'000u);
+  EXPECT_EQ(limits::treeDepth, 64u);
+  EXPECT_EQ(limits::nesting, 64u);
+  EXPECT_EQ(limits::referenceChain, 16u);
+  EXPECT_EQ(limits::crossReferenceSections, 1024u);
+  EXPECT_EQ(limits::crossReferenceBytes, 16 * mebibyte);
+  EXPECT_EQ(limits::filters, 4u);
+  EXPECT_EQ(limits::recoveredObjects, 524'288u);
+  EXPECT_EQ(limits::recoveredTrailers, 64u);
+}
+
 TEST(Budget, AllowsAStreamOfTheLargestSize) {
   EXPECT_EQ(pageInStreamOf(limits::inflatedStream, "/FlateDecode", false), box(3, 3));
   EXPECT_EQ(pageInStreamOf(limits::inflatedStream + 1, "/FlateDecode", false), unreadable);
@@ -288,6 +309,18 @@ TEST(Budget, AllowsSoManyTokens) {
   };
   EXPECT_EQ(pageBehind(limits::tokensBase - 100), box(3, 3));
   EXPECT_EQ(pageBehind(limits::tokensBase + 1000), unreadable);
+}
+
+TEST(Budget, CountsNoTokensAmongTheNumbersThatArePassedOver) {
+  // Half a million numbers are passed at each of eight look-ups; all would be more than there may
+  // be.
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[" + repeated("4 0 R ", 8) + "3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .object(4, "<</Unread[" + repeated("7 ", limits::tokensBase / 2) + "]/Kids[]>>")
+      .table();
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
 TEST(Budget, PaysForNothingOnceItIsUsedUp) {

@@ -104,6 +104,33 @@ TEST(ObjectStream, MayHaveTheTiffPredictor) {
             box(3, 3));
 }
 
+struct Samples {
+  const char* name;
+  const char* parameters;
+  std::size_t rowSize;  // in bytes
+  PdfPage expected;
+};
+
+class PredictorSamples : public testing::TestWithParam<Samples> {};
+
+TEST_P(PredictorSamples, AreUndoneWithinTheirLimits) {
+  const Samples& samples = GetParam();
+  EXPECT_EQ(pageIn("/N 1/First 4/Filter/FlateDecode/DecodeParms<</Predictor 12" +
+                       std::string(samples.parameters) + ">>",
+                   deflated(pngRows(pageData(), samples.rowSize, 2))),
+            samples.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Parameters, PredictorSamples,
+    testing::Values(Samples{"OfOneBit", "/BitsPerComponent 1/Columns 32", 4, box(3, 3)},
+                    Samples{"OfSixteenBits", "/BitsPerComponent 16/Columns 2", 4, box(3, 3)},
+                    Samples{"OfMoreBits", "/BitsPerComponent 17/Columns 8", 17, unreadable},
+                    Samples{"OfThirtyTwoColors", "/Colors 32", 32, box(3, 3)},
+                    Samples{"OfMoreColors", "/Colors 33", 33, unreadable},
+                    Samples{"InAPartOfAByte", "/BitsPerComponent 1/Columns 9", 2, box(3, 3)}),
+    [](const auto& row) { return row.param.name; });
+
 TEST(ObjectStream, MayHaveItsEntriesInOrdinaryObjects) {
   EXPECT_EQ(pageIn("/N 22 0 R/First 23 0 R/Length 25 0 R/Filter 21 0 R/DecodeParms 20 0 R",
                    deflated(pngRows(pageData(), 4, 2))),
