@@ -35,6 +35,19 @@ TEST(Layout, PutsOneMemberOnALine) {
             golden("KorrinProject-sparse-pretty"));
 }
 
+// The room for the text grows somewhere behind the title, each time elsewhere.
+TEST(Layout, StaysTheSameBehindATextOfAnyLength) {
+  ProjectNote note = test::fullProject().notes[0];
+  note.title = "~";
+  const std::string document = encodeJSON(note, {.prettyPrinted = true});
+  for (std::size_t length = 2; length < 2000; ++length) {
+    note.title = std::string(length, '~');
+    std::string expected = document;
+    expected.insert(expected.find('~'), length - 1, '~');
+    ASSERT_EQ(encodeJSON(note, {.prettyPrinted = true}), expected);
+  }
+}
+
 TEST(Layout, SortsKeysByTheirBytes) {
   EXPECT_EQ(encodeJSON(projectWithEmptyLists(), {.prettyPrinted = true, .sortedKeys = true}),
             golden("KorrinProject-sparse-pretty-sorted"));

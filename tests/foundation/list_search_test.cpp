@@ -134,6 +134,15 @@ TEST(ListSearch, FindsWhatIsWrittenThroughAReference) {
   }
 }
 
+TEST(ListSearch, MarksListsOfIdentifiersWithAllBitsAlike) {
+  std::array<int, 32> identifiers{};
+  for (std::uint64_t i = 0; i < 3200; ++i)
+    for (std::size_t bit = 0; bit < 32; ++bit)
+      identifiers[bit] += static_cast<int>(detail::FilterMark::of(identifier(i)) >> bit & 1);
+  // Two bits of 32 for each, and one where they meet.
+  EXPECT_THAT(identifiers, testing::Each(testing::AllOf(testing::Gt(150), Lt(250))));
+}
+
 TEST(ListSearch, PassesOverElementsThatWereEditedOneByOne) {
   List<Symbol> list = symbols(64 * 100);
   for (const bool isShared : {false, true}) {

@@ -90,6 +90,16 @@ TEST(UUID, RandomOnesRepeatNoBitOfTheirs) {
   EXPECT_EQ(std::unordered_set(bits.begin(), bits.end()).size(), 122u);
 }
 
+TEST(UUID, HashesOfCountingOnesDifferInTheirLastBits) {
+  std::unordered_set<std::size_t> seen;
+  for (int count = 0; count < 256; ++count) {
+    UUID::Bytes bytes{};
+    bytes[15] = static_cast<std::uint8_t>(count);
+    seen.insert(std::hash<UUID>{}(UUID(bytes)) % 256);
+  }
+  EXPECT_GT(seen.size(), 64u);
+}
+
 TEST(UUID, HashesAgreeWithEquality) {
   const UUID id = UUID::random();
   EXPECT_EQ(std::hash<UUID>{}(id), std::hash<UUID>{}(*UUID::fromText(id.text())));

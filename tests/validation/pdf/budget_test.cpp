@@ -66,29 +66,41 @@ TEST(Budget, AllowsAStreamOfTheLargestSizeDeflatedTwice) {
             unreadable);
 }
 
+// Nulls in object streams of the largest size, all but the last, stand before the page.
+PdfPage pageBehindStreams(std::size_t streams, std::size_t lastSize, const std::string& entries) {
+  PdfBuilder pdf;
+  std::string kids;
+  for (std::size_t i = 0; i < streams; ++i) {
+    const auto number = static_cast<std::uint32_t>(1000 + i);
+    std::string data = std::to_string(number) + " 0 null";
+    data.resize(i + 1 == streams ? lastSize : limits::inflatedStream, ' ');
+    pdf.stream(number + 1000, "/Type/ObjStm/N 1/First 7/Filter/FlateDecode" + entries,
+               deflated(data));
+    pdf.pretendIn(number, number + 1000, 0);
+    kids += std::to_string(number) + " 0 R ";
+  }
+  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[" + kids + "3 0 R]>>");
+  pdf.object(3, "<</MediaBox[0 0 3 3]>>").crossReferenceStream(9);
+  return pageOf(pdf.file());
+}
+
+// The rows of the cross-reference stream, which count as well.
+std::size_t rowsOfStreams(std::size_t streams) { return 7 * (2 * streams + 4); }
+
 TEST(Budget, AllowsSoMuchDataInAllStreams) {
-  // Nulls in large object streams stand before the page; the rows of the cross-reference stream
-  // count, too.
   const std::size_t streams = limits::inflatedInAll / limits::inflatedStream;
-  const auto pageBehind = [&](std::size_t lastSize) {
-    PdfBuilder pdf;
-    std::string kids;
-    for (std::size_t i = 0; i < streams; ++i) {
-      const auto number = static_cast<std::uint32_t>(1000 + i);
-      std::string data = std::to_string(number) + " 0 null";
-      data.resize(i + 1 == streams ? lastSize : limits::inflatedStream, ' ');
-      pdf.stream(number + 1000, "/Type/ObjStm/N 1/First 7/Filter/FlateDecode", deflated(data));
-      pdf.pretendIn(number, number + 1000, 0);
-      kids += std::to_string(number) + " 0 R ";
-    }
-    pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[" + kids + "3 0 R]>>");
-    pdf.object(3, "<</MediaBox[0 0 3 3]>>").crossReferenceStream(9);
-    return pageOf(pdf.file());
-  };
-  const std::size_t objects = 2 * streams + 4;
-  const std::size_t rows = 7 * objects;
-  EXPECT_EQ(pageBehind(limits::inflatedStream - rows), box(3, 3));
-  EXPECT_EQ(pageBehind(limits::inflatedStream - rows + 1), unreadable);
+  const std::size_t lastSize = limits::inflatedStream - rowsOfStreams(streams);
+  EXPECT_EQ(pageBehindStreams(streams, lastSize, ""), box(3, 3));
+  EXPECT_EQ(pageBehindStreams(streams, lastSize + 1, ""), unreadable);
+}
+
+TEST(Budget, CountsDataOnceMoreForAPredictor) {
+  const std::size_t streams = limits::inflatedInAll / limits::inflatedStream / 2;
+  const std::size_t lastSize = limits::inflatedStream - rowsOfStreams(streams) / 2;
+  // Leaves rows of one byte as they are.
+  const std::string predictor = "/DecodeParms<</Predictor 2/Columns 1>>";
+  EXPECT_EQ(pageBehindStreams(streams, lastSize, predictor), box(3, 3));
+  EXPECT_EQ(pageBehindStreams(streams, lastSize + 1, predictor), unreadable);
 }
 
 // Adds an object stream of `size` bytes that holds nothing but `object`.

@@ -121,6 +121,20 @@ TEST(CrossReferences, ThatReturnToThemselvesEnd) {
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
+TEST(CrossReferences, AreFoundFromTheLastKilobyteAlone) {
+  // The table lists the smaller page; whoever searches the file sees that the larger one is newer.
+  const auto pageAt = [](std::size_t distance) {
+    PdfBuilder pdf = wholeTree();
+    pdf.table().object(3, "<</MediaBox[0 0 5 5]>>").raw("%" + std::string(2000, '.') + "\n");
+    const std::string start = "startxref\n" + std::to_string(pdf.lastSection());
+    pdf.raw(start + std::string(distance - start.size(), '\n'));
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageAt(1024), box(3, 3));
+  for (std::size_t distance = 1025; distance < 1036; ++distance)
+    EXPECT_EQ(pageAt(distance), box(5, 5)) << distance;
+}
+
 TEST(Header, MayStandAnywhereInTheFirstKilobyte) {
   const std::string file = onePage("/MediaBox[0 0 3 3]");
   EXPECT_EQ(pageOf(std::string(1019, ' ') + file), box(3, 3));

@@ -155,6 +155,11 @@ INSTANTIATE_TEST_SUITE_P(
                     CryptFilters{"UnknownMethod", "/StmF/StdCF/CF<</StdCF<</CFM/AESV9>>>>"}),
     [](const auto& row) { return row.param.name; });
 
+TEST(Encryption, OfARevisionThatItsVersionDoesNotKnowLocksTheDocument) {
+  EXPECT_EQ(pageOf(replaced(contentOf("aes_256"), "/V 5", "/V 4")), locked);
+  EXPECT_EQ(pageOf(replaced(contentOf("aes_256_revision_5"), "/V 5", "/V 4")), locked);
+}
+
 TEST(Encryption, ThatCannotBeFoundLocksTheDocument) {
   PdfBuilder pdf = wholeTree();
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), locked);

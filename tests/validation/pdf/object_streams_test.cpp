@@ -94,6 +94,14 @@ INSTANTIATE_TEST_SUITE_P(Up, PngFilter, testing::Values(2));
 INSTANTIATE_TEST_SUITE_P(Average, PngFilter, testing::Values(3));
 INSTANTIATE_TEST_SUITE_P(Paeth, PngFilter, testing::Values(4));
 
+TEST(ObjectStream, MayHaveAPaethByteAsFarFromTheOneAboveAsFromTheOneBesideThat) {
+  // In rows of two bytes the string's end stands under A, with D to its left and C above that.
+  const std::string data = std::string(pairs) + "<</AB(CAD)/MediaBox[0 0 3 3]>>";
+  EXPECT_EQ(pageIn("/N 1/First 4/Filter/FlateDecode/DecodeParms<</Predictor 15/Columns 2>>",
+                   deflated(pngRows(data, 2, 4))),
+            box(3, 3));
+}
+
 TEST(ObjectStream, MayHaveTheTiffPredictor) {
   const std::string data = pageData();
   std::string differences;
@@ -128,6 +136,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Samples{"OfMoreBits", "/BitsPerComponent 17/Columns 8", 17, unreadable},
                     Samples{"OfThirtyTwoColors", "/Colors 32", 32, box(3, 3)},
                     Samples{"OfMoreColors", "/Colors 33", 33, unreadable},
+                    Samples{"WithAPredictorBelowPng", "/Columns 4/Predictor 9", 4, unreadable},
+                    Samples{"WithAPredictorAbovePng", "/Columns 4/Predictor 16", 4, unreadable},
                     Samples{"InAPartOfAByte", "/BitsPerComponent 1/Columns 9", 2, box(3, 3)}),
     [](const auto& row) { return row.param.name; });
 

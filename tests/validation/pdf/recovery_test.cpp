@@ -45,6 +45,24 @@ TEST(Recovery, FindsObjectsInObjectStreams) {
             box(3, 3));
 }
 
+TEST(Recovery, FindsObjectsInStreamsThatArePackedTwice) {
+  // First as they are, behind a head of seven bytes, so that all of it is needed for what is in it.
+  const std::string data = "3 0 <</MediaBox[0 0 3 3]>>";
+  const auto size = static_cast<char>(data.size());
+  const std::string stored =
+      std::string("\x78\x01\x01") + size + '\0' + static_cast<char>(~size) + '\xFF' + data;
+  PdfBuilder pdf = tree();
+  pdf.stream(4, "/Type/ObjStm/N 1/First 4/Filter[/FlateDecode/FlateDecode]", deflated(stored))
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(Recovery, FindsWhatAnUnreadableOlderSectionLists) {
+  PdfBuilder pdf = wholeTree();
+  pdf.table().object(4, "null").table();
+  EXPECT_EQ(pageOf(replaced(pdf.file(), "/Prev ", "/Prev 7")), box(3, 3));
+}
+
 TEST(Recovery, FindsObjectStreamsBehindTheObjectsOfOthers) {
   // The numbers in the first streams are beyond and between those of the streams themselves.
   PdfBuilder pdf;

@@ -39,6 +39,17 @@ TEST(Scanner, TakesAStrayDelimiterForAWord) {
   EXPECT_EQ(tokens("<a>>"), (Texts{"<a>", ">"}));
 }
 
+TEST(Scanner, PaysForEachWordThatItTakes) {
+  Budget budget(8 * limits::inputBytesPerToken);
+  ASSERT_TRUE(budget.takeTokens(limits::tokensBase + 8 - 3));
+  Scanner scanner("word 12 next R", budget, 0);
+  EXPECT_TRUE(scanner.takeKeyword("word"));
+  EXPECT_EQ(scanner.takeCount(), 12u);
+  EXPECT_EQ(scanner.next().kind, Kind::word);
+  EXPECT_FALSE(scanner.takeKeyword("R"));
+  EXPECT_TRUE(budget.isExhausted());
+}
+
 TEST(Scanner, BalancesParenthesesInStrings) {
   using Texts = std::vector<std::string>;
   EXPECT_EQ(tokens("(a(b)c)d"), (Texts{"(a(b)c)", "d"}));

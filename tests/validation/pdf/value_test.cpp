@@ -58,6 +58,12 @@ TEST(Value, RoundsNumbersToTheNearest) {
   EXPECT_EQ(valueOf("1" + std::string(5000, '0')).number, std::numeric_limits<double>::infinity());
 }
 
+TEST(Value, EndsWithTheBytes) {
+  EXPECT_EQ(valueOf(std::string_view("123").substr(0, 2)).number, 12);
+  EXPECT_EQ(valueOf(std::string_view("1.53").substr(0, 3)).number, 1.5);
+  EXPECT_TRUE(valueOf(std::string_view("/Flate").substr(0, 3)).isName("Fl"));
+}
+
 TEST(Value, TellsReferencesFromNumbers) {
   EXPECT_EQ(valueOf("12 0 R").kind, Kind::reference);
   EXPECT_EQ(valueOf("12 0 R").reference, 12u);
