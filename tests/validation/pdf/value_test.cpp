@@ -3,6 +3,7 @@
 #include <array>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,19 @@ TEST(Value, EndsWithTheBytes) {
   EXPECT_EQ(valueOf(std::string_view("123").substr(0, 2)).number, 12);
   EXPECT_EQ(valueOf(std::string_view("1.53").substr(0, 3)).number, 1.5);
   EXPECT_TRUE(valueOf(std::string_view("/Flate").substr(0, 3)).isName("Fl"));
+}
+
+// A sanitizer sees a byte read behind these.
+TEST(Value, IsNotLookedForBehindTheBytes) {
+  const auto withNothingBehind = [](std::string_view text, const auto& read) {
+    const std::vector<char> bytes(text.begin(), text.end());
+    return read(std::string_view(bytes.data(), bytes.size()));
+  };
+  for (const char* text : {"12", "-1.5", "/Fl#6", "(a", "<6", "12 0 R"})
+    EXPECT_FALSE(withNothingBehind(text, valueOf).isNull()) << text;
+  EXPECT_EQ(withNothingBehind("(a\\\r", stringOf), "a");
+  EXPECT_EQ(withNothingBehind("(a\\12", stringOf), "a\n");
+  EXPECT_EQ(withNothingBehind("<61", stringOf), "a");
 }
 
 TEST(Value, TellsReferencesFromNumbers) {
