@@ -93,6 +93,15 @@ TEST(ListMemory, FillingNeverTakesMuchMoreThanTheResult) {
   EXPECT_LE(peakBytes() - before, 100'000 * 16 * 105 / 100);
 }
 
+TEST(ListMemory, InsertsInAscendingOrderFillLeaves) {
+  for (const std::size_t behind : {1u, 64u, 100u}) {
+    List<UUID> list{std::vector<UUID>(behind)};
+    const std::ptrdiff_t before = liveBytes();
+    for (std::size_t i = 0; i < 10'000; ++i) list.insert(i, UUID());
+    EXPECT_LE(liveBytes() - before, 10'000 * 16 * 115 / 100) << behind;
+  }
+}
+
 // What is left of 150 leaves would fit in eight.
 
 TEST(ListMemory, ManySingleErasesLeaveNoRowOfTinyLeaves) {

@@ -134,6 +134,22 @@ TEST(ListSearch, FindsWhatIsWrittenThroughAReference) {
   }
 }
 
+TEST(ListSearch, FindsEachElementBehindOthersThatCameOrWent) {
+  List<Symbol> list = symbols(100);
+  List<Bundle> bundles;
+  for (std::size_t i = 0; i < 100; ++i) bundles.push_back({.members = {identifier(i)}});
+  for (const std::size_t place : {70u, 10u, 0u}) {
+    list.insert(place, {.id = identifier(200 + place), .colour = 1});
+    bundles.insert(place, {.members = {identifier(200 + place)}});
+    list.erase(place + 5);
+    bundles.erase(place + 5);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      ASSERT_THAT(candidates(list, list[i].id), testing::Contains(i));
+      ASSERT_THAT(candidates(bundles, bundles[i].members[0]), testing::Contains(i));
+    }
+  }
+}
+
 TEST(ListSearch, MarksListsOfIdentifiersWithAllBitsAlike) {
   std::array<int, 32> identifiers{};
   for (std::uint64_t i = 0; i < 3200; ++i)

@@ -128,6 +128,8 @@ TEST(List, IndexesEveryElementOfManyThousands) {
     }
     ASSERT_EQ(list.size(), expected.size());
     for (std::size_t k = round; k < list.size(); k += 997) ASSERT_EQ(list[k], expected[k]);
+    // Around the place where starts of leaves begin to be counted anew.
+    for (std::size_t k = 32'700; k < 32'840; ++k) ASSERT_EQ(list[k], expected[k]);
   }
   EXPECT_EQ(list.toVector(), expected);
   const auto isOdd = [](int element) { return element % 2 != 0; };

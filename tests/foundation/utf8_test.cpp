@@ -57,6 +57,7 @@ TEST(UTF8, LooksAtEveryByteWhateverItsPlace) {
             text[place] = static_cast<char>(byte);
             ASSERT_EQ(allBytesBelow(text, static_cast<unsigned char>(limit)), byte < limit)
                 << limit << " " << length << " " << place << " " << byte;
+            ASSERT_EQ(isASCII(text), byte < 0x80) << length << " " << place << " " << byte;
           }
         }
       }

@@ -57,6 +57,11 @@ TEST(Recovery, FindsObjectsInStreamsThatArePackedTwice) {
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
+TEST(Recovery, FindsATrailerFromTheFirstByteOn) {
+  EXPECT_EQ(pageOf(wholeTree().file()), unreadable);
+  EXPECT_EQ(pageOf("trailer<</Root 1 0 R>>\n" + wholeTree().file()), box(3, 3));
+}
+
 TEST(Recovery, FindsWhatAnUnreadableOlderSectionLists) {
   PdfBuilder pdf = wholeTree();
   pdf.table().object(4, "null").table();

@@ -39,6 +39,22 @@ TEST(Scanner, TakesAStrayDelimiterForAWord) {
   EXPECT_EQ(tokens("<a>>"), (Texts{"<a>", ">"}));
 }
 
+// A sanitizer sees a byte read behind these.
+TEST(Search, EndsWithTheBytes) {
+  for (const std::size_t size : {0u, 1u, 2u, 3u, 4u}) {
+    const std::vector<char> bytes(size, 'x');
+    EXPECT_EQ(find(std::string_view(bytes.data(), size), "ab"), std::string_view::npos) << size;
+  }
+}
+
+TEST(Search, FindsAWordBehindBytesOfAnyKind) {
+  for (int byte = 0; byte < 256; ++byte) {
+    std::string text(7, static_cast<char>(byte));
+    text += "word";
+    EXPECT_EQ(find(text, "word"), 7u) << byte;
+  }
+}
+
 TEST(Scanner, PaysForEachWordThatItTakes) {
   Budget budget(8 * limits::inputBytesPerToken);
   ASSERT_TRUE(budget.takeTokens(limits::tokensBase + 8 - 3));

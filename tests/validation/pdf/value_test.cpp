@@ -63,6 +63,7 @@ TEST(Value, EndsWithTheBytes) {
   EXPECT_EQ(valueOf(std::string_view("123").substr(0, 2)).number, 12);
   EXPECT_EQ(valueOf(std::string_view("1.53").substr(0, 3)).number, 1.5);
   EXPECT_TRUE(valueOf(std::string_view("/Flate").substr(0, 3)).isName("Fl"));
+  EXPECT_EQ(stringOf(std::string_view("(a\\142)").substr(0, 5)), "a\x0C");
 }
 
 // A sanitizer sees a byte read behind these.
