@@ -160,6 +160,11 @@ TEST(Encryption, OfARevisionThatItsVersionDoesNotKnowLocksTheDocument) {
   EXPECT_EQ(pageOf(replaced(contentOf("aes_256_revision_5"), "/V 5", "/V 4")), locked);
 }
 
+TEST(Encryption, WithoutThePackedKeyLocksTheDocument) {
+  EXPECT_EQ(pageOf(replaced(contentOf("aes_256"), "/UE", "/QE")), locked);
+  EXPECT_EQ(pageOf(replaced(contentOf("aes_256_revision_5"), "/UE", "/QE")), locked);
+}
+
 TEST(Encryption, ThatCannotBeFoundLocksTheDocument) {
   PdfBuilder pdf = wholeTree();
   EXPECT_EQ(pageOf(PdfBuilder(pdf).table("/Root 1 0 R/Encrypt 9 0 R").file()), locked);

@@ -58,6 +58,14 @@ std::string pngRows(std::string_view data, std::size_t columns, char filter) {
 
 TEST(ObjectStream, MayBePlain) { EXPECT_EQ(pageIn("/N 1/First 4", pageData()), box(3, 3)); }
 
+TEST(ObjectStream, MayBeTheFirstObject) {
+  PdfBuilder pdf;
+  pdf.objectStream(1, {{2, "<</Kids[3 0 R]>>"}, {3, "<</MediaBox[0 0 3 3]>>"}})
+      .object(4, "<</Pages 2 0 R>>")
+      .crossReferenceStream(9, "/Root 4 0 R");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
 TEST(ObjectStream, MayBeDeflatedOnceOrTwice) {
   EXPECT_EQ(pageIn("/N 1/First 4/Filter/FlateDecode", deflated(pageData())), box(3, 3));
   EXPECT_EQ(pageIn("/N 1/First 4/Filter[/FlateDecode]", deflated(pageData())), box(3, 3));
