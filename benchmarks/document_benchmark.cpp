@@ -1,131 +1,80 @@
 // Reading and writing documents, beside the peers a program would otherwise use, in one run.
 
-#include <benchmark/benchmark.h>
-#include <nlohmann/json.hpp>
-#include <simdjson.h>
+#include <algorithm>
+#include <memory>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "korrin/model/document_coding.h"
 
-#include "benchmarks/support/plain_reading.h"
-#include "benchmarks/support/plain_writing.h"
+#include "benchmarks/support/contest.h"
+#include "benchmarks/support/mirror_reading.h"
+#include "benchmarks/support/mirror_writing.h"
+#include "benchmarks/support/peer_nodes.h"
 #include "benchmarks/support/plot_generator.h"
 
 namespace korrin::benchmarks {
 namespace {
 
-class NlohmannNode {
- public:
-  explicit NlohmannNode(const nlohmann::json& value) : value_(&value) {}
-
-  NlohmannNode at(const char* key) const { return NlohmannNode(value_->at(key)); }
-  std::optional<NlohmannNode> find(const char* key) const {
-    const auto found = value_->find(key);
-    if (found == value_->end() || found->is_null()) return std::nullopt;
-    return NlohmannNode(*found);
+// Every object gets an order of its own, so that no reader can learn one.
+void shuffleKeys(OrderedTree& tree, std::mt19937_64& random) {
+  if (tree.is_object()) {
+    OrderedTree::object_t& members = tree.get_ref<OrderedTree::object_t&>();
+    // A member cannot be assigned, as its key is constant.
+    std::vector<OrderedTree::object_t::iterator> order;
+    for (auto member = members.begin(); member != members.end(); ++member) order.push_back(member);
+    std::shuffle(order.begin(), order.end(), random);
+    OrderedTree::object_t shuffled;
+    for (const auto member : order) shuffled.push_back(std::move(*member));
+    members.swap(shuffled);
   }
-  const std::string& text() const { return value_->get_ref<const std::string&>(); }
-  bool boolean() const { return value_->get_ref<const bool&>(); }
-  double number() const {
-    if (!value_->is_number()) throw std::runtime_error("not a number");
-    return value_->get<double>();
-  }
-  std::int64_t integer() const {
-    if (!value_->is_number_integer()) throw std::runtime_error("not an integer");
-    return value_->get<std::int64_t>();
-  }
-  template <class Visit>
-  void elements(Visit visit) const {
-    for (const auto& element : value_->get_ref<const nlohmann::json::array_t&>())
-      visit(NlohmannNode(element));
-  }
-
- private:
-  const nlohmann::json* value_;
-};
-
-class SimdjsonNode {
- public:
-  explicit SimdjsonNode(simdjson::dom::element value) : value_(value) {}
-
-  SimdjsonNode at(const char* key) const { return SimdjsonNode(value_.at_key(key).value()); }
-  std::optional<SimdjsonNode> find(const char* key) const {
-    simdjson::dom::element found;
-    if (value_.at_key(key).get(found) != simdjson::SUCCESS || found.is_null()) return std::nullopt;
-    return SimdjsonNode(found);
-  }
-  std::string_view text() const { return value_.get_string().value(); }
-  bool boolean() const { return value_.get_bool().value(); }
-  double number() const { return value_.get_double().value(); }
-  std::int64_t integer() const { return value_.get_int64().value(); }
-  template <class Visit>
-  void elements(Visit visit) const {
-    const simdjson::dom::array array = value_.get_array().value();
-    for (const simdjson::dom::element element : array) visit(SimdjsonNode(element));
-  }
-
- private:
-  simdjson::dom::element value_;
-};
-
-std::string document(std::size_t itemCount, const EncodingOptions& options = {}) {
-  return encodeJSON(generatedPlot(itemCount), options);
+  // Any other value would stand for its own only child.
+  if (tree.is_structured())
+    for (OrderedTree& child : tree) shuffleKeys(child, random);
 }
 
-template <class Read>
-void read(benchmark::State& state, const std::string& text, Read readOnce) {
-  for (auto _ : state) benchmark::DoNotOptimize(readOnce(text));
-  state.SetBytesProcessed(static_cast<std::int64_t>(text.size()) * state.iterations());
+std::string withShuffledKeys(const std::string& document) {
+  OrderedTree tree = OrderedTree::parse(document);
+  std::mt19937_64 random(42);
+  shuffleKeys(tree, random);
+  return tree.dump();
 }
 
-std::size_t itemCount(const benchmark::State& state) {
-  return static_cast<std::size_t>(state.range(0));
-}
-
-void decode(benchmark::State& state) {
-  read(state, document(itemCount(state)),
-       [](const auto& text) { return decodeJSON<KorrinProject>(text); });
-}
-void decodeIndented(benchmark::State& state) {
-  read(state, document(itemCount(state), {.prettyPrinted = true}),
-       [](const auto& text) { return decodeJSON<KorrinProject>(text); });
-}
-void decodeOtherKeyOrder(benchmark::State& state) {
-  read(state, document(itemCount(state), {.sortedKeys = true}),
-       [](const auto& text) { return decodeJSON<KorrinProject>(text); });
-}
-void decodeNlohmann(benchmark::State& state) {
-  read(state, document(itemCount(state)),
-       [](const auto& text) { return plain::project(NlohmannNode(nlohmann::json::parse(text))); });
-}
-void decodeSimdjson(benchmark::State& state) {
+void addReading(const std::string& layout, std::size_t items, const std::string& document) {
+  const auto text = std::make_shared<const std::string>(document);
+  const std::string name = "decode/" + layout;
+  compete(name + "/korrin", items, [text] { return decodeJSON<KorrinProject>(*text); });
+  compete(name + "/nlohmann-json", items, [text] {
+    return ReadingOf<KorrinProject>::from(NlohmannNode(nlohmann::json::parse(*text)));
+  });
   // The parser keeps its buffers from one document to the next, as its users are advised.
-  simdjson::dom::parser parser;
-  read(state, document(itemCount(state)), [&parser](const auto& text) {
-    return plain::project(SimdjsonNode(parser.parse(text).value()));
+  compete(name + "/simdjson", items, [text, parser = std::make_shared<simdjson::dom::parser>()] {
+    return ReadingOf<KorrinProject>::from(SimdjsonNode(parser->parse(*text).value()));
   });
 }
 
-void encode(benchmark::State& state) {
-  const KorrinProject project = generatedPlot(itemCount(state));
-  for (auto _ : state) benchmark::DoNotOptimize(encodeJSON(project));
+void addWriting(std::size_t items, const KorrinProject& project) {
+  compete("encode/compact/korrin", items, [project] { return encodeJSON(project); });
+  const auto mirror =
+      std::make_shared<const Mirror<KorrinProject>>(MirrorOf<KorrinProject>::of(project));
+  compete("encode/compact/nlohmann-json", items,
+          [mirror] { return TreeOf<KorrinProject>::of(*mirror).dump(); });
 }
-void encodeNlohmann(benchmark::State& state) {
-  const std::string text = document(itemCount(state));
-  const plain::Project project = plain::project(NlohmannNode(nlohmann::json::parse(text)));
-  for (auto _ : state) benchmark::DoNotOptimize(plain::tree(project).dump());
-}
-
-void sizes(benchmark::internal::Benchmark* benchmark) {
-  benchmark->Arg(30)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
-}
-
-BENCHMARK(decode)->Apply(sizes);
-BENCHMARK(decodeIndented)->Apply(sizes);
-BENCHMARK(decodeOtherKeyOrder)->Apply(sizes);
-BENCHMARK(decodeSimdjson)->Apply(sizes);
-BENCHMARK(decodeNlohmann)->Apply(sizes);
-BENCHMARK(encode)->Apply(sizes);
-BENCHMARK(encodeNlohmann)->Apply(sizes);
 
 }  // namespace
 }  // namespace korrin::benchmarks
+
+int main(int argc, char** argv) {
+  using namespace korrin::benchmarks;
+  for (const std::size_t items : itemCounts) {
+    const korrin::KorrinProject project = generatedPlot(items);
+    const std::string compact = encodeJSON(project);
+    addReading("compact", items, compact);
+    addReading("indented", items, encodeJSON(project, {.prettyPrinted = true}));
+    addReading("shuffled", items, withShuffledKeys(compact));
+    addWriting(items, project);
+  }
+  return runContest(argc, argv);
+}

@@ -127,14 +127,14 @@ void readHostile(benchmark::State& state, const test::HostilePdf& hostile) {
 int main(int argc, char** argv) {
   using benchmark::RegisterBenchmark;
   for (const auto& [name, document] : {std::pair("table", &documentWithTable()),
-                                       std::pair("object_streams", &documentWithObjectStreams())}) {
-    const std::string suffix = std::string("/4000_pages_with_") + name;
+                                       std::pair("object-streams", &documentWithObjectStreams())}) {
+    const std::string prefix = std::string("page-box/") + name + '/';
     const auto add = [&](const char* reader, void (*read)(benchmark::State&, const std::string&)) {
-      RegisterBenchmark((reader + suffix).c_str(), read, *document);
+      RegisterBenchmark((prefix + reader).c_str(), read, *document);
     };
     add("korrin", readHere);
-    add("qpdf_first_leaf", readByFirstLeaf);
-    add("qpdf_page_list", readByPageList);
+    add("qpdf-first-leaf", readByFirstLeaf);
+    add("qpdf-page-list", readByPageList);
   }
   for (const test::HostilePdf& hostile : test::hostilePdfs())
     RegisterBenchmark((std::string("hostile/") + hostile.name).c_str(), readHostile, hostile)

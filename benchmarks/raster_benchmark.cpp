@@ -101,9 +101,11 @@ void jpegTurboJpeg(benchmark::State& state) {
   }
 }
 
-BENCHMARK(pngOurs)->Name("PNG header/ours");
-BENCHMARK(pngLibspng)->Name("PNG header/libspng");
-BENCHMARK(jpegOurs)->Name("JPEG header/ours");
-BENCHMARK(jpegTurboJpeg)->Name("JPEG header/TurboJPEG");
+BENCHMARK(pngOurs)->Name("raster/png/korrin");
+BENCHMARK(pngLibspng)->Name("raster/png/libspng");
+BENCHMARK(jpegOurs)->Name("raster/jpeg/korrin");
+BENCHMARK(jpegTurboJpeg)->Name("raster/jpeg/turbojpeg");
 
 }  // namespace
+
+BENCHMARK_MAIN();
