@@ -88,6 +88,10 @@ void addManyAtOnce(const Plot& plot) {
                 [tenth](VectorProject& vectors) { return deleteItems(vectors, tenth); });
   addCommand("replace/tenth/korrin", plot.items, plot.project,
              DocumentCommand::replaceItems(moved));
+  addVectorEdit("replace/tenth/vectors", plot.items, plot.vectors,
+                [items = MirrorOf<List<PlotItem>>::of(moved)](VectorProject& vectors) {
+                  return replaceItems(vectors, items);
+                });
 }
 
 void addUndo(const Plot& plot) {

@@ -49,7 +49,7 @@ def legend(names, y):
     parts, x = [], LEFT
     for series, name in enumerate(names):
         parts += [marker(x, y - 4, series), text(x + 10, y, name)]
-        x += 34 + 7.2 * len(name)
+        x += 44 + 7.4 * len(name)
     return parts
 
 
@@ -70,9 +70,9 @@ class LogScale:
 
 
 def tick_label(value, unit):
-    """Powers of ten need no digits behind the point."""
-    label = FORMATS[unit](value)
-    return label.replace(".00", "").replace(".0 ", " ").replace("10.0", "10")
+    """Powers of ten need no zeros behind the point."""
+    figure, *name = FORMATS[unit](value).split(" ")
+    return " ".join([figure.rstrip("0").rstrip(".") if "." in figure else figure, *name])
 
 
 def svg(title, height, parts):

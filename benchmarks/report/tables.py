@@ -24,6 +24,8 @@ def size(value):
 
 
 FORMATS = {"time": time, "bytes": size, "document": number, "count": lambda value: f"{value:,.0f}"}
+PEER_HEADINGS = {"time": "times as fast as {}", "bytes": "{}, times as much", "document": "{}, times as much",
+                 "count": "{}"}
 HEADINGS = {"time": "time", "bytes": "heap", "document": "heap, times the document", "count": "allocations"}
 
 
@@ -56,7 +58,7 @@ def find_goal(axis, case, items, peer):
 def axis_table(axis, results):
     rows = [[axis.case_heading if len(axis.cases) > 1 else "", "items", HEADINGS[axis.unit], "goal", "spread"]]
     for name in axis.peers.values():
-        rows[0] += [f"times {'as fast as' if axis.unit == 'time' else 'as much:'} {name}", "goal"]
+        rows[0] += [PEER_HEADINGS[axis.unit].format(name), "goal"]
     for case, items, ours, ratios in figures_of(axis, results):
         def goal_cell(peer):
             goal = find_goal(axis, case, items, peer)
@@ -65,7 +67,11 @@ def axis_table(axis, results):
         row = [axis.cases[case] if len(axis.cases) > 1 else "", f"{items:,}" if items else "",
                FORMATS[axis.unit](ours), goal_cell(None), f"{spread:.0%}" if axis.unit == "time" else ""]
         for peer in axis.peers:
-            row += [number(ratios[peer]) if peer in ratios else "", goal_cell(peer)]
+            if axis.unit == "count":  # nothing is no multiple of anything
+                row.append(FORMATS[axis.unit](results.least(axis.key, case, peer, items)))
+            else:
+                row.append(number(ratios[peer]) if peer in ratios else "")
+            row.append(goal_cell(peer))
         rows.append(row)
     return markdown(rows)
 

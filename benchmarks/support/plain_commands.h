@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -82,6 +83,22 @@ inline VectorResult replaceItem(VectorProject& project, const VectorItem& item) 
   if (VectorItem* const place = find(project, id)) *place = item;
   noteModification(project);
   return {.inverse = std::move(former), .changedItemIDs = {id}};
+}
+
+inline VectorResult replaceItems(VectorProject& project, const std::vector<VectorItem>& items) {
+  VectorProject former = project;
+  std::unordered_map<UUID, const VectorItem*> replacements;
+  IDSet ids;
+  for (const VectorItem& item : items) {
+    replacements.insert_or_assign(field<&PlotItem::id>(item), &item);
+    ids.insert(field<&PlotItem::id>(item));
+  }
+  for (VectorItem& item : field<&KorrinProject::items>(project)) {
+    const auto found = replacements.find(field<&PlotItem::id>(item));
+    if (found != replacements.end()) item = *found->second;
+  }
+  noteModification(project);
+  return {.inverse = std::move(former), .changedItemIDs = std::move(ids)};
 }
 
 /// The leanest replacement there is: it keeps the one former item and nothing else.
