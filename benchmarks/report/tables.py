@@ -45,10 +45,13 @@ def figures_of(axis, results):
             yield case, items, ours, {peer: theirs / ours for peer, theirs in figures.items() if theirs and ours}
 
 
+def bound_of(goal, axis):
+    return f"{goal.bound:.3g}" if goal.peer else FORMATS[axis.unit](goal.bound)
+
+
 def verdict(goal, ours, ratios, axis):
-    bound = number(goal.bound) if goal.peer else FORMATS[axis.unit](goal.bound)
     met = goal.is_met(ours, ratios.get(goal.peer))
-    return f"{'at least' if goal.peer else 'at most'} {bound}: {'met' if met else '**missed**'}"
+    return f"{'at least' if goal.peer else 'at most'} {bound_of(goal, axis)}: {'met' if met else '**missed**'}"
 
 
 def find_goal(axis, case, items, peer):
@@ -56,6 +59,7 @@ def find_goal(axis, case, items, peer):
 
 
 def axis_table(axis, results):
+    grows = len({items for _, items, _, _ in figures_of(axis, results)}) > 1
     rows = [[axis.case_heading if len(axis.cases) > 1 else "", "items", HEADINGS[axis.unit], "goal", "spread"]]
     for name in axis.peers.values():
         rows[0] += [PEER_HEADINGS[axis.unit].format(name), "goal"]
@@ -64,7 +68,7 @@ def axis_table(axis, results):
             goal = find_goal(axis, case, items, peer)
             return verdict(goal, ours, ratios, axis) if goal else ""
         spread = results.spread(axis.key, case, OURS, items)
-        row = [axis.cases[case] if len(axis.cases) > 1 else "", f"{items:,}" if items else "",
+        row = [axis.cases[case] if len(axis.cases) > 1 else "", f"{items:,}" if grows else "",
                FORMATS[axis.unit](ours), goal_cell(None), f"{spread:.0%}" if axis.unit == "time" else ""]
         for peer in axis.peers:
             if axis.unit == "count":  # nothing is no multiple of anything
@@ -103,8 +107,8 @@ def missed_goals(results):
                     continue
                 measured = number(ratios[goal.peer]) if goal.peer else FORMATS[axis.unit](ours)
                 beside = f" times as fast as {axis.peers[goal.peer]}" if goal.peer else ""
-                bound = number(goal.bound) if goal.peer else FORMATS[axis.unit](goal.bound)
-                rows.append([axis.title, axis.cases[case], f"{items:,}" if items else "", measured + beside, bound])
+                rows.append([axis.title, axis.cases[case], f"{items:,}" if items else "", measured + beside,
+                             bound_of(goal, axis)])
     return markdown(rows) if len(rows) > 1 else "Every goal is met."
 
 
