@@ -3,6 +3,7 @@
 // 128-bit identifiers of records.
 
 #include <array>
+#include <bit>
 #include <compare>
 #include <cstdint>
 #include <cstring>
@@ -49,10 +50,17 @@ class UUID {
   friend constexpr bool operator==(const UUID&, const UUID&) = default;
   /// By the bytes in their order, which is that of the canonical texts.
   friend constexpr std::strong_ordering operator<=>(const UUID& a, const UUID& b) {
-    return __builtin_memcmp(a.bytes_.data(), b.bytes_.data(), a.bytes_.size()) <=> 0;
+    const std::strong_ordering order = a.half(0) <=> b.half(0);
+    return order != 0 ? order : a.half(1) <=> b.half(1);
   }
 
  private:
+  // Eight bytes as a number that orders as they do; comparing it is several times as fast.
+  constexpr std::uint64_t half(std::size_t i) const {
+    const std::uint64_t number = std::bit_cast<std::array<std::uint64_t, 2>>(bytes_)[i];
+    return std::endian::native == std::endian::little ? __builtin_bswap64(number) : number;
+  }
+
   Bytes bytes_{};
 };
 

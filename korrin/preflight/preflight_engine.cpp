@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -27,20 +26,12 @@ std::vector<std::int64_t> repeatedValues(std::vector<std::int64_t> values) {
   return repeated;
 }
 
-// An identifier as two numbers, which compare faster than sixteen bytes. Their order is that of no
-// document, but serves a search.
-std::pair<std::uint64_t, std::uint64_t> numbersOf(const UUID& id) {
-  std::uint64_t halves[2];
-  std::memcpy(halves, id.bytes().data(), sizeof halves);
-  return {halves[0], halves[1]};
-}
-
 class Inspection {
  public:
   Inspection(const KorrinProject& project, const std::unordered_set<Text>& knownAssetIDs)
       : project_(project), knownAssetIDs_(knownAssetIDs) {
     itemIDs_.reserve(project.items.size());
-    for (const PlotItem& item : project.items) itemIDs_.push_back(numbersOf(item.id));
+    for (const PlotItem& item : project.items) itemIDs_.push_back(item.id);
     std::sort(itemIDs_.begin(), itemIDs_.end());
   }
 
@@ -141,8 +132,8 @@ class Inspection {
   // The item that a record points at, when the project holds it.
   template <class Record>
   std::optional<UUID> relatedItem(const Record& record) const {
-    return record.plotItemID && std::binary_search(itemIDs_.begin(), itemIDs_.end(),
-                                                   numbersOf(*record.plotItemID))
+    return record.plotItemID &&
+                   std::binary_search(itemIDs_.begin(), itemIDs_.end(), *record.plotItemID)
                ? record.plotItemID
                : std::nullopt;
   }
@@ -164,7 +155,7 @@ class Inspection {
   const std::unordered_set<Text>& knownAssetIDs_;
   // In ascending order. A hash set would let a document with identifiers chosen to collide take
   // quadratic time.
-  std::vector<std::pair<std::uint64_t, std::uint64_t>> itemIDs_;
+  std::vector<UUID> itemIDs_;
   std::unordered_set<Text> embeddedAssetIDs_;
   std::vector<PreflightIssue> issues_;
 };
