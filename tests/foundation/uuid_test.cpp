@@ -65,6 +65,18 @@ TEST(UUID, OrdersByBytesAsTheTextsDo) {
   EXPECT_EQ(a <=> b, a.text() <=> b.text());
 }
 
+TEST(UUID, OrdersByTheFirstByteThatDiffers) {
+  for (std::size_t place = 0; place < 16; ++place) {
+    UUID::Bytes low{};
+    UUID::Bytes high{};
+    low[place] = 0x7F;
+    high[place] = 0x80;
+    for (std::size_t later = place + 1; later < 16; ++later) low[later] = 0xFF;
+    EXPECT_LT(UUID(low), UUID(high)) << place;
+    EXPECT_GT(UUID(high), UUID(low)) << place;
+  }
+}
+
 TEST(UUID, RandomOnesAreOfVersionFourAndDiffer) {
   std::unordered_set<UUID> seen;
   for (int i = 0; i < 1000; ++i) {
