@@ -126,8 +126,9 @@ ScaleLaw commands(Draw& draw) {
 List<PlotItem> itemsAnywhere(Draw& draw) {
   List<PlotItem> items;
   for (int i = 0, count = draw.below(12); i < count; ++i) {
-    PlotItem item = microphone(identifier(static_cast<std::uint64_t>(i)), 0.1 * draw.below(60),
-                               0.1 * (draw.below(40000) - 20000));
+    const double x = 0.1 * draw.below(60);
+    const double y = 0.1 * (draw.below(40000) - 20000);
+    PlotItem item = microphone(identifier(static_cast<std::uint64_t>(i)), x, y);
     item.size = {.width = 0.1 * draw.below(400), .height = 0.1 * draw.below(400)};
     items.push_back(item);
   }

@@ -34,7 +34,9 @@ IDSet RandomEdits::identifiers(const KorrinProject& project) {
 }
 
 PlotItem RandomEdits::item(UUID id) {
-  PlotItem item = microphone(id, number(), number());
+  const double x = number();
+  const double y = number();
+  PlotItem item = microphone(id, x, y);
   item.layerID = pooled();
   item.groupID = maybePooled();
   item.isLocked = chance_(4) == 0;
@@ -44,8 +46,11 @@ PlotItem RandomEdits::item(UUID id) {
 
 List<PlotItem> RandomEdits::distinctItems() {
   List<PlotItem> items;
-  for (std::uint64_t i = 0; i < 12; ++i)
-    if (coin()) items.insert(coin() ? 0 : items.size(), item(identifier(i)));
+  for (std::uint64_t i = 0; i < 12; ++i) {
+    if (!coin()) continue;
+    const std::size_t place = coin() ? 0 : items.size();
+    items.insert(place, item(identifier(i)));
+  }
   return items;
 }
 
