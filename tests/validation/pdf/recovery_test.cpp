@@ -68,6 +68,18 @@ TEST(Recovery, FindsWhatAnUnreadableOlderSectionLists) {
   EXPECT_EQ(pageOf(replaced(pdf.file(), "/Prev ", "/Prev 7")), box(3, 3));
 }
 
+TEST(Recovery, TrustsNoSectionThatLeadsToAnUnreadableOne) {
+  // A larger page stands behind the section, which does not list it.
+  const auto pageWith = [](const std::string& trailer) {
+    PdfBuilder pdf = wholeTree();
+    pdf.table("/Root 1 0 R" + trailer).object(3, "<</MediaBox[0 0 5 5]>>");
+    return pageOf(pdf.raw("startxref\n" + std::to_string(pdf.lastSection())).file());
+  };
+  EXPECT_EQ(pageWith(""), box(3, 3));
+  EXPECT_EQ(pageWith("/Prev 7"), box(5, 5));
+  EXPECT_EQ(pageWith("/Prev[7]"), box(5, 5));
+}
+
 TEST(Recovery, FindsObjectStreamsBehindTheObjectsOfOthers) {
   // The numbers in the first streams are beyond and between those of the streams themselves.
   PdfBuilder pdf;
