@@ -128,12 +128,20 @@ TEST(List, IndexesEveryElementOfManyThousands) {
     }
     ASSERT_EQ(list.size(), expected.size());
     for (std::size_t k = round; k < list.size(); k += 997) ASSERT_EQ(list[k], expected[k]);
-    // Around the place where starts of leaves begin to be counted anew.
-    for (std::size_t k = 32'700; k < 32'840; ++k) ASSERT_EQ(list[k], expected[k]);
   }
   EXPECT_EQ(list.toVector(), expected);
   const auto isOdd = [](int element) { return element % 2 != 0; };
   EXPECT_EQ(list.eraseIf(isOdd), std::erase_if(expected, isOdd));
+  for (std::size_t i = 0; i < expected.size(); ++i) ASSERT_EQ(list[i], expected[i]);
+}
+
+TEST(List, IndexesEveryElementBehindManyThatWereErased) {
+  List<int> list = numbers(100'000);
+  std::vector<int> expected = list.toVector();
+  for (std::size_t i = 100; i < 30'000; i += 100) {
+    list.erase(i);
+    expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(i));
+  }
   for (std::size_t i = 0; i < expected.size(); ++i) ASSERT_EQ(list[i], expected[i]);
 }
 
