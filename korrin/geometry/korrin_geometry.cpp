@@ -104,8 +104,12 @@ List<PlotItem> distributed(List<PlotItem> items, Axis axis) {
   const double first = ranks.front().coordinate;
   const double last = ranks.back().coordinate;
   const double step = (last - first) / static_cast<double>(ranks.size() - 1);
+  std::vector<double> coordinates(ranks.size());
   for (std::size_t i = 0; i < ranks.size(); ++i)
-    items.edit(ranks[i].index).position.*axis.coordinate = first + step * static_cast<double>(i);
+    coordinates[ranks[i].index] = first + step * static_cast<double>(i);
+  // In the order of the list: its records stand side by side in memory, those of the ranks do not.
+  for (std::size_t i = 0; i < items.size(); ++i)
+    items.edit(i).position.*axis.coordinate = coordinates[i];
   return items;
 }
 
