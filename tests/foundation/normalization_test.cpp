@@ -140,7 +140,7 @@ TEST(Normalization, LeavesStableScalarsAloneBesideEachOther) {
     GTEST_SKIP() << "NormalizationTest.txt of the package unicode-data is not there";
   std::erase_if(scalars, [](char32_t scalar) { return !isStableNFC(utf8Of(scalar)); });
   ASSERT_GT(scalars.size(), 1000u);
-  const std::size_t stride = test::repetitions(1, 37);
+  const auto stride = static_cast<std::size_t>(test::repetitions(1, 37));
   std::size_t wrong = 0;
   for (std::size_t i = 0; i < scalars.size(); i += stride) {
     std::string text;
