@@ -17,8 +17,9 @@ class CorpusTest : public testing::Test {
   explicit CorpusTest(const std::string& name) : folder_(corpusFolder(name)) {}
 
   void SetUp() override {
+    if (!exists(folder_)) GTEST_SKIP() << "there is no corpus at " << folder_;
     lines_ = expectedOutcomes(folder_);
-    if (lines_.empty()) GTEST_SKIP() << "there is no corpus at " << folder_;
+    ASSERT_FALSE(lines_.empty());
   }
 
   const std::filesystem::path folder_;
