@@ -16,6 +16,7 @@
 #include "korrin/coding/coding_options.h"
 #include "korrin/coding/decoding_report.h"
 #include "korrin/coding/json_scanner.h"
+#include "korrin/coding/key_table.h"
 #include "korrin/coding/recent_texts.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/instant.h"
@@ -43,6 +44,11 @@ template <class Record, std::size_t index>
   text.front() = text.back() = '"';
   return text;
 }();
+
+/// The keys of a record, in the order of its fields.
+template <class Record>
+[[gnu::visibility("hidden")]] inline constexpr auto keysOf = std::apply(
+    [](const auto&... field) { return KeyTable(std::array{field.key...}); }, fieldsOf<Record>());
 
 class Reader {
  public:
@@ -167,9 +173,17 @@ class Reader {
       isOpen = scanner_.next('}');
     };
     (readIfNext(std::integral_constant<std::size_t, index>()), ...);
-    // What is left stands in some other order, twice, or is not ours.
-    while (isOpen) {
-      const std::size_t place = fieldNamed<Record>(scanner_.key(), indices);
+    if (isOpen) seen = readInAnyOrder(record, seen, indices);
+    if ((required & ~seen) != 0) throw Refused{};
+  }
+
+  // Reads what is left of a record, in some other order, twice, or not ours; returns what has been
+  // seen. A function of its own, so that it does not slow down the usual way.
+  template <class Record, std::size_t... index>
+  [[gnu::noinline]] std::uint32_t readInAnyOrder(Record& record, std::uint32_t seen,
+                                                 std::index_sequence<index...>) {
+    do {
+      const std::size_t place = fieldNamed<Record>(scanner_.key());
       if (place == sizeof...(index)) {
         scanner_.skipValue();
       } else {
@@ -177,18 +191,17 @@ class Reader {
         seen |= std::uint32_t{1} << place;
         ((place == index ? readField<Record, index>(record) : void()), ...);
       }
-      isOpen = scanner_.next('}');
-    }
-    if ((required & ~seen) != 0) throw Refused{};
+    } while (scanner_.next('}'));
+    return seen;
   }
 
   template <class Record, std::size_t... index>
-  void readInFieldOrder(Record& record, std::index_sequence<index...> indices) {
+  void readInFieldOrder(Record& record, std::index_sequence<index...>) {
     std::array<const char*, sizeof...(index)> starts{};
     std::array<bool, sizeof...(index)> standsTwice{};
     if (scanner_.enter('}')) {
       do {
-        const std::size_t place = fieldNamed<Record>(scanner_.key(), indices);
+        const std::size_t place = fieldNamed<Record>(scanner_.key());
         if (place < starts.size()) {
           standsTwice[place] = starts[place] != nullptr;
           if (!standsTwice[place]) starts[place] = scanner_.position();
@@ -214,14 +227,11 @@ class Reader {
 
   /// The place in the table of the field that `key` names, or the number of fields for a key that
   /// the record does not know.
-  template <class Record, std::size_t... index>
-  static std::size_t fieldNamed(const StringToken& key, std::index_sequence<index...>) {
+  template <class Record>
+  static std::size_t fieldNamed(const StringToken& key) {
     const std::string resolved = key.hasEscapes ? unescaped(key) : std::string();
     const std::string_view name = key.hasEscapes ? std::string_view(resolved) : key.raw;
-    std::size_t place = 0;
-    static_cast<void>(
-        ((std::get<index>(fieldsOf<Record>()).key == name || (++place, false)) || ...));
-    return place;
+    return keysOf<Record>.placeOf(name);
   }
 
   void expect(char first, std::string_view expected) {

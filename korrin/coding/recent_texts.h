@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "korrin/coding/quick_hash.h"
 #include "korrin/foundation/text.h"
 
 namespace korrin::json {
@@ -17,7 +18,7 @@ class RecentTexts {
  public:
   /// Makes `field` the text `raw`, which is well-formed.
   void read(std::string_view raw, Text& field) {
-    const Text*& recent = slots_[slotOf(raw)];
+    const Text*& recent = slots_[quickHash(raw) % slotCount];
     if (recent != nullptr && std::string_view(*recent) == raw) {
       field = *recent;
     } else {
@@ -28,12 +29,6 @@ class RecentTexts {
 
  private:
   static constexpr std::size_t slotCount = 64;
-
-  static std::size_t slotOf(std::string_view raw) {
-    if (raw.empty()) return 0;
-    const auto byte = [raw](std::size_t i) { return static_cast<unsigned char>(raw[i]); };
-    return (raw.size() + byte(raw.size() / 2) * 7u + byte(raw.size() - 1) * 13u) % slotCount;
-  }
 
   std::array<const Text*, slotCount> slots_{};
 };
