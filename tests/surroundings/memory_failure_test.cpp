@@ -28,6 +28,15 @@ std::string outcomeWith(std::size_t allocations, std::size_t failures, const Ope
   }
 }
 
+// Without this the laws below would hold for no allocation at all.
+TEST(AllocationLimit, CountsAllocationsAndMakesThemFail) {
+  const std::size_t before = allocationCount();
+  ::operator delete(::operator new(1));
+  EXPECT_EQ(allocationCount() - before, 1u);
+  const AllocationLimit limit(0, 1);
+  EXPECT_THROW(::operator delete(::operator new(1)), std::bad_alloc);
+}
+
 class OutOfMemory : public testing::TestWithParam<Operation> {
  protected:
   // Fails the allocations of the operation after each possible number of successful ones.
