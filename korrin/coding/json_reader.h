@@ -46,9 +46,13 @@ template <class Record, std::size_t index>
 }();
 
 /// The keys of a record, in the order of its fields.
+template <class Record, std::size_t... index>
+consteval auto keyTable(std::index_sequence<index...>) {
+  return KeyTable(std::array{std::get<index>(fieldsOf<Record>()).key...});
+}
 template <class Record>
-[[gnu::visibility("hidden")]] inline constexpr auto keysOf = std::apply(
-    [](const auto&... field) { return KeyTable(std::array{field.key...}); }, fieldsOf<Record>());
+[[gnu::visibility("hidden")]] inline constexpr auto keysOf =
+    keyTable<Record>(std::make_index_sequence<std::tuple_size_v<decltype(fieldsOf<Record>())>>());
 
 class Reader {
  public:

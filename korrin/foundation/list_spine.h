@@ -30,7 +30,7 @@ class ListSpine : public Counted {
  public:
   using Leaf = ListLeaf<T>;
 
-  /// A spine of no leaves with room for `capacity`.
+  /// A spine of no leaves with room for `capacity`, at least one.
   static Shared<ListSpine> make(std::size_t capacity) {
     static_assert(sizeof(ListSpine) % alignof(Shared<Leaf>) == 0);
     const std::size_t bytes = sizeof(ListSpine) + capacity * (sizeof(Shared<Leaf>) + sizeof(End)) +
@@ -76,8 +76,7 @@ class ListSpine : public Counted {
   /// Opens a slot of leaf `k`, which is this spine's own. Closes the one opened before, so that
   /// edits all over a list do not leave an open slot in each leaf.
   typename Leaf::Slot& openSlot(std::size_t k, std::size_t offset) noexcept {
-    if (lastOpened_ != k && lastOpened_ < leafCount_ && leaves()[lastOpened_].isUnique())
-      leaf(lastOpened_).close();
+    if (lastOpened_ != k && leaves()[lastOpened_].isUnique()) leaf(lastOpened_).close();
     lastOpened_ = static_cast<std::uint32_t>(k);
     return leaf(k).open(offset);
   }
@@ -144,9 +143,9 @@ class ListSpine : public Counted {
   explicit ListSpine(std::size_t capacity) noexcept
       : capacity_(static_cast<std::uint32_t>(capacity)) {}
 
-  /// The number of stretches behind the first one, which starts at 0.
+  /// The number of stretches behind the first one, which starts at 0, of one leaf or more.
   static std::size_t laterStretchesOf(std::size_t leafCount) noexcept {
-    return leafCount == 0 ? 0 : (leafCount - 1) / stretch;
+    return (leafCount - 1) / stretch;
   }
 
   Shared<Leaf>* leaves() noexcept { return reinterpret_cast<Shared<Leaf>*>(this + 1); }

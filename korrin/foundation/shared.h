@@ -79,12 +79,12 @@ class Shared {
     return object_->owners_.load(std::memory_order_acquire) == 1;
   }
 
-  /// Ends this share and owns nothing from then on. Returns the object if no other owner is left:
-  /// its disposal is then the caller's. For a `destroy` that takes apart a deep structure without
-  /// calling itself.
+  /// Ends this share of an object, which there must be, and owns nothing from then on. Returns the
+  /// object if no other owner is left: its disposal is then the caller's. For a `destroy` that
+  /// takes apart a deep structure without calling itself.
   Object* giveUp() noexcept {
     Object* const object = std::exchange(object_, nullptr);
-    return object != nullptr && endsLastShareOf(*object) ? object : nullptr;
+    return endsLastShareOf(*object) ? object : nullptr;
   }
 
  private:
