@@ -4,7 +4,8 @@
 include(CMakePackageConfigHelpers)
 set(KORRIN_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/KorrinCore)
 
-install(TARGETS KorrinCore EXPORT KorrinCoreTargets
+set(KORRIN_LIBRARIES KorrinCore KorrinSession KorrinReview KorrinDrawing)
+install(TARGETS ${KORRIN_LIBRARIES} EXPORT KorrinCoreTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev
         FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
@@ -34,7 +35,13 @@ install(FILES ${PROJECT_BINARY_DIR}/KorrinCoreConfig.cmake
 
 file(RELATIVE_PATH KORRIN_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/korrincore.pc.in ${PROJECT_BINARY_DIR}/korrincore.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/korrincore.pc
+set(KORRIN_PC_FILES ${PROJECT_BINARY_DIR}/korrincore.pc)
+foreach(KORRIN_FLOOR_LIBRARY session review drawing)
+  set(file ${PROJECT_BINARY_DIR}/korrincore-${KORRIN_FLOOR_LIBRARY}.pc)
+  configure_file(cmake/korrincore-floor.pc.in ${file} @ONLY)
+  list(APPEND KORRIN_PC_FILES ${file})
+endforeach()
+install(FILES ${KORRIN_PC_FILES}
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
 if(KORRIN_BUILD_TOOL)

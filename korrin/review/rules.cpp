@@ -1,0 +1,1 @@
+#include "korrin/review.h"

@@ -1,0 +1,1 @@
+#include "korrin/session.h"
