@@ -30,6 +30,12 @@ const std::vector<std::set<std::string>> floors = {
     {"session", "review", "drawing"},
 };
 
+// The same of the command-line host's folders.
+const std::vector<std::set<std::string>> hostFloors = {
+    {"terminal"}, {"documents"},         {"assets", "render"},
+    {"findings"}, {"editing", "schema"}, {"commands"},
+};
+
 // Arrows between folders of one floor, each with its reason.
 const std::map<std::pair<std::string, std::string>, std::string> sidewaysArrows = {};
 
@@ -59,9 +65,9 @@ std::optional<Include> includeOf(const std::string& line) {
   return Include{.name = name.substr(1, name.find(close, 1) - 1), .isQuoted = close == '"'};
 }
 
-File read(const fs::path& path) {
+File read(const fs::path& path, const fs::path& tree) {
   File file{.path = path.lexically_relative(root), .folder = "", .lines = {}, .includes = {}};
-  const fs::path below = path.lexically_relative(root / "korrin");
+  const fs::path below = path.lexically_relative(tree);
   if (below.has_parent_path()) file.folder = below.begin()->string();
   std::istringstream content(test::contentOf(path));
   for (std::string line; std::getline(content, line);) {
@@ -71,16 +77,17 @@ File read(const fs::path& path) {
   return file;
 }
 
-std::vector<File> filesOfTheLibrary() {
+std::vector<File> filesOf(const fs::path& tree) {
   std::vector<File> files;
-  for (const auto& entry : fs::recursive_directory_iterator(root / "korrin")) {
+  for (const auto& entry : fs::recursive_directory_iterator(tree)) {
     const fs::path extension = entry.path().extension();
-    if (extension == ".h" || extension == ".cpp") files.push_back(read(entry.path()));
+    if (extension == ".h" || extension == ".cpp") files.push_back(read(entry.path(), tree));
   }
   return files;
 }
 
-const std::vector<File> library = filesOfTheLibrary();
+const std::vector<File> library = filesOf(root / "korrin");
+const std::vector<File> host = filesOf(root / "tools" / "korrin");
 
 // The headers that each folder's build file lists as public.
 std::set<std::string> publicHeaders() {
@@ -93,16 +100,18 @@ std::set<std::string> publicHeaders() {
          at = content.find("HEADERS", at + 1)) {
       std::istringstream names(content.substr(at, content.find(')', at) - at));
       for (std::string name; names >> name;)
-        if (name.ends_with(".h")) headers.insert((folder / name).string());
+        if (name.ends_with(".h") && !name.starts_with('$'))
+          headers.insert((folder / name).string());
     }
   }
   return headers;
 }
 
-std::size_t floorOf(const std::string& folder) {
+std::size_t floorOf(const std::string& folder,
+                    const std::vector<std::set<std::string>>& house = floors) {
   const auto found = std::ranges::find_if(
-      floors, [&](const std::set<std::string>& floor) { return floor.contains(folder); });
-  return static_cast<std::size_t>(found - floors.begin());
+      house, [&](const std::set<std::string>& floor) { return floor.contains(folder); });
+  return static_cast<std::size_t>(found - house.begin());
 }
 
 bool mayInclude(const std::string& from, const std::string& to) {
@@ -156,6 +165,43 @@ TEST(Architecture, NoticesAnArrowThatPointsUpOrSideways) {
   EXPECT_FALSE(mayInclude("session", "review"));
   EXPECT_EQ(folderOf("korrin/validation/raster/png.h"), "validation");
   EXPECT_EQ(folderOf("korrin/korrin.h"), "");
+}
+
+TEST(Architecture, HasAFloorForEveryFolderOfTheHost) {
+  ASSERT_GT(host.size(), 60u);
+  for (const File& file : host)
+    EXPECT_TRUE(file.path == "tools/korrin/main.cpp" ||
+                floorOf(file.folder, hostFloors) < hostFloors.size())
+        << file.path;
+}
+
+TEST(Architecture, HasNoArrowInTheHostThatIsNotInItsDrawing) {
+  int arrows = 0;
+  for (const File& file : host) {
+    for (const Include& include : file.includes) {
+      if (!include.isQuoted || include.name.starts_with("korrin/")) continue;
+      const fs::path name = include.name;
+      if (!name.has_parent_path()) {
+        EXPECT_TRUE(fs::exists(root / file.path.parent_path() / name)) << file.path << ": " << name;
+        continue;
+      }
+      ++arrows;
+      const std::string to = name.begin()->string();
+      EXPECT_TRUE(fs::exists(root / "tools" / "korrin" / name)) << file.path << ": " << name;
+      EXPECT_TRUE(file.folder.empty() || file.folder == to ||
+                  floorOf(to, hostFloors) < floorOf(file.folder, hostFloors))
+          << file.path << " must not include " << name;
+    }
+  }
+  EXPECT_GT(arrows, 100);
+}
+
+TEST(Architecture, GuardsEveryHeaderOfTheHostAndOpensItWithAParagraph) {
+  for (const File& file : host)
+    if (file.isHeader()) {
+      EXPECT_EQ(file.lines.at(0), "#pragma once") << file.path;
+      EXPECT_TRUE(file.lines.at(2).starts_with("// ")) << file.path;
+    }
 }
 
 // The headers of the language have neither folder nor suffix. Of the C library, which every program
@@ -220,10 +266,11 @@ TEST(Architecture, OpensEveryHeaderWithAParagraphAboutIt) {
 }
 
 TEST(Architecture, KeepsFilesShort) {
-  for (const File& file : library) {
-    if (file.path == "korrin/foundation/list.h") continue;
-    EXPECT_LE(file.lines.size(), file.isHeader() ? 300u : 500u) << file.path;
-  }
+  for (const auto& files : {library, host})
+    for (const File& file : files) {
+      if (file.path == "korrin/foundation/list.h") continue;
+      EXPECT_LE(file.lines.size(), file.isHeader() ? 300u : 500u) << file.path;
+    }
 }
 
 TEST(Architecture, ReadsTheClockAndMakesIdentifiersInTheFoundationOnly) {

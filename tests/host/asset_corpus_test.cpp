@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "asset_verdict.h"
+#include "assets/asset_verdict.h"
 #include "tests/support/corpus_test.h"
 #include "tests/support/outcome.h"
 

@@ -15,8 +15,8 @@
 #include "korrin/model/document_coding.h"
 
 #include "asset_support.h"
+#include "assets/sha256.h"
 #include "scratch.h"
-#include "sha256.h"
 #include "tests/support/pdf_builder.h"
 
 namespace korrin::host {

@@ -4,7 +4,7 @@
 
 #include "korrin/templates/korrin_template.h"
 
-#include "sha256.h"
+#include "assets/sha256.h"
 #include "tests/support/image_builder.h"
 #include "tests/support/pdf_builder.h"
 

@@ -1,4 +1,4 @@
-#include "asset_verdict.h"
+#include "assets/asset_verdict.h"
 
 #include <vector>
 

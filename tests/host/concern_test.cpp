@@ -1,8 +1,8 @@
-#include "concern.h"
+#include "findings/concern.h"
 
 #include <gtest/gtest.h>
 
-#include "plot_document.h"
+#include "documents/plot_document.h"
 #include "scratch.h"
 
 namespace korrin::host {

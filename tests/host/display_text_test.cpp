@@ -1,4 +1,4 @@
-#include "display_text.h"
+#include "terminal/display_text.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "document_file.h"
+#include "documents/document_file.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,10 +1,10 @@
-#include "dropped_keys.h"
+#include "documents/dropped_keys.h"
 
 #include <gtest/gtest.h>
 
 #include "korrin/coding/json.h"
 
-#include "plot_document.h"
+#include "documents/plot_document.h"
 #include "scratch.h"
 
 namespace korrin::host {

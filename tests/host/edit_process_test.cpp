@@ -10,7 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "plot_document.h"
+#include "documents/plot_document.h"
 #include "scratch.h"
 
 namespace korrin::host {

@@ -1,4 +1,4 @@
-#include "edit_words.h"
+#include "editing/edit_words.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

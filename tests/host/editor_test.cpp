@@ -1,4 +1,4 @@
-#include "editor.h"
+#include "editing/editor.h"
 
 #include <chrono>
 
@@ -6,7 +6,7 @@
 
 #include "korrin/validation/document_validation_error.h"
 
-#include "plot_document.h"
+#include "documents/plot_document.h"
 #include "scratch.h"
 
 namespace korrin::host {

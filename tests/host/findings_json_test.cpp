@@ -1,4 +1,4 @@
-#include "findings_json.h"
+#include "findings/findings_json.h"
 
 #include <vector>
 
@@ -7,7 +7,7 @@
 
 #include "korrin/preflight/preflight_engine.h"
 
-#include "plot_document.h"
+#include "documents/plot_document.h"
 #include "scratch.h"
 
 namespace korrin::host {

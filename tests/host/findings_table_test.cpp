@@ -1,4 +1,4 @@
-#include "findings_table.h"
+#include "findings/findings_table.h"
 
 #include <algorithm>
 #include <sstream>
@@ -8,9 +8,9 @@
 
 #include "korrin/preflight/preflight_engine.h"
 
-#include "display_text.h"
-#include "plot_document.h"
+#include "documents/plot_document.h"
 #include "scratch.h"
+#include "terminal/display_text.h"
 
 namespace korrin::host {
 namespace {

@@ -1,9 +1,9 @@
-#include "item_names.h"
+#include "editing/item_names.h"
 
 #include <gtest/gtest.h>
 
-#include "edit_words.h"
-#include "plot_document.h"
+#include "documents/plot_document.h"
+#include "editing/edit_words.h"
 #include "scratch.h"
 
 namespace korrin::host {

@@ -1,4 +1,4 @@
-#include "known_assets.h"
+#include "assets/known_assets.h"
 
 #include <algorithm>
 

@@ -9,8 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "display_text.h"
 #include "scratch.h"
+#include "terminal/display_text.h"
 
 namespace korrin::host {
 namespace {

@@ -1,4 +1,4 @@
-#include "plot_document.h"
+#include "documents/plot_document.h"
 
 #include <string>
 

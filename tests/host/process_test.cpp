@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "known_assets.h"
+#include "assets/known_assets.h"
 #include "scratch.h"
 
 namespace korrin::host {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "known_assets.h"
+#include "assets/known_assets.h"
 #include "picture_support.h"
 #include "render/label_places.h"
 #include "render/tint.h"

@@ -15,10 +15,10 @@
 #include "korrin/coding/instant_text.h"
 #include "korrin/model/document_coding.h"
 
-#include "plot_document.h"
+#include "commands/schema_command.h"
+#include "documents/plot_document.h"
 #include "schema/embedded_pages.h"
 #include "schema/page.h"
-#include "schema_command.h"
 #include "tests/schema/validator.h"
 #include "tests/support/date_texts.h"
 #include "tests/support/files.h"

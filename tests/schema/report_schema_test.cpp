@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "schema_command.h"
+#include "commands/schema_command.h"
 #include "tests/host/scratch.h"
 #include "tests/schema/validator.h"
 

@@ -16,22 +16,22 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "asset_command.h"
-#include "check_command.h"
-#include "command_page.h"
-#include "document_file.h"
-#include "edit_command.h"
-#include "edit_session.h"
-#include "exit_code.h"
-#include "fmt_command.h"
-#include "help_text.h"
-#include "manual.h"
-#include "new_command.h"
-#include "plot_document.h"
-#include "render_command.h"
-#include "schema_command.h"
-#include "templates_command.h"
-#include "terminal.h"
+#include "commands/asset_command.h"
+#include "commands/check_command.h"
+#include "commands/command_page.h"
+#include "commands/edit_command.h"
+#include "commands/fmt_command.h"
+#include "commands/help_text.h"
+#include "commands/manual.h"
+#include "commands/new_command.h"
+#include "commands/render_command.h"
+#include "commands/schema_command.h"
+#include "commands/templates_command.h"
+#include "documents/document_file.h"
+#include "documents/plot_document.h"
+#include "editing/edit_session.h"
+#include "terminal/exit_code.h"
+#include "terminal/terminal.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include "korrin/model/project.h"
 
-#include "asset_report.h"
-#include "check_report.h"
+#include "assets/asset_report.h"
+#include "findings/check_report.h"
 
 namespace korrin::host {
 

@@ -21,9 +21,9 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
-#include "exit_code.h"
 #include "schema/names.h"
 #include "schema/page.h"
+#include "terminal/exit_code.h"
 
 namespace korrin::host {
 

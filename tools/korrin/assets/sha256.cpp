@@ -1,0 +1,29 @@
+#include "assets/sha256.h"
+
+#include <array>
+#include <string_view>
+
+#include <mbedtls/md.h>
+
+#include "korrin/foundation/precondition.h"
+
+namespace korrin::host {
+
+std::string sha256(std::span<const std::byte> bytes) {
+  std::array<unsigned char, 32> digest{};
+  const mbedtls_md_info_t* algorithm = mbedtls_md_info_from_type(MBEDTLS_MD_SHA256);
+  precondition(algorithm != nullptr &&
+                   mbedtls_md(algorithm, reinterpret_cast<const unsigned char*>(bytes.data()),
+                              bytes.size(), digest.data()) == 0,
+               "the cryptographic library lacks SHA-256");
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string text;
+  text.reserve(2 * digest.size());
+  for (const unsigned char byte : digest) {
+    text += digits[byte >> 4];
+    text += digits[byte & 15];
+  }
+  return text;
+}
+
+}  // namespace korrin::host

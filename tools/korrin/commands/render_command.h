@@ -1,0 +1,31 @@
+#pragma once
+
+// korrin render: a plot as a picture that a venue can read.
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "korrin/coding/coding_options.h"
+
+#include "commands/picture_converter.h"
+#include "terminal/exit_code.h"
+#include "terminal/terminal.h"
+
+namespace korrin::host {
+
+struct RenderOptions {
+  std::string file;                                       ///< "-" is standard input.
+  std::optional<std::string> output = std::nullopt;       ///< Absent or "-": the console's output.
+  std::optional<std::size_t> page = std::nullopt;         ///< Counted from 1; absent for all.
+  bool isPlotOnly = false;                                ///< The drawing without page and lists.
+  std::optional<PictureFormat> converted = std::nullopt;  ///< Absent for SVG.
+  DateStrategy dates = DateStrategy::iso8601;             ///< How the dates are read.
+};
+
+/// Opens and validates the plot, draws it and writes the picture. A file is replaced all at once
+/// or, when anything fails, left alone; a plot is never replaced by a picture.
+ExitCode render(const RenderOptions& options, Console& console);
+
+}  // namespace korrin::host

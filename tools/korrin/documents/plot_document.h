@@ -1,0 +1,83 @@
+#pragma once
+
+// From bytes that claim to be a plot to a project, or to the sentence that says why not.
+
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "korrin/coding/coding_options.h"
+#include "korrin/foundation/enumeration.h"
+#include "korrin/model/project.h"
+
+#include "terminal/exit_code.h"
+
+namespace korrin::host {
+
+/// Why a file did not become a project.
+enum class RefusalReason {
+  unreadable,         ///< No bytes: missing, forbidden, a directory, too large.
+  notAPlot,           ///< Bytes that are not a plot document.
+  invalid,            ///< A plot document that is not safe to open.
+  needsNewerVersion,  ///< A plot document that only a newer version can read.
+};
+
+/// A file that is not opened. `what()` is the rest of a sentence that begins with the file's name.
+class Refusal : public std::runtime_error {
+ public:
+  Refusal(RefusalReason reason, const std::string& sentence, std::string keyPath = {})
+      : std::runtime_error(sentence), reason_(reason), keyPath_(std::move(keyPath)) {}
+
+  RefusalReason reason() const noexcept { return reason_; }
+  /// The field of the document that was not understood; empty when none is to blame.
+  const std::string& keyPath() const noexcept { return keyPath_; }
+  ExitCode exitCode() const noexcept {
+    return reason_ == RefusalReason::needsNewerVersion ? ExitCode::needsNewerVersion
+                                                       : ExitCode::unusable;
+  }
+
+ private:
+  RefusalReason reason_;
+  std::string keyPath_;
+};
+
+/// The bytes of a file, or of standard input for "-". Throws Refusal, also when there are none.
+std::string readDocument(const std::string& path);
+
+/// The project that the bytes hold, not yet validated. The versions are looked at before anything
+/// else, so that a newer document is not taken for a broken one. Throws Refusal.
+KorrinProject decodeDocument(std::string_view bytes, DateStrategy dates);
+
+/// Throws Refusal when the project is not safe to open.
+void requireValid(const KorrinProject& project);
+
+/// Throws Refusal when writing to `path` would replace a document that needs a newer version, or a
+/// file that cannot be looked at.
+void requireReplaceable(const std::string& path);
+
+}  // namespace korrin::host
+
+namespace korrin {
+
+template <>
+struct CaseTable<host::RefusalReason> {
+  static constexpr std::array cases = {
+      Case{host::RefusalReason::unreadable, "unreadable"},
+      Case{host::RefusalReason::notAPlot, "notAPlot"},
+      Case{host::RefusalReason::invalid, "invalid"},
+      Case{host::RefusalReason::needsNewerVersion, "needsNewerVersion"},
+  };
+};
+
+template <>
+struct CaseTable<DateStrategy> {
+  static constexpr std::array cases = {
+      Case{DateStrategy::iso8601, "iso8601"},
+      Case{DateStrategy::secondsSince1970, "secondsSince1970"},
+      Case{DateStrategy::millisecondsSince1970, "millisecondsSince1970"},
+      Case{DateStrategy::secondsSinceReferenceDate, "secondsSinceReferenceDate"},
+  };
+};
+
+}  // namespace korrin

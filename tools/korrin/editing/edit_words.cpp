@@ -1,0 +1,55 @@
+#include "editing/edit_words.h"
+
+#include <cstddef>
+
+namespace korrin::host {
+namespace {
+
+constexpr std::string_view blanks = " \t\r\n";
+
+bool isBlank(char byte) { return blanks.find(byte) != std::string_view::npos; }
+
+/// Appends what stands between the quote at `position` and its partner, and moves behind it.
+void takeQuoted(std::string_view line, std::size_t& position, std::string& word) {
+  for (++position; position < line.size(); ++position) {
+    if (line[position] == '"') {
+      ++position;
+      return;
+    }
+    const bool isEscaped = line[position] == '\\' && position + 1 < line.size() &&
+                           (line[position + 1] == '"' || line[position + 1] == '\\');
+    if (isEscaped) ++position;
+    word += line[position];
+  }
+  throw LineError("a double quote has no partner");
+}
+
+}  // namespace
+
+std::vector<std::string> wordsOf(std::string_view line) {
+  std::vector<std::string> words;
+  std::size_t position = 0;
+  for (;;) {
+    while (position < line.size() && isBlank(line[position])) ++position;
+    if (position == line.size() || line[position] == '#') return words;
+    std::string word;
+    while (position < line.size() && !isBlank(line[position])) {
+      if (line[position] == '"')
+        takeQuoted(line, position, word);
+      else
+        word += line[position++];
+    }
+    words.push_back(std::move(word));
+  }
+}
+
+std::string inQuotes(std::string_view word) {
+  std::string result = "\"";
+  for (const char byte : word) {
+    if (byte == '"' || byte == '\\') result += '\\';
+    result += byte;
+  }
+  return result + "\"";
+}
+
+}  // namespace korrin::host

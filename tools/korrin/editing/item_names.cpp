@@ -1,0 +1,71 @@
+#include "editing/item_names.h"
+
+#include "editing/edit_words.h"
+
+namespace korrin::host {
+namespace {
+
+[[noreturn]] void refuseAmbiguous(std::string_view name,
+                                  const std::vector<const PlotItem*>& candidates) {
+  constexpr std::size_t mostNamed = 4;
+  std::string sentence = std::to_string(candidates.size()) + " items are labelled " +
+                         inQuotes(name) + "; name one by its identifier:";
+  for (std::size_t i = 0; i < candidates.size() && i < mostNamed; ++i)
+    sentence += (i == 0 ? " " : ", ") + candidates[i]->id.text();
+  throw LineError(sentence + (candidates.size() > mostNamed ? ", ..." : ""));
+}
+
+}  // namespace
+
+ItemNames::ItemNames(const KorrinProject& project) : project_(project) {
+  for (const PlotItem& item : project.items) {
+    byIdentifier_.try_emplace(item.id, &item);
+    if (!item.label.isBlank()) byLabel_[item.label].push_back(&item);
+  }
+}
+
+const PlotItem& ItemNames::item(std::string_view name) const {
+  if (const std::optional<UUID> id = UUID::fromText(name)) {
+    const auto identified = byIdentifier_.find(*id);
+    if (identified != byIdentifier_.end()) return *identified->second;
+  }
+  const auto labelled = byLabel_.find(Text(name));
+  if (labelled == byLabel_.end()) throw LineError("there is no item " + inQuotes(name));
+  if (labelled->second.size() > 1) refuseAmbiguous(name, labelled->second);
+  return *labelled->second.front();
+}
+
+List<PlotItem> ItemNames::editableItems(const std::vector<std::string>& names) const {
+  List<PlotItem> items;
+  IDSet seen;
+  for (const std::string& name : names) {
+    const PlotItem& named = item(name);
+    if (!seen.insert(named.id).second) throw LineError(inQuotes(name) + " is named twice");
+    if (const auto reason = obstacle(named)) throw LineError(inQuotes(name) + " " + *reason);
+    items.push_back(named);
+  }
+  return items;
+}
+
+std::string ItemNames::nameOf(const PlotItem& item) const {
+  const auto labelled = byLabel_.find(item.label);
+  const bool isOwn = labelled != byLabel_.end() && labelled->second.size() == 1;
+  // A label may spell the identifier of another item, which then is meant by it.
+  const std::optional<UUID> spelled = UUID::fromText(item.label);
+  const bool isIdentifier = spelled && byIdentifier_.contains(*spelled);
+  return isOwn && !isIdentifier ? item.label.str() : item.id.text();
+}
+
+std::optional<std::string> ItemNames::obstacle(const PlotItem& item) const {
+  if (project_.canEditItem(item)) return std::nullopt;
+  if (item.isLocked) return "is locked";
+  for (const PlotLayer& layer : project_.layers) {
+    if (layer.id != item.layerID) continue;
+    const std::string name = inQuotes(layer.name);
+    if (!layer.isVisible) return "is on the layer " + name + ", which is hidden";
+    return "is on the layer " + name + ", which is locked";
+  }
+  return "is on a layer that does not exist";
+}
+
+}  // namespace korrin::host

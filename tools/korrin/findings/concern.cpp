@@ -1,0 +1,89 @@
+#include "findings/concern.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "terminal/display_text.h"
+
+namespace korrin::host {
+namespace {
+
+/// "channel 2: Kick Out"; without a number "input: Kick Out", without a name "channel 2".
+std::string numbered(std::string_view numberedKind, std::string_view kind,
+                     const std::optional<std::int64_t>& number, const Text& name) {
+  std::string text(number ? numberedKind : kind);
+  if (number) text += " " + std::to_string(*number);
+  if (!name.isBlank()) text += ": " + name.str();
+  return text;
+}
+
+template <class Index, class Record>
+void add(Index& index, const List<Record>& records) {
+  index.reserve(records.size());
+  for (const Record& record : records) index.try_emplace(record.id, &record);
+}
+
+template <class Index>
+std::string found(const Index& index, const std::optional<UUID>& id) {
+  if (!id) return {};
+  const auto entry = index.find(*id);
+  return entry == index.end() ? std::string() : description(*entry->second);
+}
+
+}  // namespace
+
+std::string description(const InputChannel& input) {
+  return numbered("channel", "input", input.channel, input.source);
+}
+
+std::string description(const MonitorMix& mix) {
+  return numbered("mix", "mix", mix.number, mix.name);
+}
+
+std::string description(const EquipmentRequirement& requirement) {
+  const Text& name = requirement.item.isBlank() ? requirement.category : requirement.item;
+  return numbered("equipment", "equipment", std::nullopt, name);
+}
+
+std::string description(const PlotItem& item) {
+  const std::string kind(rawValue(item.kind));
+  if (!item.label.isBlank()) return kind + ": " + item.label.str();
+  return kind + " at " + shortNumber(item.position.x, 6) + ", " + shortNumber(item.position.y, 6) +
+         " mm";
+}
+
+Concerns::Concerns(const KorrinProject& project) {
+  add(inputs_, project.inputs);
+  add(mixes_, project.monitorMixes);
+  add(equipment_, project.equipmentRequirements);
+  add(items_, project.items);
+}
+
+std::string Concerns::of(const PreflightIssue& issue) const {
+  switch (issue.rule) {
+    case PreflightRule::duplicateInputChannel:
+    case PreflightRule::incompleteInput:
+    case PreflightRule::unplacedInput:
+      return found(inputs_, issue.recordID);
+    case PreflightRule::duplicateMonitorMix:
+    case PreflightRule::monitorWithoutOutput:
+    case PreflightRule::unplacedMonitor:
+      return found(mixes_, issue.recordID);
+    case PreflightRule::invalidEquipmentQuantity:
+      return found(equipment_, issue.recordID);
+    case PreflightRule::missingItemLabel:
+    case PreflightRule::itemOutsideStage:
+    case PreflightRule::missingAsset:
+      return found(items_, issue.relatedID);
+    case PreflightRule::invalidPlotReference:
+      break;
+  }
+  // A link of any list may be broken; identifiers of different lists seldom coincide.
+  std::string text = found(inputs_, issue.recordID);
+  if (text.empty()) text = found(mixes_, issue.recordID);
+  if (text.empty()) text = found(equipment_, issue.recordID);
+  return text;
+}
+
+}  // namespace korrin::host

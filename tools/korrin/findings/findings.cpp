@@ -1,0 +1,18 @@
+#include "findings/findings.h"
+
+namespace korrin::host {
+
+SeverityCounts FileFindings::counts() const {
+  SeverityCounts counts{};
+  for (const PreflightIssue& issue : issues) ++counts[static_cast<std::size_t>(issue.severity)];
+  return counts;
+}
+
+ExitCode FileFindings::exitCode() const {
+  if (refusal) return refusal->exitCode();
+  const auto [errors, warnings, information] = counts();
+  const ExitCode found = errors + warnings > 0 ? ExitCode::findings : ExitCode::clean;
+  return assets ? worse(found, exitCodeOf(*assets)) : found;
+}
+
+}  // namespace korrin::host
