@@ -8,6 +8,7 @@ namespace {
 constexpr std::size_t signatureLength = 6;
 constexpr std::uint32_t extension = 0x21;
 constexpr std::uint32_t imageDescriptor = 0x2C;
+constexpr std::uint32_t trailer = 0x3B;
 
 void skipSubBlocks(ByteView& file, StepBudget& budget) noexcept {
   while (budget.spend()) {
@@ -18,7 +19,8 @@ void skipSubBlocks(ByteView& file, StepBudget& budget) noexcept {
 }
 
 // A file without a picture is no image, whatever its screen: at least one image descriptor must
-// follow, and be complete.
+// follow, and be complete. Bytes that begin no block are passed over one by one, as the readers in
+// use do.
 bool hasFrame(ByteView& file, StepBudget& budget) noexcept {
   while (budget.spend()) {
     const std::uint32_t block = file.u8();
@@ -26,7 +28,8 @@ bool hasFrame(ByteView& file, StepBudget& budget) noexcept {
       file.skip(9);
       return file.ok();
     }
-    if (block != extension) return false;
+    if (block == trailer || !file.ok()) return false;
+    if (block != extension) continue;
     file.skip(1);  // the extension's label
     skipSubBlocks(file, budget);
   }

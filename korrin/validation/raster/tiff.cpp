@@ -64,7 +64,7 @@ std::optional<PixelSize> tiffSize(Bytes bytes) noexcept {
   if (count > maximumEntries) return std::nullopt;
   const std::uint64_t entryLength = isBig ? 20 : 12;
   ByteView entries = directory.take(count * entryLength);
-  directory.skip(isBig ? 8 : 4);  // where the next directory stands: not read, but part of this one
+  // Where the next directory stands comes behind the entries. A file may be cut off before it.
   if (!directory.ok()) return std::nullopt;
 
   std::optional<std::uint64_t> width;

@@ -1,9 +1,13 @@
+#include <algorithm>
+
 #include "korrin/validation/raster/byte_view.h"
 #include "korrin/validation/raster/readers.h"
+#include "korrin/validation/raster/step_budget.h"
 
 namespace korrin::raster {
 namespace {
 
+constexpr std::uint64_t chunkHeaderLength = 8;
 constexpr std::uint32_t dimensionMask = 0x3FFF;  // the upper two bits are a scale
 
 std::optional<PixelSize> lossySize(ByteView chunk) noexcept {
@@ -33,6 +37,25 @@ std::optional<PixelSize> extendedSize(ByteView chunk) noexcept {
   return PixelSize{.width = std::uint64_t{width} + 1, .height = std::uint64_t{height} + 1};
 }
 
+// Whether the chunks up to the one with the image end inside the RIFF file that `file` is the rest
+// of, of which `left` bytes are left by its own count. The file itself may be cut short.
+bool chunksFit(ByteView file, std::uint64_t left) noexcept {
+  StepBudget budget;
+  while (budget.spend()) {
+    if (left < chunkHeaderLength) return true;
+    const std::uint32_t chunkTag = ByteView(file.take(4).bytes()).u32();
+    const std::uint64_t length = file.u32();
+    if (!file.ok()) return true;
+    left -= chunkHeaderLength;
+    if (length > left) return false;
+    if (chunkTag == tag("VP8 ") || chunkTag == tag("VP8L") || chunkTag == tag("ANMF")) return true;
+    const std::uint64_t padded = length + length % 2;
+    left -= std::min(padded, left);
+    file.skip(padded);
+  }
+  return false;
+}
+
 }  // namespace
 
 bool isWebp(Bytes bytes) noexcept {
@@ -44,7 +67,10 @@ bool isWebp(Bytes bytes) noexcept {
 
 std::optional<PixelSize> webpSize(Bytes bytes) noexcept {
   ByteView file(bytes, std::endian::little);
-  file.skip(12);
+  file.skip(4);
+  const std::uint64_t riffLength = file.u32();
+  file.skip(4);  // "WEBP", which the length counts
+  if (riffLength < 4 + chunkHeaderLength || !chunksFit(file, riffLength - 4)) return std::nullopt;
   ByteView tagView(file.take(4).bytes());
   const std::uint32_t chunkTag = tagView.u32();
   const std::uint64_t length = file.u32();

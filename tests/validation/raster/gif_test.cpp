@@ -46,8 +46,20 @@ TEST(GifFrames, MayComeAfterExtensionsWithAnyNumberOfBlocks) {
             threeByTwo);
 }
 
-TEST(GifFrames, AreNotLookedForAfterAnUnknownBlock) {
-  EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), Bytes(1), frame})), std::nullopt);
+TEST(GifFrames, AreFoundBehindBytesThatBeginNoBlock) {
+  for (unsigned byte = 0; byte < 256; ++byte) {
+    if (byte == 0x21 || byte == 0x2C || byte == 0x3B) continue;
+    const Bytes stray(3, static_cast<std::byte>(byte));
+    EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), stray, frame})), threeByTwo) << byte;
+    EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), gifExtension(0xFE, {5}), stray, frame})), threeByTwo)
+        << byte;
+    EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), stray})), std::nullopt) << byte;
+  }
+}
+
+TEST(GifFrames, AreNotLookedForBehindTheEnd) {
+  EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), bytesOf(";"), frame})), std::nullopt);
+  EXPECT_EQ(sizeOf(joined({gifScreen(3, 2), Bytes(1), bytesOf(";"), frame})), std::nullopt);
 }
 
 TEST(GifFrames, AreNotLookedForInAnExtensionThatDoesNotEnd) {
@@ -66,6 +78,14 @@ TEST(GifFrames, AreGivenUpWhenTheStepsAreSpent) {
   };
   EXPECT_EQ(sizeOf(afterExtensions(raster::maximumSteps / 2 - 1)), threeByTwo);
   EXPECT_EQ(sizeOf(afterExtensions(raster::maximumSteps / 2)), std::nullopt);
+}
+
+TEST(GifFrames, AreGivenUpBehindTooManyStrayBytes) {
+  const auto afterStrayBytes = [](std::size_t count) {
+    return joined({gifScreen(3, 2), Bytes(count), frame});
+  };
+  EXPECT_EQ(sizeOf(afterStrayBytes(raster::maximumSteps - 1)), threeByTwo);
+  EXPECT_EQ(sizeOf(afterStrayBytes(raster::maximumSteps)), std::nullopt);
 }
 
 }  // namespace

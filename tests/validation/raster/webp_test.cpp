@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "korrin/validation/raster/step_budget.h"
+
 #include "tests/support/image_builder.h"
 #include "tests/support/raster_size.h"
 
@@ -62,6 +64,55 @@ TEST(WebpFile, HasItsHeaderInsideTheFirstChunkAndInsideTheFile) {
         static_cast<std::byte>(std::to_integer<unsigned>(shortChunk[chunkLengthAt]) - 1);
     EXPECT_EQ(sizeOf(shortChunk), std::nullopt);
   }
+}
+
+// The file with the length of its RIFF lowered by `by`.
+Bytes withShorterRiff(Bytes file, unsigned by) {
+  constexpr std::size_t riffLengthAt = 4;
+  file[riffLengthAt] = static_cast<std::byte>(std::to_integer<unsigned>(file[riffLengthAt]) - by);
+  return file;
+}
+
+TEST(WebpFile, HasNoChunkThatExceedsItsRiff) {
+  for (const Bytes& whole : {webpLossy(3, 2), webpLossless(3, 2), webpExtended(3, 2)}) {
+    EXPECT_EQ(sizeOf(withShorterRiff(whole, 0)), threeByTwo);
+    for (unsigned by = 1; by < whole.size() - 8; ++by)
+      EXPECT_EQ(sizeOf(withShorterRiff(whole, by)), std::nullopt) << by;
+  }
+}
+
+TEST(WebpExtended, HasNoChunkThatExceedsItsRiffUpToTheImage) {
+  const Bytes header = little().u32(0).u24(2).u24(1).done();
+  const auto file = [&](std::string_view image) {
+    return webp({riffChunk("VP8X", header), riffChunk("ALPH", Bytes(6)), riffChunk(image, Bytes(8)),
+                 riffChunk("EXIF", Bytes(20))});
+  };
+  for (const char* image : {"VP8 ", "VP8L", "ANMF"}) {
+    // What follows the image is not looked at.
+    EXPECT_EQ(sizeOf(withShorterRiff(file(image), 28)), threeByTwo) << image;
+    EXPECT_EQ(sizeOf(withShorterRiff(file(image), 29)), std::nullopt) << image;
+    // Nothing but a piece of a chunk's header is left.
+    EXPECT_EQ(sizeOf(withShorterRiff(file(image), 28 + 16 + 1)), std::nullopt) << image;
+    EXPECT_EQ(sizeOf(withShorterRiff(file(image), 28 + 16)), threeByTwo) << image;
+    EXPECT_EQ(sizeOf(withShorterRiff(file(image), 28 + 9)), threeByTwo) << image;
+  }
+  // A file that is cut short may lack them all.
+  const Bytes whole = file("VP8 ");
+  for (std::ptrdiff_t size = 30; size < std::ssize(whole); ++size)
+    EXPECT_EQ(sizeOf(Bytes(whole.begin(), whole.begin() + size)), threeByTwo) << size;
+}
+
+TEST(WebpExtended, HasABoundedNumberOfChunksBeforeItsImage) {
+  const auto file = [](int chunks) {
+    ByteWriter content(std::endian::little);
+    content.text("WEBP").bytes(riffChunk("VP8X", little().u32(0).u24(2).u24(1).done()));
+    for (int i = 0; i < chunks; ++i) content.bytes(riffChunk("ICCP", {}));
+    content.bytes(riffChunk("VP8 ", {}));
+    const Bytes rest = content.done();
+    return little().text("RIFF").u32(static_cast<std::uint32_t>(rest.size())).bytes(rest).done();
+  };
+  EXPECT_EQ(sizeOf(file(raster::maximumSteps - 2)), threeByTwo);
+  EXPECT_EQ(sizeOf(file(raster::maximumSteps - 1)), std::nullopt);
 }
 
 TEST(WebpFile, MayLackTheEndOfItsPixels) {
