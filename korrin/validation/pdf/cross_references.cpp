@@ -103,8 +103,8 @@ std::optional<CrossReferences::Older> CrossReferences::readTable(Scanner& scanne
   return Older{shifted(hidden), shifted(previous)};
 }
 
-// The entries are only passed; the first, the second and the last one vouch for their distance,
-// which is 20 bytes but for writers that end the lines in their own way.
+// The entries are only passed; the first, the second and the last one vouch for their distance:
+// normally 20 bytes; writers with other line ends use 19 or 21.
 std::optional<CrossReferences::Subsection> CrossReferences::takeSubsection(Scanner& scanner) {
   const auto first = scanner.takeCount();
   const auto count = scanner.takeCount();

@@ -53,7 +53,7 @@ PdfPage readByRecovery(std::string_view file, Budget& budget) {
   recovered.scan();
   Objects objects(file, recovered, budget);
   const std::vector<Trailer> trailers = recovered.trailers();
-  // One trailer that speaks of encryption is enough: the pages must not be reached past it.
+  // If any trailer declares encryption, the document counts as encrypted.
   const auto encrypted = std::find_if(trailers.begin(), trailers.end(), [](const Trailer& trailer) {
     return !trailer.encrypt.isNull();
   });
@@ -66,6 +66,10 @@ PdfPage readByRecovery(std::string_view file, Budget& budget) {
   recovered.addCompressedObjects(objects);
   for (const Trailer& trailer : trailers)
     if (const auto page = firstPage(objects, trailer.root)) return *page;
+  // A trailer that leads nowhere is believed; where there is none, the objects have the word.
+  if (!trailers.empty()) return unreadablePage;
+  for (const Value& root : recovered.catalogues(objects))
+    if (const auto page = firstPage(objects, root)) return *page;
   return unreadablePage;
 }
 

@@ -120,6 +120,22 @@ std::optional<Scanner> Objects::openCompressed(const ObjectPlace& place, std::ui
   return scanner;
 }
 
+std::optional<Value> Objects::objectAround(Place place) {
+  if (!load(place.container)) return std::nullopt;
+  Scanner scanner(container_.bytes, place.container, *budget_, 0);
+  std::optional<std::uint32_t> nearest;
+  std::size_t nearestOffset = 0;
+  for (std::size_t i = 0; i < container_.count; ++i) {
+    const auto number = scanner.takeCount();
+    const auto offset = scanner.takeCount();
+    if (!number || !offset || *number > std::numeric_limits<std::uint32_t>::max()) break;
+    if (container_.first + *offset > place.offset || *offset < nearestOffset) continue;
+    nearest = static_cast<std::uint32_t>(*number);
+    nearestOffset = *offset;
+  }
+  return nearest ? std::optional(Value::referenceTo(*nearest)) : std::nullopt;
+}
+
 std::optional<Objects::ObjectStreamHead> Objects::openObjectStreamHead(const Ordinary& stream) {
   auto container = unpack(stream, true);
   if (!container) return std::nullopt;

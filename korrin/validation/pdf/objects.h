@@ -62,6 +62,10 @@ class Objects {
   /// The same of a place outside object streams, where all stands that resolveOrdinary leads to.
   Scanner inFile(Place place) const { return Scanner(file_, *budget_, place.offset); }
 
+  /// A reference to the object of an object stream in which `place` lies; nothing when it lies in
+  /// front of them all.
+  std::optional<Value> objectAround(Place place);
+
   /// Follows references to the value itself; null when they lead nowhere.
   Value resolve(Value value);
   /// Follows one reference to an ordinary object.

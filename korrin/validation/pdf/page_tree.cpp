@@ -52,14 +52,28 @@ PdfPage measured(Objects& objects, const Value& own, const std::vector<Node>& pa
 
 // What the tree knows of a node before it decides where to go on.
 struct Entries {
-  Value kids;
+  enum class Kind { page, list, empty };
+  Kind kind;
+  Place kids;  // Of a list: where its first child is read.
   Value box;
 };
 
-Entries entriesOf(Objects& objects, const Value& node) {
-  const auto [kids, box] =
-      objects.entries(node, std::array<std::string_view, 2>{"Kids", "MediaBox"});
-  return {objects.resolve(kids), box};
+// What a node says of itself counts before what it looks like: a page may carry a list that does
+// not make it a list of pages, and a list of pages without pages is no page. Of a node that says
+// neither, the list decides.
+Entries entriesOf(Objects& objects, const Value& node, bool isRoot) {
+  using enum Entries::Kind;
+  const auto [type, kids, box] =
+      objects.entries(node, std::array<std::string_view, 3>{"Type", "Kids", "MediaBox"});
+  const Value typeName = objects.resolve(type);
+  if (typeName.isName("Page")) return {page, {}, box};
+  const Value children = objects.resolve(kids);
+  // The list is entered behind its opening bracket.
+  if (children.kind == Value::Kind::array)
+    return {list, {children.place.container, children.place.offset + 1}, box};
+  // Nothing shows that a root without children is a page, unless it has a box.
+  const bool isEmpty = typeName.isName("Pages") || (isRoot && box.isNull());
+  return {isEmpty ? empty : page, {}, box};
 }
 
 // The next child that may be a node, of the last node on the path or, when it has no more, of one
@@ -88,16 +102,10 @@ std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
     if (next.kind == Value::Kind::dictionary) {
       if (path.size() == limits::treeDepth) objects.budget().exhaust();
       if (!objects.budget().treeNode()) return std::nullopt;
-      const Entries entries = entriesOf(objects, next);
-      if (entries.kids.kind != Value::Kind::array) {
-        // Nothing shows that a root without children is a page, unless it has a box.
-        if (path.empty() && entries.box.isNull()) return std::nullopt;
-        return measured(objects, entries.box, path);
-      }
-      // The list is entered behind its opening bracket.
-      Place kids = entries.kids.place;
-      ++kids.offset;
-      path.push_back({kids, entries.box.place, !entries.box.isNull()});
+      const Entries entries = entriesOf(objects, next, path.empty());
+      if (entries.kind == Entries::Kind::page) return measured(objects, entries.box, path);
+      if (entries.kind == Entries::Kind::list)
+        path.push_back({entries.kids, entries.box.place, !entries.box.isNull()});
     }
     const auto child = nextChild(objects, path);
     if (!child) return std::nullopt;

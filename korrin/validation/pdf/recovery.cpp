@@ -8,11 +8,13 @@
 namespace korrin::pdf {
 namespace {
 
-// Digits of an object's number and of its generation, and the blanks between them, beyond which
-// "obj" is taken for chance.
+// Digits of an object's number and of its generation, and the blanks between them. Beyond these
+// counts, "obj" is not taken for the start of an object.
 constexpr std::size_t mostNumberDigits = 10;
 constexpr std::size_t mostGenerationDigits = 5;
 constexpr std::size_t mostBlanks = 16;
+
+constexpr std::string_view catalogue = "/Catalog";
 
 bool standsAt(std::string_view file, std::size_t offset, std::string_view word) {
   return file.substr(offset, word.size()) == word;
@@ -44,10 +46,10 @@ std::optional<std::uint64_t> backOverNumber(std::string_view file, std::size_t& 
 
 }  // namespace
 
-std::vector<std::size_t> RecoveredObjects::Offsets::list() const {
+std::vector<std::size_t> RecoveredObjects::LastFew::list() const {
   std::vector<std::size_t> list;
-  for (std::size_t i = 0; i < std::min(count_, offsets_.size()); ++i)
-    list.push_back(offsets_[(count_ - 1 - i) % offsets_.size()]);
+  for (std::size_t i = 0; i < std::min(count_, values_.size()); ++i)
+    list.push_back(values_[(count_ - 1 - i) % values_.size()]);
   return list;
 }
 
@@ -96,6 +98,8 @@ std::size_t RecoveredObjects::passName(std::size_t slash) {
   };
   if (is("/XRef"))
     trailers_.add(object.offset);
+  else if (is(catalogue))
+    catalogues_.add(object.number);
   else if (is("/ObjStm") && (objectStreams_.empty() || objectStreams_.back() != object.number))
     objectStreams_.push_back(object.number);
   return slash + 1;
@@ -144,11 +148,11 @@ std::vector<Trailer> RecoveredObjects::trailers() const {
 }
 
 void RecoveredObjects::addCompressedObjects(Objects& objects) {
-  std::vector<std::uint32_t> containers = std::exchange(objectStreams_, {});
-  std::sort(containers.begin(), containers.end());
-  containers.erase(std::unique(containers.begin(), containers.end()), containers.end());
-  std::erase(containers, 0u);  // 0 stands for the file itself.
-  for (const std::uint32_t container : containers) {
+  std::sort(objectStreams_.begin(), objectStreams_.end());
+  objectStreams_.erase(std::unique(objectStreams_.begin(), objectStreams_.end()),
+                       objectStreams_.end());
+  std::erase(objectStreams_, 0u);  // 0 stands for the file itself.
+  for (const std::uint32_t container : objectStreams_) {
     const ObjectPlace place = find(container);
     const auto stream = objects.openOrdinary(container);
     auto head = stream ? objects.openObjectStreamHead(*stream) : std::nullopt;
@@ -161,6 +165,29 @@ void RecoveredObjects::addCompressedObjects(Objects& objects) {
     }
   }
   sort();
+}
+
+std::vector<Value> RecoveredObjects::catalogues(Objects& objects) const {
+  std::vector<Value> roots;
+  const auto addIfOne = [&](const Value& root) {
+    const auto [type] = objects.entries(root, std::array<std::string_view, 1>{"Type"});
+    if (type.isName(catalogue.substr(1))) roots.push_back(root);
+  };
+  for (const std::size_t number : catalogues_.list())
+    addIfOne(Value::referenceTo(static_cast<std::uint32_t>(number)));
+  for (auto container = objectStreams_.rbegin(); container != objectStreams_.rend(); ++container)
+    if (const auto root = catalogueIn(objects, *container)) addIfOne(*root);
+  return roots;
+}
+
+// The object of an object stream in which the word for a catalogue stands first.
+std::optional<Value> RecoveredObjects::catalogueIn(Objects& objects,
+                                                   std::uint32_t container) const {
+  const auto scanner = objects.at({container, 0});
+  if (!scanner || !budget_->scan(scanner->bytes().size())) return std::nullopt;
+  const std::size_t word = pdf::find(scanner->bytes(), catalogue);
+  if (word == scanner->bytes().npos) return std::nullopt;
+  return objects.objectAround({container, word});
 }
 
 ObjectPlace RecoveredObjects::find(std::uint32_t number) {

@@ -83,7 +83,7 @@ std::optional<Bytes> readStreamData(Objects& objects, Scanner scanner, const Str
   const std::vector<Value> parameters = listOf(objects, entries.parameters);
   if (!data || filters.size() > limits::filters) return std::nullopt;
   for (const Value& filter : filters)
-    if (!filter.isName("FlateDecode")) return std::nullopt;
+    if (!filter.isName("FlateDecode") && !filter.isName("Fl")) return std::nullopt;
 
   Budget& budget = scanner.budget();
   const std::span<const std::byte> raw = std::as_bytes(std::span(data->data(), data->size()));

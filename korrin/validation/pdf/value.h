@@ -38,6 +38,13 @@ struct Value {
   std::uint32_t reference = 0;  ///< Of a reference: the object's number.
   Name name;
 
+  static Value referenceTo(std::uint32_t object) {
+    Value value;
+    value.kind = Kind::reference;
+    value.reference = object;
+    return value;
+  }
+
   bool isNull() const { return kind == Kind::null; }
   bool isName(std::string_view text) const { return kind == Kind::name && name.text() == text; }
   /// The number if it is whole and in the range 0 to 2^53, which no size in a document exceeds.

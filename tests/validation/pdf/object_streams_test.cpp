@@ -84,6 +84,13 @@ TEST(ObjectStream, MayBeDeflatedAsOftenAsThereAreFilters) {
   EXPECT_EQ(pageIn("/N 1/First 4/Filter[" + filters + "/FlateDecode]", deflated(data)), unreadable);
 }
 
+TEST(ObjectStream, MayNameItsFilterInShort) {
+  EXPECT_EQ(pageIn("/N 1/First 4/Filter/Fl", deflated(pageData())), box(3, 3));
+  EXPECT_EQ(pageIn("/N 1/First 4/Filter[/Fl/FlateDecode]", deflated(deflated(pageData()))),
+            box(3, 3));
+  EXPECT_EQ(pageIn("/N 1/First 4/Filter/Flat", deflated(pageData())), unreadable);
+}
+
 class PngFilter : public testing::TestWithParam<int> {};
 
 TEST_P(PngFilter, IsUndone) {

@@ -84,13 +84,62 @@ TEST(PageTree, ListsPagesDirectly) {
   EXPECT_EQ(pageOf(pdf.file()), box(4, 4));
 }
 
-TEST(PageTree, IgnoresTypesAndCounts) {
+TEST(PageTree, IgnoresCountsAndTypesThatAreNoneOfATree) {
   PdfBuilder pdf;
   pdf.object(1, "<</Type/Font/Pages 2 0 R>>")
-      .object(2, "<</Type/Page/Kids[3 0 R]/Count -17>>")
-      .object(3, "<</Type/Pages/Count 12/MediaBox[0 0 3 3]>>")
+      .object(2, "<</Type/Template/Kids[3 0 R]/Count -17>>")
+      .object(3, "<</Type/Font/Count 12/MediaBox[0 0 3 3]>>")
       .table();
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(PageTree, TakesANodeThatCallsItselfAPageForOne) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R]/MediaBox[0 0 2 2]>>")
+      .object(3, "<</Type/Page/Kids[4 0 R]>>")
+      .object(4, "<</Type/Page/MediaBox[0 0 4 4]>>")
+      .table();
+  EXPECT_EQ(pageOf(pdf.file()), box(2, 2));
+  // The root, too, and without a box.
+  PdfBuilder root;
+  root.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Type/Page/Kids[3 0 R]>>")
+      .object(3, "<</Type/Page/MediaBox[0 0 3 3]>>")
+      .table();
+  EXPECT_EQ(pageOf(root.file()), noBox);
+}
+
+TEST(PageTree, PassesOverAListOfPagesWithoutPages) {
+  for (const char* entries : {"/Count 0", "/Count 3", "/Count 0/MediaBox[0 0 9 9]",
+                              "/Count 0/Kids null", "/Kids<</Type/Page/MediaBox[0 0 9 9]>>",
+                              "/Kids 7/MediaBox[0 0 9 9]", "/Kids[]/MediaBox[0 0 9 9]"}) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Type/Pages/Kids[3 0 R 4 0 R]/MediaBox[0 0 2 2]>>")
+        .object(3, "<</Type/Pages" + std::string(entries) + ">>")
+        .object(4, "<</Type/Page/MediaBox[0 0 4 4]>>")
+        .table();
+    EXPECT_EQ(pageOf(pdf.file()), box(4, 4)) << entries;
+    // As the root, it is a document without pages.
+    PdfBuilder alone;
+    alone.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Type/Pages" + std::string(entries) + ">>")
+        .table();
+    EXPECT_EQ(pageOf(alone.file()), unreadable) << entries;
+  }
+}
+
+TEST(PageTree, FollowsAReferenceToAType) {
+  PdfBuilder pdf;
+  pdf.object(1, "<</Pages 2 0 R>>")
+      .object(2, "<</Kids[3 0 R 4 0 R]>>")
+      .object(3, "<</Type 5 0 R/MediaBox[0 0 3 3]>>")
+      .object(4, "<</Type 6 0 R/Kids[3 0 R]/MediaBox[0 0 4 4]>>")
+      .object(5, "/Pages")
+      .object(6, "/Page")
+      .table();
+  EXPECT_EQ(pageOf(pdf.file()), box(4, 4));
 }
 
 TEST(PageTree, MayKeepItsListElsewhere) {

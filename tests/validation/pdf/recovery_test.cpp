@@ -158,12 +158,72 @@ TEST(Recovery, TakesNoOverlongNumberForAnObject) {
             unreadable);
 }
 
-TEST(Recovery, NeedsATrailer) {
+// A tree of one page, without any trailer, and whatever `catalogue` adds.
+PdfBuilder withoutTrailer() {
   PdfBuilder pdf;
-  pdf.object(1, "<</Type/Catalog/Pages 2 0 R>>")
-      .object(2, "<</Kids[3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>");
-  EXPECT_EQ(pageOf(pdf.file()), unreadable);
+  pdf.object(2, "<</Type/Pages/Kids[3 0 R]/Count 1>>")
+      .object(3, "<</Type/Page/MediaBox[0 0 3 3]>>");
+  return pdf;
+}
+
+TEST(Recovery, FindsTheCatalogueOfADocumentWithoutTrailer) {
+  EXPECT_EQ(pageOf(withoutTrailer().file()), unreadable);
+  EXPECT_EQ(pageOf(withoutTrailer().object(1, "<</Type/Catalog/Pages 2 0 R>>").file()), box(3, 3));
+  EXPECT_EQ(pageOf(withoutTrailer().object(1, "<</Pages 2 0 R /Type /Catalog >>").file()),
+            box(3, 3));
+  // The table is there, and the trailer is not.
+  const std::string whole = onePage("/MediaBox[0 0 3 3]");
+  const std::size_t trailer = whole.find("trailer");
+  EXPECT_EQ(pageOf(whole.substr(0, trailer)), box(3, 3));
+  EXPECT_EQ(pageOf(whole.substr(0, trailer) + whole.substr(whole.find("startxref"))), box(3, 3));
+}
+
+TEST(Recovery, TakesNothingElseForTheCatalogue) {
+  for (const char* object : {"<</Pages 2 0 R>>", "<</Type/Catalogue/Pages 2 0 R>>",
+                             "<</Kind/Catalog/Pages 2 0 R>>", "[/Type/Catalog/Pages 2 0 R]"})
+    EXPECT_EQ(pageOf(withoutTrailer().object(1, object).file()), unreadable) << object;
+  // A trailer is believed, even one that names another object or none.
+  for (const char* trailer : {"trailer<</Root 9 0 R>>", "trailer<<>>", "trailer 3 <</Root 1 0 R>>"})
+    EXPECT_EQ(
+        pageOf(withoutTrailer().object(1, "<</Type/Catalog/Pages 2 0 R>>").raw(trailer).file()),
+        unreadable)
+        << trailer;
+}
+
+TEST(Recovery, TakesTheLastCatalogueThatLeadsToAPage) {
+  PdfBuilder pdf = withoutTrailer();
+  pdf.object(5, "<</Type/Page/MediaBox[0 0 5 5]>>")
+      .object(1, "<</Type/Catalog/Pages 5 0 R>>")
+      .object(4, "<</Type/Catalog/Pages 2 0 R>>")
+      .object(6, "<</Type/Catalog>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
+TEST(Recovery, FindsTheCatalogueInAnObjectStream) {
+  const std::string catalogue = "<</Type/Catalog/Pages 2 0 R>>";
+  EXPECT_EQ(pageOf(withoutTrailer()
+                       .objectStream(4, {{7, "<</Kind/Font>>"}, {1, catalogue}, {8, "null"}})
+                       .objectStream(5, {{9, "null"}})
+                       .file()),
+            box(3, 3));
+  EXPECT_EQ(pageOf(withoutTrailer().objectStream(4, {{1, catalogue}}).file()), box(3, 3));
+  EXPECT_EQ(pageOf(withoutTrailer().objectStream(4, {{7, "null"}, {1, catalogue}}).file()),
+            box(3, 3));
+  // The whole document, whose cross-references are cut off.
+  const std::string whole = onePageInObjectStream("/MediaBox[0 0 3 3]");
+  EXPECT_EQ(pageOf(whole.substr(0, whole.rfind("5 0 obj"))), box(3, 3));
+}
+
+TEST(Recovery, FindsTheCatalogueWhateverTheOrderOfItsObjectStream) {
+  // The pairs of the head stand in another order than the objects.
+  const std::string first = "null ";
+  const std::string second = "<</Type/Catalog/Pages 2 0 R>> ";
+  const std::string head = "7 35 1 5 8 0 ";
+  EXPECT_EQ(pageOf(withoutTrailer()
+                       .stream(4, "/Type/ObjStm/N 3/First " + std::to_string(head.size()),
+                               head + first + second + "<</Kind/Font>>")
+                       .file()),
+            box(3, 3));
 }
 
 }  // namespace
