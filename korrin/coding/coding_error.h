@@ -2,8 +2,10 @@
 
 // What stops a document from being read or written.
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #pragma GCC visibility push(default)
 
@@ -25,8 +27,13 @@ class DecodingError : public std::runtime_error {
   };
 
   /// As the reader makes it: `message` is the whole sentence, `keyPath` included.
-  DecodingError(Kind kind, std::string keyPath, const std::string& message)
-      : std::runtime_error(message), kind_(kind), keyPath_(std::move(keyPath)) {}
+  DecodingError(Kind kind, std::string keyPath, const std::string& message, std::size_t line = 0,
+                std::size_t column = 0)
+      : std::runtime_error(message),
+        kind_(kind),
+        keyPath_(std::move(keyPath)),
+        line_(line),
+        column_(column) {}
 
   /// Which of the four it is.
   Kind kind() const noexcept { return kind_; }
@@ -35,9 +42,20 @@ class DecodingError : public std::runtime_error {
   /// missing key. Empty for the document itself.
   const std::string& keyPath() const noexcept { return keyPath_; }
 
+  /// The line of the text where the error is, counted from 1: of the value that is wrong, of the
+  /// second value of a key that stands twice, of the object that lacks a key, or of the byte where
+  /// the text stops being JSON. Lines end with a line feed. 0 where no text was read.
+  std::size_t line() const noexcept { return line_; }
+
+  /// The column in that line, counted from 1 in characters (Unicode scalar values), not in bytes. 0
+  /// where no text was read.
+  std::size_t column() const noexcept { return column_; }
+
  private:
   Kind kind_;
   std::string keyPath_;
+  std::size_t line_;
+  std::size_t column_;
 };
 
 /// Why a value was not written: a number that is not finite, which JSON cannot hold.

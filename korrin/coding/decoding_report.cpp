@@ -40,27 +40,33 @@ std::string characterAt(const Scanner& scanner, const char* at) {
 
 }  // namespace
 
-DecodingError refusal(DecodingError::Kind kind, const KeyPath& path, std::string_view expected,
-                      std::string_view found) {
+TextPlace placeOf(const Scanner& scanner, const char* at) {
+  const std::string_view before(scanner.begin(), static_cast<std::size_t>(at - scanner.begin()));
+  const auto breaks = std::count(before.begin(), before.end(), '\n');
+  const std::string_view lineBefore = before.substr(before.rfind('\n') + 1);
+  // Columns count characters: bytes that do not continue one.
+  const auto characters = std::count_if(lineBefore.begin(), lineBefore.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  });
+  return {.line = static_cast<std::size_t>(breaks) + 1,
+          .column = static_cast<std::size_t>(characters) + 1};
+}
+
+DecodingError refusal(DecodingError::Kind kind, const KeyPath& path, TextPlace place,
+                      std::string_view expected, std::string_view found) {
   std::string where = path.text();
   std::string message = where.empty() ? "" : where + ": ";
   message.append("expected ").append(expected).append(", found ").append(found);
-  return DecodingError(kind, std::move(where), message);
+  return DecodingError(kind, std::move(where), message, place.line, place.column);
 }
 
 DecodingError notJSON(const Scanner& scanner, const Malformed& fault) {
-  const std::string_view before(scanner.begin(),
-                                static_cast<std::size_t>(fault.at - scanner.begin()));
-  const auto line = 1 + std::count(before.begin(), before.end(), '\n');
-  const std::string_view lineBefore = before.substr(before.rfind('\n') + 1);
-  // Columns count characters: bytes that do not continue one.
-  const auto column = 1 + std::count_if(lineBefore.begin(), lineBefore.end(), [](char c) {
-                        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-                      });
+  const TextPlace place = placeOf(scanner, fault.at);
   return DecodingError(DecodingError::Kind::dataCorrupted, "",
-                       "line " + std::to_string(line) + ", column " + std::to_string(column) +
-                           ": expected " + fault.expected + ", found " +
-                           characterAt(scanner, fault.at));
+                       "line " + std::to_string(place.line) + ", column " +
+                           std::to_string(place.column) + ": expected " + fault.expected +
+                           ", found " + characterAt(scanner, fault.at),
+                       place.line, place.column);
 }
 
 std::string_view typeOfNextValue(const Scanner& scanner) {

@@ -12,9 +12,18 @@
 
 namespace korrin::json {
 
+/// A place in a text as an editor shows it: both count from 1, columns in characters.
+struct TextPlace {
+  std::size_t line;
+  std::size_t column;
+};
+
+/// The place of the byte at `at`, which lies in the scanner's text or at its end.
+TextPlace placeOf(const Scanner& scanner, const char* at);
+
 /// "items[3].label: expected a string, found a number".
-DecodingError refusal(DecodingError::Kind kind, const KeyPath& path, std::string_view expected,
-                      std::string_view found);
+DecodingError refusal(DecodingError::Kind kind, const KeyPath& path, TextPlace place,
+                      std::string_view expected, std::string_view found);
 
 /// "line 3, column 14: expected a value, found ']'".
 DecodingError notJSON(const Scanner& scanner, const Malformed& fault);

@@ -13,6 +13,7 @@
 
 #include "korrin/coding/coding_error.h"
 #include "korrin/coding/coding_options.h"
+#include "korrin/coding/unknown_keys.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
@@ -27,6 +28,8 @@ template <class Value>
 struct Codec {
   static std::string encode(const Value& value, const EncodingOptions& options);
   static Value decode(std::string_view text, const DecodingOptions& options);
+  static DecodedWithUnknownKeys<Value> decodeWithUnknownKeys(std::string_view text,
+                                                             const DecodingOptions& options);
 };
 
 }  // namespace json
@@ -59,6 +62,16 @@ requires isCodable<T> std::string encodeJSON(const T& value, const EncodingOptio
 template <class T>
 requires isCodable<T> T decodeJSON(std::string_view text, const DecodingOptions& options = {}) {
   return json::Codec<T>::decode(text, options);
+}
+
+/// As `decodeJSON`, and says which members of the text were passed over because no record knows
+/// their keys. Where there are none it costs no more; where there are some, the text is walked a
+/// second time, up to the last of those that are named. However many there are and however long
+/// their keys, what is named takes less than half a megabyte.
+template <class T>
+requires isCodable<T> DecodedWithUnknownKeys<T> decodeJSONWithUnknownKeys(
+    std::string_view text, const DecodingOptions& options = {}) {
+  return json::Codec<T>::decodeWithUnknownKeys(text, options);
 }
 
 }  // namespace korrin

@@ -6,6 +6,7 @@
 #include "korrin/coding/json.h"
 #include "korrin/coding/json_reader.h"
 #include "korrin/coding/json_writer.h"
+#include "korrin/coding/unknown_key_walk.h"
 
 namespace korrin::json {
 
@@ -26,6 +27,22 @@ Value Codec<Value>::decode(std::string_view text, const DecodingOptions& options
   } catch (const Malformed&) {
   }
   return Reader(text, options).diagnose<Value>();
+}
+
+template <class Value>
+DecodedWithUnknownKeys<Value> Codec<Value>::decodeWithUnknownKeys(std::string_view text,
+                                                                  const DecodingOptions& options) {
+  try {
+    Reader reader(text, options);
+    DecodedWithUnknownKeys<Value> decoded{.value = reader.document<Value>(), .unknownKeys = {}};
+    decoded.unknownKeys.count = reader.unknownKeyCount();
+    if (decoded.unknownKeys.count != 0)
+      decoded.unknownKeys.paths = UnknownKeyWalk(text).paths<Value>();
+    return decoded;
+  } catch (const Refused&) {
+  } catch (const Malformed&) {
+  }
+  return {.value = Reader(text, options).diagnose<Value>(), .unknownKeys = {}};
 }
 
 }  // namespace korrin::json

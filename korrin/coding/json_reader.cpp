@@ -128,7 +128,7 @@ void Reader::refuseType(std::string_view expected) const {
 
 void Reader::refuse(Kind kind, std::string_view expected, std::string_view found) const {
   if (!isDiagnosing_) throw Refused{};
-  throw refusal(kind, path_, expected, found);
+  throw refusal(kind, path_, placeOf(scanner_, valueStart_), expected, found);
 }
 
 void Reader::refuseWord(const std::vector<std::string_view>& words,
@@ -136,7 +136,7 @@ void Reader::refuseWord(const std::vector<std::string_view>& words,
   if (!isDiagnosing_) throw Refused{};
   // Shown as the document spells it, so that escaped control characters stay escaped.
   throw refusal(
-      Kind::dataCorrupted, path_, oneOf(words),
+      Kind::dataCorrupted, path_, placeOf(scanner_, valueStart_), oneOf(words),
       quoted(token.raw) + "; the nearest is " + quoted(nearestWord(unescaped(token), words)));
 }
 

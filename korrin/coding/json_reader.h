@@ -16,8 +16,8 @@
 #include "korrin/coding/coding_options.h"
 #include "korrin/coding/decoding_report.h"
 #include "korrin/coding/json_scanner.h"
-#include "korrin/coding/key_table.h"
 #include "korrin/coding/recent_texts.h"
+#include "korrin/coding/record_keys.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/instant.h"
 #include "korrin/foundation/list.h"
@@ -28,11 +28,6 @@ namespace korrin::json {
 
 /// Thrown while reading in written order: the document is of no use.
 struct Refused {};
-
-template <class Value>
-inline constexpr bool isOptional = false;
-template <class Value>
-inline constexpr bool isOptional<std::optional<Value>> = true;
 
 /// A field's key between quotation marks, as documents hold it. g++ would export it as it exports
 /// the record.
@@ -45,15 +40,6 @@ template <class Record, std::size_t index>
   return text;
 }();
 
-/// The keys of a record, in the order of its fields.
-template <class Record, std::size_t... index>
-consteval auto keyTable(std::index_sequence<index...>) {
-  return KeyTable(std::array{std::get<index>(fieldsOf<Record>()).key...});
-}
-template <class Record>
-[[gnu::visibility("hidden")]] inline constexpr auto keysOf =
-    keyTable<Record>(std::make_index_sequence<std::tuple_size_v<decltype(fieldsOf<Record>())>>());
-
 class Reader {
  public:
   Reader(std::string_view text, const DecodingOptions& options)
@@ -64,10 +50,15 @@ class Reader {
   Value document() {
     Value value{};
     scanner_.skipSpace();
+    valueStart_ = scanner_.position();
     read(value);
     scanner_.finish();
     return value;
   }
+
+  /// How many members `document` passed over because their record does not know the key. Members
+  /// inside such a member do not count.
+  std::size_t unknownKeyCount() const { return unknownKeyCount_; }
 
   /// Reads the whole text as one value, in field order. Throws the `DecodingError` that describes
   /// the first fault.
@@ -124,7 +115,10 @@ class Reader {
     expect('[', "an array");
     if (!scanner_.enter(']')) return;
     do {
-      if (isDiagnosing_) path_.enterElement(list.size());
+      if (isDiagnosing_) {
+        path_.enterElement(list.size());
+        valueStart_ = scanner_.position();
+      }
       if constexpr (std::is_trivially_copyable_v<Element>) {
         Element element{};
         read(element);
@@ -189,6 +183,7 @@ class Reader {
     do {
       const std::size_t place = fieldNamed<Record>(scanner_.key());
       if (place == sizeof...(index)) {
+        ++unknownKeyCount_;
         scanner_.skipValue();
       } else {
         if ((seen >> place & 1) != 0) throw Refused{};
@@ -201,14 +196,15 @@ class Reader {
 
   template <class Record, std::size_t... index>
   void readInFieldOrder(Record& record, std::index_sequence<index...>) {
+    const char* const open = scanner_.position();
     std::array<const char*, sizeof...(index)> starts{};
-    std::array<bool, sizeof...(index)> standsTwice{};
+    std::array<const char*, sizeof...(index)> secondStarts{};
     if (scanner_.enter('}')) {
       do {
         const std::size_t place = fieldNamed<Record>(scanner_.key());
         if (place < starts.size()) {
-          standsTwice[place] = starts[place] != nullptr;
-          if (!standsTwice[place]) starts[place] = scanner_.position();
+          auto& start = starts[place] == nullptr ? starts[place] : secondStarts[place];
+          if (start == nullptr) start = scanner_.position();
         }
         scanner_.skipValue();
       } while (scanner_.next('}'));
@@ -217,8 +213,11 @@ class Reader {
     const auto readPlace = [&]<std::size_t place>(std::integral_constant<std::size_t, place>) {
       constexpr auto field = std::get<place>(fieldsOf<Record>());
       path_.enterKey(field.key);
+      const bool standsTwice = secondStarts[place] != nullptr;
+      valueStart_ = standsTwice ? secondStarts[place] : starts[place];
+      if (valueStart_ == nullptr) valueStart_ = open;
       checkPresence(starts[place] != nullptr, isOptional<typename decltype(field)::ValueType>,
-                    standsTwice[place]);
+                    standsTwice);
       if (starts[place] != nullptr) {
         scanner_.returnTo(starts[place]);
         readField<Record, place>(record);
@@ -227,15 +226,6 @@ class Reader {
     };
     (readPlace(std::integral_constant<std::size_t, index>()), ...);
     scanner_.returnTo(end);
-  }
-
-  /// The place in the table of the field that `key` names, or the number of fields for a key that
-  /// the record does not know.
-  template <class Record>
-  static std::size_t fieldNamed(const StringToken& key) {
-    const std::string resolved = key.hasEscapes ? unescaped(key) : std::string();
-    const std::string_view name = key.hasEscapes ? std::string_view(resolved) : key.raw;
-    return keysOf<Record>.placeOf(name);
   }
 
   void expect(char first, std::string_view expected) {
@@ -260,8 +250,10 @@ class Reader {
 
   Scanner scanner_;
   const DecodingOptions& options_;
+  std::size_t unknownKeyCount_ = 0;
   bool isDiagnosing_ = false;
-  KeyPath path_;  // kept up only while diagnosing
+  KeyPath path_;                      // these two are kept up only while diagnosing
+  const char* valueStart_ = nullptr;  // of what the path leads to
   RecentTexts recentTexts_;
 };
 

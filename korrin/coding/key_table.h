@@ -12,13 +12,18 @@
 namespace korrin::json {
 
 /// A hash table of `count` different keys.
-template <std::size_t count>
+template <std::size_t keyCount>
 class KeyTable {
  public:
-  constexpr explicit KeyTable(const std::array<std::string_view, count>& keys) : keys_(keys) {
+  static constexpr std::size_t count = keyCount;
+  static constexpr std::size_t longestKey = 64;
+
+  constexpr explicit KeyTable(const std::array<std::string_view, keyCount>& keys) : keys_(keys) {
     places_.fill(count);
-    for (std::size_t place = 0; place < count; ++place)
+    for (std::size_t place = 0; place < count; ++place) {
+      if (keys[place].size() > longestKey) throw "a key longer than any search considers";
       places_[slotOf(keys[place])] = static_cast<std::uint8_t>(place);
+    }
   }
 
   /// The place of `key` in the array that the table was made from, or `count` for any other text.
@@ -36,7 +41,7 @@ class KeyTable {
     return slot;
   }
 
-  std::array<std::string_view, count> keys_;
+  std::array<std::string_view, keyCount> keys_;
   std::array<std::uint8_t, slotCount> places_{};
 };
 
