@@ -1,1 +1,1 @@
-#include "korrin/drawing.h"
+// The first source of this library.

@@ -1,1 +1,1 @@
-#include "korrin/review.h"
+// The first source of this library.

@@ -1,1 +1,1 @@
-#include "korrin/session.h"
+// The first source of this library.
