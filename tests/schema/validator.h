@@ -1,7 +1,7 @@
 #pragma once
 
-// A JSON Schema validator of other authors, run as a program. Absent unless script/schema-validator
-// has installed it.
+// JSON Schema validators of other authors, run as programs: Debian's in Python, which decides, and
+// one in JavaScript as a second opinion where script/schema-validator has installed it.
 
 #include <string>
 #include <vector>
@@ -18,8 +18,8 @@ struct SchemaCase {
 std::string whyNoValidator();
 
 /// "valid", "invalid" or "not JSON" for each case, "depends on formats" where validators that take
-/// formats for demands and for remarks disagree. Throws std::runtime_error when the validator does
-/// not take the schemas.
+/// formats for demands and for remarks disagree, a sentence where the second opinion is another.
+/// Throws std::runtime_error when a validator does not take the schemas.
 std::vector<std::string> verdictsOn(const std::vector<SchemaCase>& cases,
                                     const std::vector<std::string>& schemas);
 
