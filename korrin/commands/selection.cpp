@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "korrin/model/project.h"
+#include "korrin/commands/edit_refusal.h"
 
 namespace korrin {
 
@@ -11,8 +11,18 @@ bool KorrinProject::canSelectItem(const PlotItem& item) const {
   });
 }
 
-bool KorrinProject::canEditItem(const PlotItem& item) const {
-  return !item.isLocked && canSelectItem(item);
+bool KorrinProject::canEditItem(const PlotItem& item) const { return !whyNotEditable(*this, item); }
+
+std::optional<EditRefusal> whyNotEditable(const KorrinProject& project, const PlotItem& item) {
+  if (item.isLocked) return EditRefusal::itemLocked;
+  // Of layers that share the identifier the first gives the reason, once none lets the edit pass.
+  std::optional<EditRefusal> reason;
+  for (const PlotLayer& layer : project.layers) {
+    if (layer.id != item.layerID) continue;
+    if (layer.isVisible && !layer.isLocked) return std::nullopt;
+    if (!reason) reason = layer.isVisible ? EditRefusal::layerLocked : EditRefusal::layerHidden;
+  }
+  return reason.value_or(EditRefusal::layerMissing);
 }
 
 std::optional<UUID> KorrinProject::resolvedActiveLayerID(std::optional<UUID> requested) const {

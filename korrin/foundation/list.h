@@ -45,6 +45,11 @@
 
 namespace korrin {
 
+namespace detail {
+template <class T>
+class ListDifference;
+}
+
 /// An ordered list of copyable elements. A moved-from list is empty. Iterators and references into
 /// a list hold until it is changed, assigned to or destroyed.
 template <class T>
@@ -281,6 +286,8 @@ class List {
   }
 
  private:
+  friend class detail::ListDifference<T>;
+
   // Neighbours are merged at three quarters of a full leaf, not at a full one: an insert into what
   // an erase has just merged must not split it again.
   static constexpr std::size_t mergedCount = Leaf::maximum / 4 * 3;

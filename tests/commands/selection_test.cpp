@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "korrin/model/project.h"
+#include "korrin/commands/edit_refusal.h"
 
 #include "tests/support/sample_project.h"
 
@@ -64,6 +64,32 @@ TEST(CanEditItem, WantsAnUnlockedItemThatCanBeSelected) {
   EXPECT_FALSE(project.canEditItem(itemOn(rigging)));
   EXPECT_FALSE(project.canEditItem(itemOn(archive)));
   EXPECT_FALSE(project.canEditItem(itemOn(identifier(0x999))));
+}
+
+TEST(WhyNotEditable, NamesTheLockOfTheItemFirst) {
+  const KorrinProject project = sampleProject();
+  for (const UUID layerID : {front, rigging, archive, identifier(0x999)})
+    EXPECT_EQ(whyNotEditable(project, itemOn(layerID, true)), EditRefusal::itemLocked);
+}
+
+TEST(WhyNotEditable, NamesWhatTheLayerLacks) {
+  KorrinProject project = sampleProject();
+  EXPECT_EQ(whyNotEditable(project, itemOn(front)), std::nullopt);
+  EXPECT_EQ(whyNotEditable(project, itemOn(rigging)), EditRefusal::layerLocked);
+  EXPECT_EQ(whyNotEditable(project, itemOn(archive)), EditRefusal::layerHidden);
+  EXPECT_EQ(whyNotEditable(project, itemOn(identifier(0x999))), EditRefusal::layerMissing);
+  project.layers = {layer(front, false, true)};
+  EXPECT_EQ(whyNotEditable(project, itemOn(front)), EditRefusal::layerHidden);
+  project.layers.clear();
+  EXPECT_EQ(whyNotEditable(project, itemOn(front)), EditRefusal::layerMissing);
+}
+
+TEST(WhyNotEditable, NamesWhatTheFirstOfSeveralLayersOfOneIdentifierLacks) {
+  KorrinProject project = sampleProject();
+  project.layers = {layer(front, true, true), layer(front, false, false)};
+  EXPECT_EQ(whyNotEditable(project, itemOn(front)), EditRefusal::layerLocked);
+  project.layers.push_back(layer(front, true, false));
+  EXPECT_EQ(whyNotEditable(project, itemOn(front)), std::nullopt);
 }
 
 TEST(ResolvedActiveLayer, IsTheRequestedOneHoweverHiddenOrLocked) {

@@ -1,5 +1,7 @@
 #include "editing/item_names.h"
 
+#include "korrin/commands/edit_refusal.h"
+
 #include "editing/edit_words.h"
 
 namespace korrin::host {
@@ -57,14 +59,13 @@ std::string ItemNames::nameOf(const PlotItem& item) const {
 }
 
 std::optional<std::string> ItemNames::obstacle(const PlotItem& item) const {
-  if (project_.canEditItem(item)) return std::nullopt;
-  if (item.isLocked) return "is locked";
-  for (const PlotLayer& layer : project_.layers) {
-    if (layer.id != item.layerID) continue;
-    const std::string name = inQuotes(layer.name);
-    if (!layer.isVisible) return "is on the layer " + name + ", which is hidden";
-    return "is on the layer " + name + ", which is locked";
-  }
+  const std::optional<EditRefusal> refusal = whyNotEditable(project_, item);
+  if (!refusal) return std::nullopt;
+  if (*refusal == EditRefusal::itemLocked) return "is locked";
+  for (const PlotLayer& layer : project_.layers)
+    if (layer.id == item.layerID)
+      return "is on the layer " + inQuotes(layer.name) + ", which is " +
+             (*refusal == EditRefusal::layerHidden ? "hidden" : "locked");
   return "is on a layer that does not exist";
 }
 

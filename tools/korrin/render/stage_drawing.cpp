@@ -6,10 +6,10 @@
 #include <cmath>
 #include <numbers>
 #include <set>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
+#include "korrin/model/stacking.h"
 #include "korrin/validation/document_validation.h"
 
 #include "label_places.h"
@@ -279,15 +279,7 @@ class StageDrawing {
 }  // namespace
 
 std::vector<const PlotItem*> drawnItems(const KorrinProject& project) {
-  std::unordered_map<UUID, std::int64_t> heights;
-  for (const PlotLayer& layer : project.layers)
-    if (layer.isVisible) heights.emplace(layer.id, layer.zIndex);
-  std::vector<const PlotItem*> items;
-  for (const PlotItem& item : project.items)
-    if (heights.contains(item.layerID)) items.push_back(&item);
-  std::ranges::stable_sort(items, {},
-                           [&heights](const PlotItem* item) { return heights.at(item->layerID); });
-  return items;
+  return visibleItemsInStackingOrder(project);
 }
 
 DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const Box& box) {
