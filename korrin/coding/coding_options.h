@@ -3,6 +3,10 @@
 // The choices a host has in writing and reading documents. Reader and writer must agree on dates
 // and non-finite numbers; layout and key order carry no meaning on reading.
 
+#include <array>
+
+#include "korrin/foundation/enumeration.h"
+
 #pragma GCC visibility push(default)
 
 namespace korrin {
@@ -19,6 +23,18 @@ enum class DateStrategy {
   millisecondsSince1970,
   /// A number of seconds since 2001-01-01T00:00:00Z, exact in the same way.
   secondsSinceReferenceDate,
+};
+
+/// The names by which a host's options and reports call the strategies.
+template <>
+struct CaseTable<DateStrategy> {
+  static constexpr bool isNotCodable = true;
+  static constexpr std::array cases = {
+      Case{DateStrategy::iso8601, "iso8601"},
+      Case{DateStrategy::secondsSince1970, "secondsSince1970"},
+      Case{DateStrategy::millisecondsSince1970, "millisecondsSince1970"},
+      Case{DateStrategy::secondsSinceReferenceDate, "secondsSinceReferenceDate"},
+  };
 };
 
 /// What is done with infinities and not-a-number values, which JSON cannot hold.

@@ -36,7 +36,9 @@ struct Codec {
 
 /// A record of documents, an enumeration with raw values, or a list of either.
 template <class T>
-inline constexpr bool isCodable = RawValueEnumeration<T>;
+inline constexpr bool isCodable = RawValueEnumeration<T> && !requires {
+  CaseTable<T>::isNotCodable;
+};
 /// Records of documents alone: a finding, for one, has a table of its fields and stands in none.
 template <RecordType Record>
 inline constexpr bool isCodable<Record> = standsInDocuments<Record>;
@@ -49,7 +51,8 @@ inline constexpr bool isCodable<List<T>> = isCodable<T>;
 /// equals the value, bit for bit in doubles and instants. Throws `EncodingError` for a number that
 /// is not finite, unless `options` allow it.
 ///
-/// Offered for every record of a document, every raw-value enumeration, and lists of them.
+/// Offered for every record of a document, every raw-value enumeration of documents, and lists of
+/// them.
 template <class T>
 requires isCodable<T> std::string encodeJSON(const T& value, const EncodingOptions& options = {}) {
   return json::Codec<T>::encode(value, options);

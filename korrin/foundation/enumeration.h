@@ -31,7 +31,8 @@ template <class Enumeration>
 Case(Enumeration, const char*) -> Case<Enumeration>;
 
 /// The cases of an enumeration in declaration order, which counts from 0. A table with a member
-/// `isHidden` keeps its list to itself: `allCases` is not offered.
+/// `isHidden` keeps its list to itself: `allCases` is not offered. One with a member `isNotCodable`
+/// names what stands in no document: `encodeJSON` and `decodeJSON` are not offered.
 template <class Enumeration>
 struct CaseTable;
 

@@ -21,6 +21,10 @@ namespace {
 using namespace std::chrono;
 using Kind = DecodingError::Kind;
 
+// A strategy has names for a host's options, and stands in no document itself.
+static_assert(fromRawValue<DateStrategy>("secondsSince1970") == DateStrategy::secondsSince1970);
+static_assert(!isCodable<DateStrategy> && !isCodable<List<DateStrategy>>);
+
 constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
 

@@ -274,17 +274,22 @@ TEST(CommandLine, ThatIsWrongIsMisuse) {
   const Scratch scratch;
   const std::vector<std::pair<std::string, std::string>> rows = {
       {"", "a command is missing"},
-      {"chek", "there is no command \"chek\""},
-      {"--frob check x", "there is no command \"--frob\""},
+      {"chek", "there is no command \"chek\"; did you mean \"check\"?"},
+      {"frobnicate", "there is no command \"frobnicate\""},
+      {"--frob check x", "there is no option \"--frob\""},
       {"check", "FILE is required"},
-      {"check --frob x", "The following argument was not expected: --frob"},
+      {"check --frob x", "there is no option \"--frob\""},
+      {"check --formt=json x", "there is no option \"--formt\"; did you mean \"--format\"?"},
       {"check --format xml x", "there is no \"xml\" among text, json"},
+      {"fmt --dates iso861 x",
+       "there is no \"iso861\" among iso8601, secondsSince1970, millisecondsSince1970, "
+       "secondsSinceReferenceDate; did you mean \"iso8601\"?"},
       {"check - -", "standard input can be read only once"},
       {"check - --known-assets -", "standard input can be read only once"},
       {"edit -", "standard input can be read only once"},
       {"edit", "FILE is required"},
       {"fmt", "FILE is required"},
-      {"fmt a b", "The following argument was not expected: b"},
+      {"fmt a b", "korrin fmt has no use for \"b\""},
   };
   for (const auto& [arguments, sentence] : rows) {
     const Outcome outcome = scratch.korrin(arguments);

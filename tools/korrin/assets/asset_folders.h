@@ -20,8 +20,8 @@ struct FoundAsset {
 };
 
 /// The files of some folders, not of the folders inside them. A symbolic link to a file counts as
-/// that file; whatever is not a regular file is passed over. A file is not read before it is looked
-/// for, and one that turns out to be another is not read twice.
+/// that file; whatever is not a regular file is passed over. A file is read at most once, and only
+/// when a search may need it.
 class AssetFolders {
  public:
   AssetFolders() = default;

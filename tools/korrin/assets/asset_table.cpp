@@ -54,7 +54,7 @@ TableRow rowOf(const JudgedAsset& asset) {
       .colour = isAccepted ? std::nullopt : std::optional(Colour::red)};
 }
 
-/// Numbers are compared by their ends.
+/// Right-aligns the column, so that digits line up.
 void alignRight(std::vector<TableRow>& rows, std::size_t column) {
   std::size_t width = 0;
   for (const TableRow& row : rows) width = std::max(width, row.cells[column].size());

@@ -1,11 +1,13 @@
 #include "commands/asset_command.h"
 
 #include <cstddef>
+#include <memory>
 #include <span>
 
 #include "assets/asset_json.h"
 #include "assets/asset_table.h"
 #include "assets/judged_asset.h"
+#include "commands/parameters.h"
 #include "documents/document_file.h"
 
 namespace korrin::host {
@@ -48,6 +50,25 @@ ExitCode judgeFiles(const AssetCommandOptions& options, Console& console) {
   else
     print(assets, console);
   return result;
+}
+
+Command assetCommand() {
+  const auto options = std::make_shared<AssetCommandOptions>();
+  CommandPage page{
+      .name = "asset",
+      .summary = "Say which images and PDFs a plot may embed.",
+      .arguments = {inputFiles("Files to judge; - is standard input", options->files)},
+      .options = {option({"--media-type"}, "TYPE",
+                         "Judge every file as this; that of its content when absent",
+                         options->mediaType),
+                  choice("--format", "FORMAT", "How verdicts are printed", options->format)},
+      .passages = {
+          {.prose = "The files are taken in their order, as if one plot embedded them all; those "
+                    "that are accepted stand below the table as the manifest of such a plot, the "
+                    "others by digest. Only headers are read: an accepted file is safe to decode, "
+                    "and may still be damaged. The first of several words is the default."},
+          exitStatuses()}};
+  return {std::move(page), [options](Console& console) { return judgeFiles(*options, console); }};
 }
 
 }  // namespace korrin::host

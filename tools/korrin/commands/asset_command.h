@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "commands/check_command.h"
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
+#include "terminal/report_format.h"
 
 namespace korrin::host {
 
@@ -22,5 +21,7 @@ struct AssetCommandOptions {
 /// verdicts and the manifest of the accepted files go to the console's output, and files that
 /// cannot be read to its error output; in JSON format all go into one report.
 ExitCode judgeFiles(const AssetCommandOptions& options, Console& console);
+
+Command assetCommand();
 
 }  // namespace korrin::host

@@ -2,20 +2,16 @@
 
 // korrin check: what plots still lack or get wrong.
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "korrin/coding/coding_options.h"
-#include "korrin/foundation/enumeration.h"
 
 #include "assets/known_assets.h"
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
+#include "terminal/report_format.h"
 
 namespace korrin::host {
-
-enum class ReportFormat { text, json };
 
 struct CheckOptions {
   std::vector<std::string> files;  ///< "-" is standard input.
@@ -32,14 +28,6 @@ struct CheckOptions {
 /// or a folder of images cannot be read.
 ExitCode check(const CheckOptions& options, Console& console);
 
+Command checkCommand();
+
 }  // namespace korrin::host
-
-namespace korrin {
-
-template <>
-struct CaseTable<host::ReportFormat> {
-  static constexpr std::array cases = {Case{host::ReportFormat::text, "text"},
-                                       Case{host::ReportFormat::json, "json"}};
-};
-
-}  // namespace korrin

@@ -9,15 +9,11 @@ std::string joined(const std::vector<std::string>& words, const std::string& sep
   return text;
 }
 
-bool isNamedFile(const Parameter& option) {
-  return option.choices.empty() && (option.valueName == "FILE" || option.valueName == "FOLDER");
-}
-
 /// What may follow an option: a file's name, or a word among a few, if any are known.
 std::string valueCase(const Parameter& option) {
   return "        " + joined(option.names, "|") + ") " +
-         (isNamedFile(option) ? "files=yes"
-                              : "words='" + joined(option.choices, " ") + "' files=''") +
+         (option.takesFile() ? "files=yes"
+                             : "words='" + joined(option.choices, " ") + "' files=''") +
          " ;;\n";
 }
 
@@ -26,14 +22,14 @@ std::string commandCase(const CommandPage& command, const std::string& pattern) 
   std::vector<std::string> words;
   std::string files;
   std::string values;
-  for (const CommandPage& subcommand : command.subcommands) words.push_back(subcommand.word());
+  for (const CommandPage& subcommand : command.subcommands) words.push_back(subcommand.name);
   for (const Parameter& argument : command.arguments) {
     words.insert(words.end(), argument.choices.begin(), argument.choices.end());
-    if (argument.choices.empty()) files = "      files=yes\n";
+    if (argument.takesFile()) files = "      files=yes\n";
   }
   for (const Parameter& option : command.options) {
     words.insert(words.end(), option.names.begin(), option.names.end());
-    if (!option.valueName.empty()) values += valueCase(option);
+    if (!option.isFlag()) values += valueCase(option);
   }
   if (!values.empty()) values = "      case $previous in\n" + values + "      esac\n";
   return "    " + pattern + ")\n" + "      words='" + joined(words, " ") + "'\n" + files + values +
@@ -46,8 +42,8 @@ std::string bashCompletion(const CommandPage& program) {
   std::vector<std::string> commands;
   std::string cases = commandCase(program, "''");
   for (const CommandPage& command : program.subcommands) {
-    commands.push_back(command.word());
-    cases += commandCase(command, command.word());
+    commands.push_back(command.name);
+    cases += commandCase(command, command.name);
   }
   return "# Completion of korrin's command line in bash.\n"
          "_korrin() {\n"

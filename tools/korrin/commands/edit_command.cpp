@@ -1,18 +1,21 @@
 #include "commands/edit_command.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <stdexcept>
+#include <memory>
 #include <string_view>
 #include <utility>
 
 #include <unistd.h>
 
+#include "commands/parameters.h"
 #include "documents/document_file.h"
 #include "documents/dropped_keys.h"
 #include "documents/plot_document.h"
 #include "editing/edit_session.h"
 #include "editing/edit_words.h"
 #include "terminal/display_text.h"
+#include "terminal/failure.h"
 #include "terminal/terminal_lines.h"
 
 namespace korrin::host {
@@ -21,18 +24,13 @@ namespace {
 /// Runs one line; absent when it was carried out, otherwise what to exit with if it is the last.
 std::optional<ExitCode> refused(EditSession& session, std::string_view line, Console& console,
                                 const std::string& place) {
-  try {
+  std::optional<ExitCode> refusal;
+  const ExitCode result = sayingFailures(console, place, [&] {
     session.run(line);
-    return std::nullopt;
-  } catch (const Refusal& refusal) {
-    complain(console, place + refusal.what());
-    return refusal.exitCode();
-  } catch (const LineError& error) {
-    complain(console, place + error.what());
-  } catch (const FileError& error) {
-    complain(console, place + error.what());
-  }
-  return ExitCode::unusable;
+    return ExitCode::clean;
+  });
+  if (result != ExitCode::clean) refusal = result;
+  return refusal;
 }
 
 ExitCode runTyped(EditSession& session, Console& console) {
@@ -59,7 +57,7 @@ ExitCode runScript(EditSession& session, const std::string& script, Console& con
     if (line.ends_with('\r')) line.remove_suffix(1);
     if (line.empty()) continue;
     console.out << "> " << printable(line) << '\n';
-    const std::string place = inputName(script) + ":" + std::to_string(number) + ": ";
+    const std::string place = inputName(script) + ":" + std::to_string(number);
     if (const auto result = refused(session, line, console, place)) return *result;
   }
   return ExitCode::clean;
@@ -79,8 +77,11 @@ KorrinProject open(const EditOptions& options, Console& console) {
 ExitCode edit(const EditOptions& options, Console& console) {
   const bool isTyped = !options.script && ::isatty(STDIN_FILENO) == 1;
   const std::string script = options.script.value_or(std::string(standardStream));
+  if (!options.script && (options.file == standardStream ||
+                          std::ranges::count(options.assets.files, standardStream) > 0))
+    throw UsageError("standard input can be read only once");
   std::string current;
-  try {
+  return sayingFailures(console, current, [&] {
     EditSession::Settings settings{.file = options.file,
                                    .assets = knownAssets(options.assets),
                                    .encoding = {.prettyPrinted = options.isPretty,
@@ -88,21 +89,40 @@ ExitCode edit(const EditOptions& options, Console& console) {
                                                 .dates = options.dates,
                                                 .nonFinite = NonFinite::fail},
                                    .isInteractive = isTyped};
-    current = inputName(options.file) + ": ";
+    current = inputName(options.file);
     EditSession session(std::move(settings), open(options, console), console);
-    current = inputName(script) + ": ";
+    current = inputName(script);
     const ExitCode result =
         isTyped ? runTyped(session, console) : runScript(session, script, console);
     if (session.hasUnsavedChanges())
       complain(console, inputName(options.file) + ": the unsaved changes are lost");
     return result;
-  } catch (const Refusal& refusal) {
-    complain(console, current + refusal.what());
-    return refusal.exitCode();
-  } catch (const FileError& error) {
-    complain(console, current + error.what());
-    return ExitCode::unusable;
-  }
+  });
+}
+
+Command editCommand() {
+  const auto options = std::make_shared<EditOptions>();
+  Parameter script = option({"--script"}, "FILE",
+                            "File of commands; standard input when absent or -", options->script);
+  script.isInput = true;
+  CommandPage page{.name = "edit",
+                   .summary = "Edit a plot by commands, with undo and redo.",
+                   .arguments = {inputFile("Plot to edit; - is standard input", options->file)},
+                   .options = {std::move(script)},
+                   .passages = editCommandsHelp()};
+  for (Parameter& known : knownAssetOptions(options->assets))
+    page.options.push_back(std::move(known));
+  page.options.push_back(dates(options->dates));
+  page.options.push_back(flag({"--pretty"}, "Save the plot indented", options->isPretty));
+  page.passages.push_back(
+      {.prose = "A script ends at the first line that is refused, with exit status 2. Keys that "
+                "the format does not know are dropped when the plot is saved."});
+  page.passages.push_back(
+      {.heading = "Examples",
+       .rows = {{"korrin edit plot.json", "commands as they are typed"},
+                {"korrin edit --script changes.korrin plot.json", "commands from a file"}}});
+  page.passages.push_back(exitStatuses());
+  return {std::move(page), [options](Console& console) { return edit(*options, console); }};
 }
 
 }  // namespace korrin::host

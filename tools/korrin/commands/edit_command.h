@@ -8,8 +8,7 @@
 #include "korrin/coding/coding_options.h"
 
 #include "assets/known_assets.h"
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
 
 namespace korrin::host {
 
@@ -27,5 +26,7 @@ struct EditOptions {
 /// its number and a result of `unusable`, or `needsNewerVersion` when that document would have been
 /// replaced. Says when changes are lost in the end.
 ExitCode edit(const EditOptions& options, Console& console);
+
+Command editCommand();
 
 }  // namespace korrin::host

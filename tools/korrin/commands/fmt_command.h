@@ -7,8 +7,7 @@
 
 #include "korrin/coding/coding_options.h"
 
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
 
 namespace korrin::host {
 
@@ -24,5 +23,7 @@ struct FormatOptions {
 /// once or, when anything fails, left alone; one that needs a newer version is never replaced. The
 /// project is not validated.
 ExitCode format(const FormatOptions& options, Console& console);
+
+Command formatCommand();
 
 }  // namespace korrin::host

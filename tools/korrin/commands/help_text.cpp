@@ -1,79 +1,31 @@
 #include "commands/help_text.h"
 
-#include <algorithm>
-#include <cstddef>
-
-#include "terminal/display_text.h"
-
 namespace korrin::host {
 namespace {
 
-constexpr std::size_t columns = 80;
-constexpr std::size_t widestOrdinaryTerm = 26;
-
-std::string blanks(std::size_t count) { return std::string(count, ' '); }
-
-std::string paragraph(const std::string& text) {
-  std::string lines;
-  for (const std::string& line : wrapped(text, columns)) lines += line + "\n";
-  return lines;
-}
-
-/// The width of the column of terms: that of the longest if every text then fits on its line,
-/// otherwise that of the longest which is not out of the ordinary.
-std::size_t termColumn(const std::vector<Row>& rows) {
-  std::size_t longest = 0;
-  std::size_t ordinary = 0;
-  std::size_t longestText = 0;
-  for (const Row& row : rows) {
-    const std::size_t width = displayWidth(row.term);
-    longest = std::max(longest, width);
-    if (width <= widestOrdinaryTerm) ordinary = std::max(ordinary, width);
-    longestText = std::max(longestText, displayWidth(row.text));
-  }
-  return 2 + longest + 2 + longestText <= columns ? longest : ordinary;
-}
-
-std::string table(const std::vector<Row>& rows) {
-  const std::size_t start = 2 + termColumn(rows) + 2;
-  std::string text;
-  for (const Row& row : rows) {
-    std::string line = "  " + row.term;
-    if (displayWidth(line) + 2 > start) {
-      text += line + "\n";
-      line.clear();
-    }
-    for (const std::string& part : wrapped(row.text, columns - start)) {
-      text += line + blanks(start - displayWidth(line)) + part + "\n";
-      line.clear();
-    }
-  }
-  return text;
-}
-
 std::vector<Row> rowsOf(const std::vector<Parameter>& parameters) {
   std::vector<Row> rows;
-  for (const Parameter& parameter : parameters) rows.push_back({parameter.use(), parameter.text});
+  for (const Parameter& parameter : parameters)
+    if (!parameter.isHidden) rows.push_back({parameter.use(), parameter.description()});
   return rows;
 }
 
-std::string section(const std::string& heading, const std::vector<Row>& rows) {
-  return rows.empty() ? "" : "\n" + heading + ":\n" + table(rows);
+void addRows(std::vector<Passage>& passages, std::string heading, std::vector<Row> rows) {
+  if (!rows.empty()) passages.push_back({.heading = std::move(heading), .rows = std::move(rows)});
 }
 
 }  // namespace
 
 std::string helpText(const CommandPage& page) {
-  std::string text = "Usage: " + page.use() + "\n\n" + paragraph(page.summary);
   std::vector<Row> commands;
   for (const CommandPage& command : page.subcommands)
-    commands.push_back({command.word(), command.summary});
-  text += section("Commands", commands) + section("Arguments", rowsOf(page.arguments)) +
-          section("Options", rowsOf(page.options));
-  for (const Passage& passage : page.passages)
-    text += passage.heading.empty() ? "\n" + paragraph(passage.prose)
-                                    : section(passage.heading, passage.rows);
-  return text;
+    commands.push_back({command.name, command.summary});
+  std::vector<Passage> passages = {{.prose = "Usage: " + page.use()}, {.prose = page.summary}};
+  addRows(passages, "Commands", commands);
+  addRows(passages, "Arguments", rowsOf(page.arguments));
+  addRows(passages, "Options", rowsOf(page.options));
+  passages.insert(passages.end(), page.passages.begin(), page.passages.end());
+  return textOf(passages);
 }
 
 }  // namespace korrin::host

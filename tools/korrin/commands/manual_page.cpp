@@ -62,7 +62,7 @@ std::string passages(const CommandPage& page) {
 
 std::string seeAlso(const CommandPage& page) {
   std::string text;
-  if (page.subcommands.empty()) text = bold(page.name.substr(0, page.name.find(' '))) + "(1)";
+  if (page.subcommands.empty()) text = bold(page.program) + "(1)";
   for (const CommandPage& command : page.subcommands)
     text += (text.empty() ? "" : ",\n") + bold(manualName(command)) + "(1)";
   return heading("See also") + text + "\n";
@@ -71,7 +71,7 @@ std::string seeAlso(const CommandPage& page) {
 }  // namespace
 
 std::string manualName(const CommandPage& page) {
-  std::string name = page.name;
+  std::string name = page.fullName();
   std::ranges::replace(name, ' ', '-');
   return name;
 }
@@ -83,17 +83,18 @@ std::string manualPage(const CommandPage& page, std::string_view version) {
   std::string summary = page.summary.substr(0, page.summary.size() - 1);
   summary.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(summary.front())));
   text += heading("Name") + literal(manualName(page)) + " \\- " + literal(summary) + "\n";
-  text +=
-      heading("Synopsis") + bold(page.name) + literal(page.use().substr(page.name.size())) + "\n";
+  text += heading("Synopsis") + bold(page.fullName()) +
+          literal(page.use().substr(page.fullName().size())) + "\n";
   text += heading("Description") + literal(page.summary) + "\n";
   if (!page.subcommands.empty()) text += heading("Commands");
   for (const CommandPage& command : page.subcommands)
-    text += entry(bold(command.word()), command.summary);
+    text += entry(bold(command.name), command.summary);
   if (!page.arguments.empty()) text += heading("Arguments");
   for (const Parameter& argument : page.arguments)
-    text += entry(italic(argument.use()), argument.text);
+    text += entry(italic(argument.use()), argument.description());
   if (!page.options.empty()) text += heading("Options");
-  for (const Parameter& option : page.options) text += entry(optionTerm(option), option.text);
+  for (const Parameter& option : page.options)
+    text += entry(optionTerm(option), option.description());
   return text + passages(page) + seeAlso(page);
 }
 

@@ -1,12 +1,15 @@
 #include "commands/new_command.h"
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 #include "korrin/coding/json.h"
 
+#include "commands/parameters.h"
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
+#include "terminal/failure.h"
 
 namespace korrin::host {
 namespace {
@@ -36,21 +39,42 @@ ExitCode makeNew(const NewOptions& options, Console& console) {
     return ExitCode::clean;
   }
   const std::string& path = *options.output;
-  try {
-    if (!options.isForced && isThere(path)) {
-      complain(console, path + ": is there already; --force replaces it");
-      return ExitCode::unusable;
-    }
+  return sayingFailures(console, path, [&] {
+    if (!options.isForced && isThere(path))
+      throw FileError("is there already; --force replaces it");
     requireReplaceable(path);
     replaceFile(path, document);
     return ExitCode::clean;
-  } catch (const Refusal& refusal) {
-    complain(console, path + ": " + refusal.what());
-    return refusal.exitCode();
-  } catch (const FileError& error) {
-    complain(console, path + ": " + error.what());
-    return ExitCode::unusable;
-  }
+  });
+}
+
+Command newCommand() {
+  const auto options = std::make_shared<NewOptions>();
+  Parameter chosenTemplate{.names = {"--template"},
+                           .valueName = "ID",
+                           .text = "The template to begin with, as korrin templates describes them",
+                           .choices = rawValues<KorrinTemplateID>(),
+                           .take = [options = options.get()](const std::string& word) {
+                             options->templateID = fromRawValue<KorrinTemplateID>(word);
+                             if (!options->templateID)
+                               throw UsageError("there is no template \"" + word + "\"" +
+                                                suggestion(word, rawValues<KorrinTemplateID>(),
+                                                           "; korrin templates lists them"));
+                           }};
+  Parameter example =
+      flag({"--example"}, "A festival plot that shows everything", options->isExample);
+  example.excludes = {"--template"};
+  CommandPage page{
+      .name = "new",
+      .summary = "Begin a plot: empty, or from a template.",
+      .options = {std::move(chosenTemplate), std::move(example), output(options->output),
+                  flag({"--force"}, "Replace a file that is there already", options->isForced)},
+      .passages = {{.heading = "Examples",
+                    .rows = {{"korrin new --template power_trio -o trio.json",
+                              "a plot that is complete already"},
+                             {"korrin new -o plot.json", "an empty one"}}},
+                   exitStatuses()}};
+  return {std::move(page), [options](Console& console) { return makeNew(*options, console); }};
 }
 
 }  // namespace korrin::host

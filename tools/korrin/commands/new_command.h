@@ -8,8 +8,7 @@
 #include "korrin/foundation/environment.h"
 #include "korrin/templates/korrin_template.h"
 
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
 
 namespace korrin::host {
 
@@ -24,5 +23,7 @@ struct NewOptions {
 /// Writes a new document, indented: the template's, the example, or an empty one. A file that is
 /// there already is left alone unless `isForced`; one that needs a newer version always is.
 ExitCode makeNew(const NewOptions& options, Console& console);
+
+Command newCommand();
 
 }  // namespace korrin::host

@@ -3,18 +3,19 @@
 // From SVG to formats for printing and for the web, by the program rsvg-convert of librsvg. It is
 // asked for only when it is needed, so that plots can be drawn where it is not installed.
 
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "terminal/failure.h"
 
 namespace korrin::host {
 
 enum class PictureFormat { pdf, png };
 
 /// `what()` is a sentence that says what is missing or failed.
-class ConverterError : public std::runtime_error {
+class ConverterError : public Failure {
  public:
-  using std::runtime_error::runtime_error;
+  using Failure::Failure;
 };
 
 /// The pictures as one file: a page each for PDF; only one picture, with 192 pixels an inch, for

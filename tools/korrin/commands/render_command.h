@@ -9,9 +9,8 @@
 
 #include "korrin/coding/coding_options.h"
 
+#include "commands/command.h"
 #include "commands/picture_converter.h"
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
 
 namespace korrin::host {
 
@@ -27,5 +26,7 @@ struct RenderOptions {
 /// Opens and validates the plot, draws it and writes the picture. A file is replaced all at once
 /// or, when anything fails, left alone; a plot is never replaced by a picture.
 ExitCode render(const RenderOptions& options, Console& console);
+
+Command renderCommand();
 
 }  // namespace korrin::host

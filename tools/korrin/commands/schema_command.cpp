@@ -1,6 +1,9 @@
 #include "commands/schema_command.h"
 
+#include <memory>
+
 #include "assets/asset_report.h"
+#include "commands/parameters.h"
 #include "findings/check_report.h"
 #include "schema/embedded_pages.h"
 #include "schema/schema_builder.h"
@@ -47,6 +50,19 @@ ExitCode printSchema(const SchemaOptions& options, Console& console) {
       break;
   }
   return ExitCode::clean;
+}
+
+Command schemaCommand() {
+  const auto options = std::make_shared<SchemaOptions>();
+  CommandPage page{
+      .name = "schema",
+      .summary = "Print the JSON Schema of plots or of reports.",
+      .arguments = {choice("SUBJECT", "", "What is described", options->subject)},
+      .options = {dates(options->dates, "How dates stand in the plots")},
+      .passages = {{.prose =
+                        "The report is what korrin check --format json prints, assets what korrin "
+                        "asset --format json does. The first of several words is the default."}}};
+  return {std::move(page), [options](Console& console) { return printSchema(*options, console); }};
 }
 
 }  // namespace korrin::host

@@ -8,8 +8,7 @@
 #include "korrin/coding/coding_options.h"
 #include "korrin/foundation/enumeration.h"
 
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
 
 namespace korrin::host {
 
@@ -31,6 +30,8 @@ std::string assetReportSchema();
 
 /// Prints the schema that is asked for.
 ExitCode printSchema(const SchemaOptions& options, Console& console);
+
+Command schemaCommand();
 
 }  // namespace korrin::host
 

@@ -1,5 +1,6 @@
 #include "commands/templates_command.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,7 @@
 
 #include "korrin/templates/korrin_template.h"
 
+#include "commands/parameters.h"
 #include "terminal/text_table.h"
 
 namespace korrin::host {
@@ -37,6 +39,17 @@ ExitCode listTemplates(const TemplatesOptions& options, Console& console) {
     printText(console.out, console.outTerminal);
   }
   return ExitCode::clean;
+}
+
+Command templatesCommand() {
+  const auto options = std::make_shared<TemplatesOptions>();
+  CommandPage page{
+      .name = "templates",
+      .summary = "List the templates a plot can begin with.",
+      .options = {choice("--format", "FORMAT", "How they are printed", options->format)},
+      .passages = {firstChoiceIsDefault()}};
+  return {std::move(page),
+          [options](Console& console) { return listTemplates(*options, console); }};
 }
 
 }  // namespace korrin::host

@@ -2,9 +2,8 @@
 
 // korrin templates: the documents a new plot can begin with.
 
-#include "commands/check_command.h"
-#include "terminal/exit_code.h"
-#include "terminal/terminal.h"
+#include "commands/command.h"
+#include "terminal/report_format.h"
 
 namespace korrin::host {
 
@@ -14,5 +13,7 @@ struct TemplatesOptions {
 
 /// Prints identifier, title and summary of each template, as a table or as JSON.
 ExitCode listTemplates(const TemplatesOptions& options, Console& console);
+
+Command templatesCommand();
 
 }  // namespace korrin::host

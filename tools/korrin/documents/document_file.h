@@ -4,17 +4,18 @@
 
 #include <cstddef>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+
+#include "terminal/failure.h"
 
 namespace korrin::host {
 
 /// A file that cannot be read or written; `what()` says what failed and why, without the file's
 /// name: "cannot be read: No such file or directory".
-class FileError : public std::runtime_error {
+class FileError : public Failure {
  public:
-  using std::runtime_error::runtime_error;
+  using Failure::Failure;
 };
 
 /// The path that stands for standard input or standard output.

@@ -10,6 +10,8 @@
 
 #include "korrin/model/project.h"
 
+#include "terminal/words.h"
+
 namespace korrin::host {
 namespace {
 
@@ -110,18 +112,10 @@ std::string droppedKeysSentence(std::string_view document) {
   // The only numbers that stop this parser in a document that decodes stand in unknown values.
   if (!nlohmann::json::sax_parse(document, &counter)) return sentence;
   if (counter.unknown().empty()) return {};
-  std::string list;
-  std::size_t named = 0;
-  for (const auto& [path, count] : counter.unknown()) {
-    if (named == mostKeysNamed) {
-      list += " and " + std::to_string(counter.unknown().size() - named) + " more";
-      break;
-    }
-    if (named++ != 0) list += ", ";
-    list += path;
-    if (count > 1) list += " (" + std::to_string(count) + " times)";
-  }
-  return sentence + ": " + list;
+  std::vector<std::string> keys;
+  for (const auto& [path, count] : counter.unknown())
+    keys.push_back(count > 1 ? path + " (" + std::to_string(count) + " times)" : path);
+  return sentence + ": " + listed(keys, mostKeysNamed);
 }
 
 }  // namespace korrin::host

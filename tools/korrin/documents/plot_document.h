@@ -3,7 +3,6 @@
 // From bytes that claim to be a plot to a project, or to the sentence that says why not.
 
 #include <array>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -11,7 +10,7 @@
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
 
-#include "terminal/exit_code.h"
+#include "terminal/failure.h"
 
 namespace korrin::host {
 
@@ -24,18 +23,17 @@ enum class RefusalReason {
 };
 
 /// A file that is not opened. `what()` is the rest of a sentence that begins with the file's name.
-class Refusal : public std::runtime_error {
+class Refusal : public Failure {
  public:
   Refusal(RefusalReason reason, const std::string& sentence, std::string keyPath = {})
-      : std::runtime_error(sentence), reason_(reason), keyPath_(std::move(keyPath)) {}
+      : Failure(sentence, reason == RefusalReason::needsNewerVersion ? ExitCode::needsNewerVersion
+                                                                     : ExitCode::unusable),
+        reason_(reason),
+        keyPath_(std::move(keyPath)) {}
 
   RefusalReason reason() const noexcept { return reason_; }
   /// The field of the document that was not understood; empty when none is to blame.
   const std::string& keyPath() const noexcept { return keyPath_; }
-  ExitCode exitCode() const noexcept {
-    return reason_ == RefusalReason::needsNewerVersion ? ExitCode::needsNewerVersion
-                                                       : ExitCode::unusable;
-  }
 
  private:
   RefusalReason reason_;
@@ -67,16 +65,6 @@ struct CaseTable<host::RefusalReason> {
       Case{host::RefusalReason::notAPlot, "notAPlot"},
       Case{host::RefusalReason::invalid, "invalid"},
       Case{host::RefusalReason::needsNewerVersion, "needsNewerVersion"},
-  };
-};
-
-template <>
-struct CaseTable<DateStrategy> {
-  static constexpr std::array cases = {
-      Case{DateStrategy::iso8601, "iso8601"},
-      Case{DateStrategy::secondsSince1970, "secondsSince1970"},
-      Case{DateStrategy::millisecondsSince1970, "millisecondsSince1970"},
-      Case{DateStrategy::secondsSinceReferenceDate, "secondsSinceReferenceDate"},
   };
 };
 

@@ -24,6 +24,7 @@
 #include "findings/findings_table.h"
 #include "terminal/display_text.h"
 #include "terminal/text_table.h"
+#include "terminal/words.h"
 
 namespace korrin::host {
 namespace {
@@ -57,11 +58,10 @@ IDSet identifiersOf(const List<PlotItem>& items) {
 }
 
 std::string edgeNames() {
-  std::string names;
+  std::vector<std::string> names;
   for (const ItemAlignment alignment : allCases<ItemAlignment>())
-    if (alignment < ItemAlignment::distributeHorizontally)
-      names += (names.empty() ? "" : ", ") + std::string(rawValue(alignment));
-  return names;
+    if (alignment < ItemAlignment::distributeHorizontally) names.emplace_back(rawValue(alignment));
+  return listed(names);
 }
 
 template <class Record>
@@ -108,17 +108,15 @@ const std::vector<EditSession::Command>& EditSession::commands() {
   return all;
 }
 
-std::string editCommandsHelp() {
-  std::string text = "Commands, one a line:\n";
-  for (const EditSession::Command& command : EditSession::commands()) {
-    std::string use = command.use();
-    use.resize(std::max<std::size_t>(use.size(), 37), ' ');
-    text += "  " + use + std::string(command.summary) + "\n";
-  }
-  return text + "EDGE is one of " + edgeNames() +
-         "; AXIS is horizontally or vertically.\n"
-         "ITEM is an identifier, or a label that only one item has. Words with blanks stand in\n"
-         "double quotes; # begins a comment.";
+std::vector<Passage> editCommandsHelp() {
+  std::vector<Row> rows;
+  for (const EditSession::Command& command : EditSession::commands())
+    rows.push_back({command.use(), std::string(command.summary)});
+  return {{.heading = "Commands, one a line", .rows = rows},
+          {.prose = "EDGE is one of " + edgeNames() +
+                    "; AXIS is horizontally or vertically. ITEM is an identifier, or a label that "
+                    "only one item has. Words with blanks stand in double quotes; # begins a "
+                    "comment."}};
 }
 
 EditSession::EditSession(Settings settings, KorrinProject project, Console& console)
@@ -127,7 +125,7 @@ EditSession::EditSession(Settings settings, KorrinProject project, Console& cons
 void EditSession::run(std::string_view line) {
   Words words = wordsOf(line);
   if (words.empty()) return;
-  const bool wasWarned = std::exchange(hasWarned_, false);
+  wasWarned_ = std::exchange(hasWarned_, false);
   const auto command = std::ranges::find(commands(), words.front(), &Command::name);
   if (command == commands().end())
     throw LineError("there is no command " + inQuotes(words.front()) + "; help lists them");
@@ -135,10 +133,7 @@ void EditSession::run(std::string_view line) {
   if (words.size() < command->fewest || words.size() > command->most)
     throw LineError("use: " + command->use());
   line_ = line.substr(line.find_first_not_of(" \t"));
-  if (command->name == "quit" && wasWarned)
-    isOver_ = true;
-  else
-    (this->*command->carryOut)(words);
+  (this->*command->carryOut)(words);
 }
 
 void EditSession::list(const Words&) {
@@ -271,21 +266,13 @@ void EditSession::printChanges(const ChangeSet& changes, const KorrinProject& be
   take(before, " (gone)");
   std::vector<std::string> parts;
   if (!named.empty()) {
-    std::string list;
-    for (std::size_t i = 0; i < named.size() && i < mostNamed; ++i)
-      list += (i == 0 ? "" : ", ") + named[i];
-    if (named.size() > mostNamed)
-      list += " and " + std::to_string(named.size() - mostNamed) + " more";
     parts.push_back(std::to_string(named.size()) + (named.size() == 1 ? " item (" : " items (") +
-                    list + ")");
+                    listed(named, mostNamed) + ")");
   }
   if (changes.affectsTechnicalData) parts.push_back("technical data");
   if (changes.affectsDocumentStructure) parts.push_back("document structure");
   if (parts.empty()) parts.push_back("nothing");
-  console_.out << "changed: ";
-  for (std::size_t i = 0; i < parts.size(); ++i)
-    console_.out << (i == 0 ? "" : ", ") << printable(parts[i]);
-  console_.out << '\n';
+  console_.out << "changed: " << printable(listed(parts)) << '\n';
 }
 
 void EditSession::preflight(const Words&) {
@@ -305,19 +292,17 @@ void EditSession::save(const Words& words) {
   try {
     requireReplaceable(file);
     replaceFile(file, encodeJSON(editor_.project(), settings_.encoding) + "\n");
-  } catch (const Refusal& refusal) {
-    throw Refusal(refusal.reason(), file + ": " + refusal.what());
-  } catch (const FileError& error) {
-    throw FileError(file + ": " + error.what());
+  } catch (const Failure& failure) {
+    throw LineError(file + ": " + failure.what(), failure.exitCode());
   }
   editor_.markSaved();
   console_.out << "saved: " << printable(file) << '\n';
 }
 
-void EditSession::help(const Words&) { console_.out << editCommandsHelp() << '\n'; }
+void EditSession::help(const Words&) { console_.out << textOf(editCommandsHelp()); }
 
 void EditSession::quit(const Words&) {
-  if (settings_.isInteractive && editor_.isModified()) {
+  if (settings_.isInteractive && editor_.isModified() && !wasWarned_) {
     hasWarned_ = true;
     throw LineError("there are unsaved changes; save them, or quit again to lose them");
   }

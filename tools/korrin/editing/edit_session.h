@@ -11,12 +11,13 @@
 
 #include "assets/known_assets.h"
 #include "editing/editor.h"
+#include "terminal/passages.h"
 #include "terminal/terminal.h"
 
 namespace korrin::host {
 
 /// What the user is told about the commands, for --help and help.
-std::string editCommandsHelp();
+std::vector<Passage> editCommandsHelp();
 
 class EditSession {
  public:
@@ -31,7 +32,7 @@ class EditSession {
   EditSession(Settings settings, KorrinProject project, Console& console);
 
   /// Carries out one line and prints what came of it. Throws LineError when the line is not
-  /// understood or refused, Refusal and FileError when saving fails; then nothing has changed.
+  /// understood or refused, or when saving fails; then nothing has changed.
   void run(std::string_view line);
 
   /// Whether `quit` was carried out.
@@ -42,7 +43,7 @@ class EditSession {
  private:
   using Words = std::vector<std::string>;  // those after the command's name
   struct Command;
-  friend std::string editCommandsHelp();
+  friend std::vector<Passage> editCommandsHelp();
 
   static const std::vector<Command>& commands();
 
@@ -74,7 +75,8 @@ class EditSession {
   Console& console_;
   std::string line_;  // being carried out: what an edit is called when it is undone
   bool isOver_ = false;
-  bool hasWarned_ = false;  // that quitting loses changes, on the line before
+  bool hasWarned_ = false;  // that quitting loses changes, on this line
+  bool wasWarned_ = false;  // the same, on the line before
 };
 
 }  // namespace korrin::host

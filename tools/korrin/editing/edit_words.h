@@ -2,17 +2,18 @@
 
 // The words of one line of editing commands.
 
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "terminal/failure.h"
+
 namespace korrin::host {
 
 /// A line that is not carried out; `what()` is one sentence without a full stop.
-class LineError : public std::runtime_error {
+class LineError : public Failure {
  public:
-  using std::runtime_error::runtime_error;
+  using Failure::Failure;
 };
 
 /// The words between the blanks of a line. Double quotes hold a word with blanks, or an empty one,
