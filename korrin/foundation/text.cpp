@@ -1,5 +1,6 @@
 #include "korrin/foundation/text.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "korrin/foundation/normalization.h"
@@ -59,6 +60,22 @@ bool Text::isBlank() const noexcept {
     rest.remove_prefix(next.length);
   }
   return true;
+}
+
+Text Text::trimmed() const {
+  const std::string_view whole = *this;
+  std::size_t first = whole.size();
+  std::size_t last = 0;
+  for (std::size_t at = 0; at < whole.size();) {
+    const utf8::Step next = utf8::step(whole.substr(at));
+    if (!isWhiteSpace(next.scalar)) {
+      first = std::min(first, at);
+      last = at + next.length;
+    }
+    at += next.length;
+  }
+  if (last == 0) return {};
+  return last - first == whole.size() ? *this : Text(whole.substr(first, last - first));
 }
 
 }  // namespace korrin

@@ -52,6 +52,10 @@ class Text {
   /// for the empty text.
   bool isBlank() const noexcept;
 
+  /// The text without the white space (the Unicode property White_Space) at its two ends; the text
+  /// itself, sharing its storage, where there is none.
+  Text trimmed() const;
+
   /// Canonical equivalence.
   friend bool operator==(const Text& a, const Text& b) noexcept {
     return a.storage_.get() == b.storage_.get() || a.normalForm() == b.normalForm();

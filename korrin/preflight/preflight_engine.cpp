@@ -1,13 +1,13 @@
 #include "korrin/preflight/preflight_engine.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <string>
 #include <tuple>
 #include <utility>
 
 #include "korrin/preflight/preflight_findings.h"
+#include "korrin/preflight/stage_bounds.h"
 
 namespace korrin::PreflightEngine {
 namespace {
@@ -105,13 +105,8 @@ class Inspection {
       reportItem(findings::symbolWithoutLabel, item);
   }
 
-  // The unrotated box; an edge that lies on the stage's edge is inside, and so is what cannot be
-  // compared.
   void checkBounds(const PlotItem& item) {
-    const StageSize& stage = project_.stage.size;
-    if (stage.width * 0.5 < std::fabs(item.position.x) + item.size.width * 0.5 ||
-        stage.height * 0.5 < std::fabs(item.position.y) + item.size.height * 0.5)
-      reportItem(findings::symbolOffStage, item);
+    if (reachesBeyond(project_.stage.size, item)) reportItem(findings::symbolOffStage, item);
   }
 
   void checkAsset(const PlotItem& item) {

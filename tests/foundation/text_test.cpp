@@ -202,6 +202,15 @@ TEST(Text, IsBlankOnlyWhenNothingElseStandsInIt) {
   EXPECT_FALSE(Text("\u3000\u0300").isBlank());
 }
 
+TEST(TrimmedText, LosesWhiteSpaceAtItsEndsAlone) {
+  EXPECT_EQ(Text(" \t Kick  In\u3000\n").trimmed().str(), "Kick  In");
+  EXPECT_EQ(Text("Kick").trimmed().str(), "Kick");
+  EXPECT_EQ(Text("\u200BKick").trimmed().str(), "\u200BKick");
+  EXPECT_TRUE(Text(" \u2028 ").trimmed().empty());
+  EXPECT_TRUE(Text().trimmed().empty());
+  EXPECT_EQ(Text(" e\u0301 ").trimmed(), "\u00e9");
+}
+
 // Classes 230 and 220 in turn: every mark has to pass all of the other class before it.
 TEST(Text, SortsALongRunOfMarksInReasonableTime) {
   constexpr int pairs = 500'000;
