@@ -2,3 +2,7 @@
 
 // From a finding to a repaired, compared and merged plot.
 // Every public header of korrin/review/.
+
+#include "korrin/review/audit.h"
+#include "korrin/review/fixes.h"
+#include "korrin/review/rules.h"
