@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "korrin/foundation/hash.h"
 #include "korrin/foundation/shared.h"
 
 #pragma GCC visibility push(default)
@@ -111,8 +112,10 @@ class Text {
 
 template <>
 struct std::hash<korrin::Text> {
-  std::size_t operator()(const korrin::Text& text) const noexcept {
-    return std::hash<std::string_view>{}(text.normalForm());
+  // Not declared noexcept, though it does not throw: standard containers then keep the hash with
+  // the element. Otherwise they would hash a long text again whenever they pass it.
+  std::size_t operator()(const korrin::Text& text) const {
+    return korrin::hashBytes(text.normalForm());
   }
 };
 

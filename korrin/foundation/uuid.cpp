@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cerrno>
+#include <cstring>
 #include <system_error>
 
 #include <unistd.h>

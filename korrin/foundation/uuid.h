@@ -6,11 +6,12 @@
 #include <bit>
 #include <compare>
 #include <cstdint>
-#include <cstring>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "korrin/foundation/hash.h"
 
 #pragma GCC visibility push(default)
 
@@ -69,11 +70,8 @@ class UUID {
 template <>
 struct std::hash<korrin::UUID> {
   std::size_t operator()(const korrin::UUID& id) const noexcept {
-    std::uint64_t halves[2];
-    std::memcpy(halves, id.bytes().data(), sizeof halves);
-    // Random identifiers are their own hash; the multiplication spreads counting ones.
-    const std::uint64_t mixed = (halves[0] ^ (halves[1] >> 29) ^ halves[1]) * 0x9E3779B97F4A7C15u;
-    return static_cast<std::size_t>(mixed ^ (mixed >> 32));
+    const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(id.bytes());
+    return korrin::hashCombine(halves[0], halves[1]);
   }
 };
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -281,6 +282,37 @@ TEST(Architecture, ReadsTheClockAndMakesIdentifiersInTheFoundationOnly) {
            {"UUID::random", "_clock::now", "std::time", "getentropy", "random_device"})
         EXPECT_EQ(line.find(outside), std::string::npos) << file.path << ": " << line;
   }
+}
+
+// Whoever writes a document chooses what such a table holds. Only the hashes of identifiers and
+// texts depend on a key that nobody outside of the process knows.
+bool hashesWithoutKey(const std::string& line) {
+  static const std::regex table("unordered_(map|set)<(?!UUID\\b|Text\\b)");
+  static const std::regex hash("std::hash<std::(string|basic_string)");
+  return std::regex_search(line, table) || std::regex_search(line, hash);
+}
+
+TEST(Architecture, HasNoHashTableThatADocumentCanSteer) {
+  std::size_t seen = 0;
+  for (const char* const folder : {"korrin", "tools"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+      const fs::path extension = entry.path().extension();
+      if (extension != ".h" && extension != ".cpp") continue;
+      for (const std::string& line : read(entry.path()).lines) {
+        seen += line.find("unordered_") != std::string::npos;
+        EXPECT_FALSE(hashesWithoutKey(line)) << entry.path() << ": " << line;
+      }
+    }
+  }
+  EXPECT_GT(seen, 10u);
+}
+
+TEST(Architecture, NoticesAHashTableThatADocumentCanSteer) {
+  EXPECT_TRUE(hashesWithoutKey("  std::unordered_map<std::string, int> counts;"));
+  EXPECT_TRUE(hashesWithoutKey("  std::unordered_set<std::int64_t> channels;"));
+  EXPECT_TRUE(hashesWithoutKey("  return std::hash<std::string_view>{}(text);"));
+  EXPECT_FALSE(hashesWithoutKey("  std::unordered_map<UUID, std::string> layers;"));
+  EXPECT_FALSE(hashesWithoutKey("  std::unordered_set<Text> assets;"));
 }
 
 }  // namespace

@@ -57,5 +57,17 @@ TEST(DroppedKeys, AreAdmittedEvenWhereANumberCannotBeRead) {
             "writing drops keys that the format does not know");
 }
 
+// Were the key a part of the path of each value in it, this would copy 100 gigabytes.
+TEST(DroppedKeys, AreFoundInOneWalkHoweverLongTheyAre) {
+  const std::string key(1'000'000, 'k');
+  std::string members = "\"" + key + "\": [{";
+  for (int i = 0; i < 50'000; ++i)
+    members += (i == 0 ? "" : ", ") + ("\"" + std::to_string(i)) + "\": 1";
+  members += "}";
+  for (int i = 0; i < 50'000; ++i) members += ", []";
+  EXPECT_EQ(droppedKeysSentence(withTopLevelKeys(members + "],")),
+            "writing drops keys that the format does not know: " + key);
+}
+
 }  // namespace
 }  // namespace korrin::host

@@ -6,11 +6,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
@@ -64,7 +64,7 @@ class AssetJudge {
                    std::optional<std::string_view> mediaType);
 
   std::int64_t totalPixels_ = 0;
-  std::unordered_map<std::string, std::string> names_;  // of accepted images, by digest
+  std::map<std::string, std::string> names_;  // of accepted images, by digest
 };
 
 struct AssetCounts {

@@ -64,8 +64,9 @@ class KeyCounter : public nlohmann::json_sax<nlohmann::json> {
   bool end_array() override { return close(); }
   bool key(string_t& name) override {
     const Container& object = open_.back();
-    value_ = {object.content.path + name, false};
+    value_ = {};
     if (!object.content.isKnown) return true;
+    value_.path = object.content.path + name;
     value_.isKnown = known_.contains(value_.path);
     if (!value_.isKnown) ++unknown_[value_.path];
     return true;
@@ -77,7 +78,7 @@ class KeyCounter : public nlohmann::json_sax<nlohmann::json> {
  private:
   struct Place {
     std::string path;
-    bool isKnown;
+    bool isKnown = false;
   };
   struct Container {
     bool isArray;
@@ -86,7 +87,10 @@ class KeyCounter : public nlohmann::json_sax<nlohmann::json> {
 
   bool open(bool isArray) {
     Place place = !open_.empty() && open_.back().isArray ? open_.back().content : value_;
-    if (isArray)
+    // The path of an unknown value may be as long as the document; no other must begin with it.
+    if (!place.isKnown)
+      place.path.clear();
+    else if (isArray)
       place.path += "[]";
     else if (!open_.empty())
       place.path += ".";

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <numbers>
 #include <set>
-#include <unordered_set>
 #include <utility>
 
 #include "korrin/model/stacking.h"
@@ -272,7 +271,7 @@ class StageDrawing {
   std::vector<Box> besideStage_;  // what is written there
   std::set<Symbol> symbols_;
   std::vector<std::string> risers_;
-  std::unordered_set<std::string> knownRisers_;
+  std::set<std::string> knownRisers_;
   std::size_t itemsOutOfSight_ = 0;
 };
 
