@@ -19,7 +19,7 @@ IDSet identifiersOf(const List<PlotItem>& items) {
 
 // Only rows that lose their link are copied; a list without such a row stays shared whole.
 template <class Row>
-List<Row> withoutLinks(List<Row> rows, const IDFilter& itemIDs) {
+List<Row> withoutLinks(List<Row> rows, const IDSet& itemIDs) {
   for (const std::size_t place : placesOf(itemIDs, rows)) {
     Row row = rows[place];
     row.plotItemID = std::nullopt;
@@ -28,7 +28,7 @@ List<Row> withoutLinks(List<Row> rows, const IDFilter& itemIDs) {
   return rows;
 }
 
-List<PlotItem> withoutItems(const List<PlotItem>& items, const IDFilter& itemIDs) {
+List<PlotItem> withoutItems(const List<PlotItem>& items, const IDSet& itemIDs) {
   return withoutPlaces(items, placesOf(itemIDs, items));
 }
 
@@ -37,7 +37,7 @@ List<PlotItem> withoutItems(const List<PlotItem>& items, const IDFilter& itemIDs
 CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
                         const Environment& environment) {
   IDSet ids = identifiersOf(insert.items);
-  List<PlotItem> items = withoutItems(project.items, IDFilter(ids));
+  List<PlotItem> items = withoutItems(project.items, ids);
   for (const PlotItem& item : insert.items) items.push_back(item);
   // Deliberately no more than a deletion, although the insert may have replaced items.
   DocumentCommand inverse = DocumentCommand::deleteItems(ids);
@@ -52,7 +52,7 @@ CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
 
 CommandResult applyCase(const DeleteItems& deletion, KorrinProject& project,
                         const Environment& environment) {
-  const IDFilter ids(deletion.itemIDs);
+  const IDSet& ids = deletion.itemIDs;
   List<PlotItem> items = withoutItems(project.items, ids);
   List<InputChannel> inputs = withoutLinks(project.inputs, ids);
   List<MonitorMix> monitorMixes = withoutLinks(project.monitorMixes, ids);
@@ -79,7 +79,7 @@ CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
   // tells every place.
   List<PlotItem> formerItems;
   std::unordered_map<UUID, std::size_t> firstPlaces;
-  for (const std::size_t place : placesOf(IDFilter(ids), project.items)) {
+  for (const std::size_t place : placesOf(ids, project.items)) {
     const PlotItem& item = project.items[place];
     formerItems.push_back(item);
     firstPlaces.emplace(item.id, place);

@@ -25,7 +25,7 @@ std::optional<DocumentCommand> KorrinProject::groupingCommand(
   for (const PlotItem& item : items)
     if (memberIDs.contains(item.id)) regrouped.emplace_back(item).groupID = group.id;
 
-  List<PlotGroup> nextGroups = withoutMembers(groups, IDFilter(memberIDs));
+  List<PlotGroup> nextGroups = withoutMembers(groups, memberIDs);
   nextGroups.push_back(group);
 
   return DocumentCommand::compound({DocumentCommand::replaceItems(std::move(regrouped)),

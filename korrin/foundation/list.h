@@ -15,7 +15,7 @@
 // bytes for every leaf), the touched leaf (8 bytes for every element in it) and, in `edit` alone,
 // the one element; a change of an unshared list happens in place. Elements that are trivially
 // copyable and at most 16 bytes large stand in the leaf itself. Leaves of records that name a
-// `searchKey` (list_marks.h) carry marks of the keys too, by which records are found unread.
+// `searchKey` (search_key.h) carry marks of the keys too, by which records are found unread.
 //
 // Every operation either succeeds or throws and leaves the list equal to what it was, whatever
 // fails: memory, a constructor of the element, a predicate. The element's destructor does not
@@ -30,7 +30,6 @@
 #include <functional>
 #include <initializer_list>
 #include <iterator>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -50,8 +49,8 @@ template <class T>
 class ListDifference;
 }
 
-/// An ordered list of copyable elements. A moved-from list is empty. Iterators and references into
-/// a list hold until it is changed, assigned to or destroyed.
+/// An ordered list of copyable elements. A moved-from list is empty. Iterators and references for
+/// reading hold until the list is changed, assigned to or destroyed.
 template <class T>
 class List {
   using Spine = detail::ListSpine<T>;
@@ -115,15 +114,18 @@ class List {
   /// Copies of the elements, in their order.
   std::vector<T> toVector() const { return std::vector<T>(begin(), end()); }
 
-  /// The one way to a mutable element, which is copied first if another list shares it. Use the
-  /// reference before this list is copied or changed again: a copy taken in between would see what
-  /// is written through it. Aborts when there is no element `index`.
+  /// The one way to a mutable element, which is copied first if another list shares it. Aborts when
+  /// there is no element `index`.
+  ///
+  /// The reference stays usable until the list is copied, destroyed or changed by anything but
+  /// `edit`; several may be held at once. (What is written through it after the list was copied may
+  /// show in the copy.)
   T& edit(std::size_t index) {
     const std::size_t k = placeOf(index);
-    ownSpine(spine_->leafCount());
     const std::size_t offset = index - spine_->startOf(k);
-    spine_->ownLeaf(k, spine_->countOf(k)).slots()[offset].makeOwn();
-    return spine_->openSlot(k, offset).value();
+    Leaf& leaf = ownLeaf(k);
+    leaf.slots()[offset].makeOwn();
+    return leaf.handOut(offset).value();
   }
 
   /// Puts `element` in the place of element `index`, which is never copied. Aborts when there is
@@ -131,9 +133,37 @@ class List {
   void replace(std::size_t index, T element) {
     const std::size_t k = placeOf(index);
     Slot slot(std::in_place, std::move(element));
-    ownSpine(spine_->leafCount());
-    Leaf& leaf = spine_->ownLeaf(k, spine_->countOf(k));
-    [[maybe_unused]] const Slot former = leaf.replace(index - spine_->startOf(k), std::move(slot));
+    [[maybe_unused]] const Slot former =
+        ownLeaf(k).replace(index - spine_->startOf(k), std::move(slot));
+  }
+
+  /// Exchanges two elements, neither of which is copied. Aborts when there is no such element.
+  ///
+  ///     A B C D   swap(0, 2)   ->   C B A D
+  void swap(std::size_t i, std::size_t j) {
+    Slot first = slotAt(i);
+    const Slot second = slotAt(j);
+    if (i == j) return;
+    const std::size_t k = placeOf(i);
+    const std::size_t l = placeOf(j);
+    ownLeaf(k);
+    ownLeaf(l).replace(j - spine_->startOf(l), std::move(first));
+    spine_->leaf(k).replace(i - spine_->startOf(k), second);
+  }
+
+  /// Takes element `from` out and puts it where it is element `to`; it is not copied, and the
+  /// others keep their order. Aborts when there is no such element.
+  ///
+  ///     A B C D   move(0, 2)   ->   B C A D
+  ///     A B C D   move(3, 1)   ->   A D B C
+  void move(std::size_t from, std::size_t to) {
+    Slot slot = slotAt(from);
+    placeOf(to);
+    if (from == to) return;
+    List next = *this;
+    next.erase(from);
+    next.insertSlot(to, std::move(slot));
+    *this = std::move(next);
   }
 
   /// Puts an element at the end.
@@ -141,35 +171,16 @@ class List {
   /// @copydoc push_back
   void push_back(T&& element) { emplace_back(std::move(element)); }
 
-  /// Builds an element at the end. The reference to it may be used as that of `edit`.
+  /// Builds an element at the end. The reference to it stays usable as that of `edit` does.
   template <class... Arguments>
   T& emplace_back(Arguments&&... arguments) {
-    Slot slot(std::in_place, std::forward<Arguments>(arguments)...);
-    if (!hasOwnRoomAtEnd()) [[unlikely]]
-      makeRoomAtEnd();
-    return spine_->appendSlot(std::move(slot)).value();
+    return appendSlot(Slot(std::in_place, std::forward<Arguments>(arguments)...)).value();
   }
 
   /// Puts `element` before element `index`, or at the end when `index` is the size. Aborts when
   /// `index` is greater.
   void insert(std::size_t index, T element) {
-    if (index == size()) {
-      emplace_back(std::move(element));
-      return;
-    }
-    std::size_t k = placeOf(index);
-    Slot slot(std::in_place, std::move(element));
-    // Between two leaves the earlier one takes the element if it can, so that a run of inserts in
-    // ascending order fills leaves.
-    if (index == spine_->startOf(k) && k > 0 && spine_->countOf(k - 1) < Leaf::maximum) --k;
-    const std::size_t offset = index - spine_->startOf(k);
-    if (spine_->countOf(k) == Leaf::maximum) {
-      insertIntoFullLeaf(k, offset, std::move(slot));
-    } else {
-      ownSpine(spine_->leafCount());
-      ownLeafWithRoom(k).insert(offset, std::move(slot));
-      spine_->shift(k, 1);
-    }
+    insertSlot(index, Slot(std::in_place, std::move(element)));
   }
 
   /// Removes element `index`. Aborts when there is none.
@@ -260,19 +271,17 @@ class List {
   }
 
   /// Calls `visit(index, element)`, in ascending order, for every element whose key is one of the
-  /// identifiers or holds one, and for some others as well, which it is left to `visit` to tell
-  /// apart. Elements whose key is an empty list are among them, unless there is no identifier. Many
-  /// elements are passed over unseen: with a few identifiers this is many times faster than a loop.
-  template <class Visit>
+  /// identifiers or holds one, and for every element whose key is an empty list. May also call it
+  /// for elements that do not match: `visit` must check. With a few identifiers this is many times
+  /// faster than a loop, since nearly all other elements are passed over unread.
+  template <class IDs, class Visit>
   requires Searchable<T>
-  void forEachCandidate(std::span<const UUID> ids, Visit visit) const {
-    if (!spine_) return;
+  void forEachCandidate(const IDs& ids, Visit visit) const {
+    if (empty()) return;
     for (std::size_t k = 0; k < spine_->leafCount(); ++k) {
       const Leaf& leaf = spine_->leaf(k);
-      typename Leaf::Mask candidates = 0;
-      for (const UUID& id : ids) candidates |= leaf.matches(id);
-      for (; candidates != 0; candidates &= candidates - 1) {
-        const auto offset = static_cast<std::size_t>(std::countr_zero(candidates));
+      for (typename Leaf::Mask rest = candidates(leaf, ids); rest != 0; rest &= rest - 1) {
+        const auto offset = static_cast<std::size_t>(std::countr_zero(rest));
         visit(spine_->startOf(k) + offset, leaf.slots()[offset].value());
       }
     }
@@ -297,6 +306,55 @@ class List {
     return spine_->leafOf(index);
   }
 
+  /// Shares the element `index`.
+  Slot slotAt(std::size_t index) const noexcept {
+    const std::size_t k = placeOf(index);
+    return spine_->leaf(k).slots()[index - spine_->startOf(k)];
+  }
+
+  /// Leaf `k`, for a change of its elements.
+  Leaf& ownLeaf(std::size_t k) {
+    ownSpine(spine_->leafCount());
+    return spine_->ownLeaf(k, spine_->countOf(k));
+  }
+
+  void insertSlot(std::size_t index, Slot slot) {
+    if (index == size()) {
+      appendSlot(std::move(slot));
+      return;
+    }
+    std::size_t k = placeOf(index);
+    // Between two leaves the earlier one takes the element if it can, so that a run of inserts in
+    // ascending order fills leaves.
+    if (index == spine_->startOf(k) && k > 0 && spine_->countOf(k - 1) < Leaf::maximum) --k;
+    const std::size_t offset = index - spine_->startOf(k);
+    if (spine_->countOf(k) == Leaf::maximum) {
+      insertIntoFullLeaf(k, offset, std::move(slot));
+    } else {
+      ownSpine(spine_->leafCount());
+      ownLeafWithRoom(k).insert(offset, std::move(slot));
+      spine_->shift(k, 1);
+    }
+  }
+
+  Slot& appendSlot(Slot slot) {
+    if (!hasOwnRoomAtEnd()) [[unlikely]]
+      makeRoomAtEnd();
+    return spine_->appendSlot(std::move(slot));
+  }
+
+  /// The slots whose elements may have one of the identifiers. Looking at every element takes less
+  /// time than looking for each of many identifiers.
+  template <class IDs>
+  static typename Leaf::Mask candidates(const Leaf& leaf, const IDs& ids) {
+    constexpr std::size_t few = 16;
+    if (ids.empty() || ids.size() > few)
+      return ~typename Leaf::Mask{0} >> (Leaf::maximum - leaf.count());
+    typename Leaf::Mask found = 0;
+    for (const UUID& id : ids) found |= leaf.matches(id);
+    return found;
+  }
+
   bool hasOwnRoomAtEnd() const noexcept {
     if (!spine_ || !spine_.isUnique()) return false;
     const Shared<Leaf>& leaf = spine_->sharedLeaf(spine_->leafCount() - 1);
@@ -319,7 +377,7 @@ class List {
       ownSpine(leafCount + 1);
     else  // a copy takes what it needs, a list that grows on its own takes double
       ownSpine(spine_.isUnique() ? std::max(leafCount * 2, smallestGrowth) : leafCount + 1);
-    if (spine_->sharedLeaf(leafCount - 1).isUnique()) spine_->leaf(leafCount - 1).close();
+    if (spine_->sharedLeaf(leafCount - 1).isUnique()) spine_->leaf(leafCount - 1).settle();
     spine_->append(std::move(leaf), 0);
   }
 

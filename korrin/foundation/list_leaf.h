@@ -80,10 +80,6 @@ class ListSlot<T> {
 /// Up to 64 slots behind one count of owners, in memory for `capacity()` of them, with the marks of
 /// their elements. Only a leaf with a single owner, itself reached by one list alone, may be
 /// changed.
-///
-/// One slot may be open: a reference to its element is out, through which a caller may write until
-/// the list is copied or changed. Its mark is made when the next change closes it; until then its
-/// element matches whatever is sought.
 template <class T>
 class ListLeaf : public Counted {
  public:
@@ -112,32 +108,23 @@ class ListLeaf : public Counted {
   const Slot* slots() const noexcept { return reinterpret_cast<const Slot*>(this + 1); }
 
   /// The slots whose elements may have the identifier. No other element has it.
-  Mask matches(const UUID& id) const noexcept {
-    const Mask open = open_ == none ? 0 : Mask{1} << open_;
-    return marks_.matches(count_, id) | open;
+  Mask matches(const UUID& id) const noexcept { return marks_.matches(count_, id); }
+
+  /// The slot, whose element the caller may change until `settle`.
+  Slot& handOut(std::size_t slot) noexcept {
+    marks_.handOut(slot);
+    return slots()[slot];
   }
+  /// Ends the time in which elements that were handed out may be changed.
+  void settle() noexcept { marks_.settle(slots()); }
 
   // The changes below need room for what they add.
 
-  /// The slot, whose element the caller will change.
-  Slot& open(std::size_t slot) noexcept {
-    if (Searchable<T> && open_ != slot) {
-      close();
-      open_ = static_cast<std::uint16_t>(slot);
-    }
-    return slots()[slot];
-  }
-  /// Ends the time in which the element of an open slot may be changed.
-  void close() noexcept {
-    if (open_ == none) return;
-    marks_.note(open_, slots()[open_].value());
-    open_ = none;
-  }
-
-  /// Adds a slot, which stays open.
+  /// Adds a slot.
   Slot& append(Slot slot) noexcept {
+    settle();
     std::construct_at(slots() + count_, std::move(slot));
-    return open(count_++);
+    return handOut(count_++);
   }
 
   void appendCopies(const ListLeaf& other, std::size_t first, std::size_t last) noexcept {
@@ -149,17 +136,15 @@ class ListLeaf : public Counted {
       if ((left >> i & 1) == 0) appendCopy(other, i);
   }
 
-  /// Leaves empty slots behind in `other`, which is good for nothing but its disposal.
-  void appendMoved(ListLeaf& other) noexcept {
-    other.close();
-    for (std::size_t i = 0; i < other.count_; ++i) {
-      std::construct_at(slots() + count_, std::move(other.slots()[i]));
-      marks_.copy(count_++, other.marks_, i);
-    }
+  /// Makes this leaf, which is empty, what `other` was, which may only be destroyed afterwards.
+  void take(ListLeaf& other) noexcept {
+    for (; count_ < other.count_; ++count_)
+      std::construct_at(slots() + count_, std::move(other.slots()[count_]));
+    marks_ = other.marks_;
   }
 
   void insert(std::size_t offset, Slot slot) noexcept {
-    close();
+    settle();
     for (Slot* gap = slots() + count_; gap != slots() + offset; --gap) moveSlot(gap - 1, gap);
     std::construct_at(slots() + offset, std::move(slot));
     marks_.insertAt(offset, count_++, slots()[offset].value());
@@ -167,7 +152,6 @@ class ListLeaf : public Counted {
 
   /// Puts another slot in the place of one, which is returned.
   Slot replace(std::size_t offset, Slot slot) noexcept {
-    close();
     Slot former = std::move(slots()[offset]);
     std::destroy_at(slots() + offset);
     std::construct_at(slots() + offset, std::move(slot));
@@ -176,7 +160,7 @@ class ListLeaf : public Counted {
   }
 
   Slot remove(std::size_t offset) noexcept {
-    close();
+    settle();
     Slot removed = std::move(slots()[offset]);
     std::destroy_at(slots() + offset);
     marks_.removeAt(offset, count_--);
@@ -185,17 +169,12 @@ class ListLeaf : public Counted {
   }
 
  private:
-  static constexpr std::uint16_t none = maximum;
-
   explicit ListLeaf(std::size_t capacity) noexcept
       : capacity_(static_cast<std::uint16_t>(capacity)) {}
 
   void appendCopy(const ListLeaf& other, std::size_t from) noexcept {
     std::construct_at(slots() + count_, other.slots()[from]);
-    if (from == other.open_)
-      marks_.note(count_, other.slots()[from].value());
-    else
-      marks_.copy(count_, other.marks_, from);
+    marks_.copy(count_, other.marks_, from, slots()[count_].value());
     ++count_;
   }
 
@@ -206,7 +185,6 @@ class ListLeaf : public Counted {
 
   std::uint16_t count_ = 0;
   std::uint16_t capacity_;
-  std::uint16_t open_ = none;
   [[no_unique_address]] ListMarks<T> marks_;
   // The slots follow, from the end of this object on.
 };

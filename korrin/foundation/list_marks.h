@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -15,25 +16,12 @@
 #include <optional>
 #include <type_traits>
 
+#include "korrin/foundation/search_key.h"
 #include "korrin/foundation/uuid.h"
 
 #pragma GCC visibility push(default)
 
-namespace korrin {
-
-/// The member under which an element of a list is looked for: an identifier, an optional one or a
-/// list of some. A record that has one says so under its declaration:
-///
-///   template <>
-///   inline constexpr auto searchKey<PlotItem> = &PlotItem::id;
-template <class T>
-inline constexpr auto searchKey = nullptr;
-
-/// A record whose lists can be asked for the elements with certain identifiers.
-template <class T>
-concept Searchable = std::is_member_object_pointer_v<std::remove_cv_t<decltype(searchKey<T>)>>;
-
-namespace detail {
+namespace korrin::detail {
 
 /// A choice among the slots of a leaf: bit n stands for slot n.
 using SlotMask = std::uint64_t;
@@ -104,24 +92,46 @@ using MarkOf = std::conditional_t<std::is_same_v<SearchKey<T>, UUID> ||
 template <class T>
 class ListMarks {
  public:
+  void handOut(std::size_t) noexcept {}
+  template <class Slot>
+  void settle(const Slot*) noexcept {}
   void note(std::size_t, const T&) noexcept {}
-  void copy(std::size_t, const ListMarks&, std::size_t) noexcept {}
+  void copy(std::size_t, const ListMarks&, std::size_t, const T&) noexcept {}
   void insertAt(std::size_t, std::size_t, const T&) noexcept {}
   void removeAt(std::size_t, std::size_t) noexcept {}
 };
 
+/// An element is handed out when somebody has a reference through which to change it, its key too.
+/// It matches whatever is sought, since its mark may be out of date.
 template <Searchable T>
 class ListMarks<T> {
   using Mark = MarkOf<T>;
 
  public:
+  /// Somebody may change the element of the slot from here on.
+  void handOut(std::size_t slot) noexcept { handedOut_ |= SlotMask{1} << slot; }
+  /// Nobody changes an element any more that was handed out.
+  template <class Slot>
+  void settle(const Slot* slots) noexcept {
+    for (; handedOut_ != 0; handedOut_ &= handedOut_ - 1) {
+      const auto slot = static_cast<std::size_t>(std::countr_zero(handedOut_));
+      marks_[slot] = Mark::of(slots[slot].value().*searchKey<T>);
+    }
+  }
+  /// The slot holds this element, which nobody changes.
   void note(std::size_t slot, const T& element) noexcept {
     marks_[slot] = Mark::of(element.*searchKey<T>);
+    handedOut_ &= ~(SlotMask{1} << slot);
   }
-  void copy(std::size_t slot, const ListMarks& other, std::size_t from) noexcept {
-    marks_[slot] = other.marks_[from];
+  /// The slot holds `element`, which stands in slot `from` of another leaf too, and which nobody
+  /// changes.
+  void copy(std::size_t slot, const ListMarks& other, std::size_t from, const T& element) noexcept {
+    if ((other.handedOut_ >> from & 1) != 0)
+      note(slot, element);
+    else
+      marks_[slot] = other.marks_[from];
   }
-  /// Follows an insertion before, or a removal of, one of `count` slots.
+  /// Follows an insertion before, or a removal of, one of `count` slots. All are settled.
   void insertAt(std::size_t slot, std::size_t count, const T& element) noexcept {
     std::copy_backward(marks_.begin() + slot, marks_.begin() + count, marks_.begin() + count + 1);
     note(slot, element);
@@ -132,17 +142,17 @@ class ListMarks<T> {
 
   /// Those of the first `count` slots whose element may have the identifier.
   SlotMask matches(std::size_t count, const UUID& id) const noexcept {
-    return Mark::matches(marks_.data(), count, Mark::of(id));
+    return Mark::matches(marks_.data(), count, Mark::of(id)) | handedOut_;
   }
 
  private:
-  // Zero until made, since a search reads the mark of an open slot too, whatever it says. A leaf
-  // stays below 1,024 bytes: in what is larger some allocators see an occasion to tidy up all they
-  // hold, which costs a decoded plot a tenth of its time.
+  SlotMask handedOut_ = 0;
+  // Zero until made, since a search reads the mark of a slot that is handed out too. With 64 bits
+  // for each list of identifiers a leaf would exceed 1,024 bytes: glibc consolidates its free
+  // memory when a block of that size is requested, which slows decoding by a tenth.
   std::array<typename Mark::Type, slotsOfALeaf> marks_{};
 };
 
-}  // namespace detail
-}  // namespace korrin
+}  // namespace korrin::detail
 
 #pragma GCC visibility pop

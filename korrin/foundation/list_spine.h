@@ -66,19 +66,11 @@ class ListSpine : public Counted {
 
   // The changes below need room for the leaves they add.
 
-  /// Adds a slot to the last leaf, which is this spine's own and not full. The slot stays open.
+  /// Adds a slot to the last leaf, which is this spine's own and not full, and hands it out.
   typename Leaf::Slot& appendSlot(typename Leaf::Slot slot) noexcept {
     const std::size_t last = leafCount_ - 1;
     ++ends()[last];
     return leaves()[last]->append(std::move(slot));
-  }
-
-  /// Opens a slot of leaf `k`, which is this spine's own. Closes the one opened before, so that
-  /// edits all over a list do not leave an open slot in each leaf.
-  typename Leaf::Slot& openSlot(std::size_t k, std::size_t offset) noexcept {
-    if (lastOpened_ != k && leaves()[lastOpened_].isUnique()) leaf(lastOpened_).close();
-    lastOpened_ = static_cast<std::uint32_t>(k);
-    return leaf(k).open(offset);
   }
 
   /// Adds a leaf that holds `count` elements, or will at once.
@@ -95,7 +87,8 @@ class ListSpine : public Counted {
     for (std::size_t k = first; k < last; ++k) append(other.leaves()[k], other.countOf(k));
   }
 
-  /// As `appendShared`, but takes the leaves away from `other`, which is good for nothing then.
+  /// As `appendShared`, but takes the leaves away from `other`, which may only be destroyed
+  /// afterwards.
   void appendTaken(ListSpine& other, std::size_t first, std::size_t last) noexcept {
     for (std::size_t k = first; k < last; ++k)
       append(std::move(other.leaves()[k]), other.countOf(k));
@@ -127,7 +120,7 @@ class ListSpine : public Counted {
     if (!isOwn || leaf->capacity() < capacity) {
       Shared<Leaf> next = Leaf::make(capacity);
       if (isOwn)
-        next->appendMoved(*leaf);
+        next->take(*leaf);
       else
         next->appendCopies(*leaf, 0, leaf->count());
       leaf = std::move(next);
@@ -180,7 +173,6 @@ class ListSpine : public Counted {
 
   std::uint32_t leafCount_ = 0;
   std::uint32_t capacity_;
-  std::uint32_t lastOpened_ = 0;  // a leaf; another one may stand there by now
 };
 
 }  // namespace korrin::detail

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "korrin/foundation/list.h"
+#include "korrin/foundation/search_key.h"
 #include "korrin/model/stage_values.h"
 
 #pragma GCC visibility push(default)

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "korrin/foundation/list_marks.h"
 #include "korrin/foundation/record.h"
+#include "korrin/foundation/search_key.h"
 #include "korrin/foundation/text.h"
 
 #pragma GCC visibility push(default)

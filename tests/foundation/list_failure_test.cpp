@@ -186,6 +186,22 @@ INSTANTIATE_TEST_SUITE_P(
                [](auto& list, Watch&) {
                  if (!list.empty()) list.erase(list.size() - 1);
                }),
+        change("SwapInALeaf", false,
+               [](auto& list, Watch&) {
+                 if (list.size() > 1) list.swap(0, 1);
+               }),
+        change("SwapOfTheEnds", false,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.swap(0, list.size() - 1);
+               }),
+        change("MoveToTheEnd", false,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.move(0, list.size() - 1);
+               }),
+        change("MoveToTheFront", false,
+               [](auto& list, Watch&) {
+                 if (!list.empty()) list.move(list.size() / 2, 0);
+               }),
         change("Edit", true,
                [](auto& list, Watch&) {
                  if (!list.empty()) list.edit(list.size() / 2);

@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <optional>
 #include <random>
-#include <span>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -127,7 +127,7 @@ struct Pair {
     return std::ranges::all_of(idsOf(model[i]), [&](const UUID& id) {
       bool isFound = false;
       if constexpr (Searchable<T>)
-        list.forEachCandidate(std::span(&id, 1),
+        list.forEachCandidate(std::vector{id},
                               [&](std::size_t place, const T&) { isFound |= place == i; });
       return isFound;
     });
@@ -152,6 +152,37 @@ class Changer {
       grow(pair);
     else if (!pair.model.empty())
       shrinkOrEdit(pair);
+  }
+
+  /// Takes several references, all over the list or near one another, and only then writes through
+  /// them, in any order and more than once.
+  void writeThroughReferences(Pair<T>& pair) {
+    auto& [list, model] = pair;
+    std::vector<std::pair<T*, std::size_t>> held;
+    if (below(2) == 0) {
+      held.emplace_back(&list.emplace_back(element()), model.size());
+      model.push_back(*held.front().first);
+    }
+    const std::size_t from = below(model.size());
+    const bool isNear = below(2) == 0;
+    for (std::uint64_t i = below(8); i < 9; ++i) {
+      const std::size_t at = isNear ? (from + below(9)) % model.size() : below(model.size());
+      held.emplace_back(&list.edit(at), at);
+    }
+    for (int i = 0; i < 12; ++i) {
+      const auto& [reference, at] = held[below(held.size())];
+      const auto& [other, otherAt] = held[below(held.size())];
+      if (below(2) == 0) {
+        *reference = model[at] = element();
+      } else if (at != otherAt) {
+        std::swap(*reference, *other);
+        std::swap(model[at], model[otherAt]);
+      }
+    }
+    for (const auto& [reference, at] : held) {
+      EXPECT_EQ(*reference, model[at]);
+      EXPECT_TRUE(pair.finds(at));
+    }
   }
 
  private:
@@ -204,7 +235,7 @@ class Changer {
   void shrinkOrEdit(Pair<T>& pair) {
     auto& [list, model] = pair;
     const std::size_t at = below(model.size());
-    switch (below(60)) {
+    switch (below(80)) {
       case 0:
       case 10:
       case 11:
@@ -251,6 +282,32 @@ class Changer {
         model.erase(first, first + static_cast<Offset>(count));
         break;
       }
+      case 13:
+      case 14:
+      case 15: {
+        const std::size_t other = below(model.size());
+        list.swap(at, other);
+        std::swap(model[at], model[other]);
+        break;
+      }
+      case 16:
+      case 17:
+      case 18: {
+        const std::size_t to = below(model.size());
+        list.move(at, to);
+        const T moved = model[at];
+        model.erase(model.begin() + static_cast<Offset>(at));
+        model.insert(model.begin() + static_cast<Offset>(to), moved);
+        break;
+      }
+      case 19:
+      case 20:
+      case 21:
+      case 22:
+      case 23:
+      case 24:
+        writeThroughReferences(pair);
+        break;
       default:
         if (below(2) == 0) {
           list.erase(at);

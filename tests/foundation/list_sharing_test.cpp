@@ -83,6 +83,20 @@ TEST(ListSharing, ReplacesAnElementWithoutCopyingTheFormer) {
   EXPECT_EQ(watch.alive, 101);
 }
 
+TEST(ListSharing, ExchangesAndMovesElementsWithoutCopyingThem) {
+  Watch watch;
+  List<Watched> list = watched(watch, 200);
+  const List<Watched> copy = list;
+  const auto before = addresses(copy);
+  list.swap(3, 150);
+  list.move(0, 199);
+  EXPECT_EQ(watch.copies, 0);
+  EXPECT_EQ(addresses(copy), before);
+  EXPECT_EQ(&list[2], before[150]);
+  EXPECT_EQ(&list[149], before[3]);
+  EXPECT_EQ(&list[199], before[0]);
+}
+
 TEST(ListSharing, EditsInPlaceWhatNobodyShares) {
   Watch watch;
   List<Watched> list = watched(watch, 100);

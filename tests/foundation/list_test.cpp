@@ -9,6 +9,7 @@
 #include <string>
 #include <type_traits>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -184,6 +185,58 @@ TEST(List, InsertsBeforeEveryIndex) {
   }
 }
 
+TEST(List, ExchangesAnyTwoElements) {
+  for (const auto& [i, j] : std::vector<std::pair<std::size_t, std::size_t>>{
+           {0, 1}, {1, 0}, {3, 3}, {0, 199}, {63, 64}, {150, 70}}) {
+    List<std::string> list = texts(200);
+    std::vector<std::string> expected = list.toVector();
+    list.swap(i, j);
+    std::swap(expected[i], expected[j]);
+    EXPECT_EQ(list.toVector(), expected) << i << ", " << j;
+  }
+}
+
+TEST(List, MovesAnElementToWhereItIsAskedFor) {
+  List<std::string> letters = {"A", "B", "C", "D"};
+  letters.move(0, 2);
+  EXPECT_THAT(letters, ElementsAre("B", "C", "A", "D"));
+  letters = {"A", "B", "C", "D"};
+  letters.move(3, 1);
+  EXPECT_THAT(letters, ElementsAre("A", "D", "B", "C"));
+  for (const std::size_t from : {0u, 1u, 63u, 64u, 128u, 199u}) {
+    for (const std::size_t to : {0u, 1u, 63u, 64u, 128u, 199u}) {
+      List<int> list = numbers(200);
+      std::vector<int> expected = list.toVector();
+      list.move(from, to);
+      expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(from));
+      expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(to), static_cast<int>(from));
+      EXPECT_EQ(list.toVector(), expected) << from << ", " << to;
+    }
+  }
+}
+
+TEST(List, LetsSeveralReferencesBeHeldAtOnce) {
+  List<std::string> list = texts(200);
+  const List<std::string> copy = list;
+  std::string& fresh = list.emplace_back("fresh");
+  std::string& near = list.edit(0);
+  std::string& next = list.edit(1);
+  std::string& far = list.edit(150);
+  std::string& again = list.edit(0);
+  fresh = "a";
+  near = "b";
+  next = "c";
+  far = "d";
+  EXPECT_EQ(list.back(), "a");
+  EXPECT_EQ(list[0], "b");
+  EXPECT_EQ(list[1], "c");
+  EXPECT_EQ(list[150], "d");
+  std::swap(again, far);
+  EXPECT_EQ(list[0], "d");
+  EXPECT_EQ(list[150], "b");
+  EXPECT_EQ(copy, texts(200));
+}
+
 TEST(List, ErasesAtEveryIndex) {
   for (const int count : {1, 5, 63, 64, 65, 128, 200}) {
     for (int i = 0; i < count; ++i) {
@@ -344,6 +397,10 @@ TEST_P(ListDeathTest, EndsTheProgramOnAnIndexBehindTheEnd) {
   EXPECT_DEATH(list.edit(size), message);
   EXPECT_DEATH(list.replace(size, "x"), message);
   EXPECT_DEATH(list.erase(size), message);
+  EXPECT_DEATH(list.swap(size, 0), message);
+  EXPECT_DEATH(list.swap(0, size), message);
+  EXPECT_DEATH(list.move(size, 0), message);
+  EXPECT_DEATH(list.move(0, size), message);
   EXPECT_DEATH(list.insert(size + 1, "x"), message);
   EXPECT_DEATH(static_cast<void>(list[std::numeric_limits<std::size_t>::max()]), message);
 }

@@ -3,7 +3,6 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <thread>
 #include <vector>
@@ -79,7 +78,7 @@ TEST(ListThreads, SearchCopiesWhileAnotherCopyIsEdited) {
       const UUID sought = copy[40].id;
       for (int round = 0; round < 50; ++round) {
         bool isFound = false;
-        copy.forEachCandidate(std::span(&sought, 1),
+        copy.forEachCandidate(std::vector{sought},
                               [&](std::size_t place, const Symbol&) { isFound |= place == 40; });
         EXPECT_TRUE(isFound);
       }
