@@ -3,6 +3,7 @@
 #include <array>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace korrin::benchmarks {
 namespace {
@@ -37,8 +38,12 @@ class Generator {
                                 .isVisible = true,
                                 .isLocked = i == 3,
                                 .zIndex = i});
-    for (std::size_t i = 0; i < itemCount; ++i) project.items.push_back(item(project, i));
-    for (std::size_t i = 0; i < itemCount; i += 8) addGroup(project, i);
+    // Of eight items in a row the first four are a group.
+    for (std::size_t i = 0; i < itemCount; ++i) {
+      if (i % 8 == 0) addGroup(project);
+      project.items.push_back(item(project, i));
+      if (i % 8 < 4) addToLastGroup(project, project.items.back());
+    }
     for (std::size_t i = 0; i < itemCount; i += 2) addInput(project, i);
     for (std::size_t i = 0; i < itemCount; i += 10) addMixAndEquipment(project, i);
     for (std::size_t i = 0; i < itemCount; i += 50)
@@ -71,7 +76,7 @@ class Generator {
             .isFlippedHorizontally = false,
             .isFlippedVertically = false,
             .layerID = project.layers[index % 4].id,
-            .groupID = std::nullopt,
+            .groupID = index % 8 < 4 ? std::optional(project.groups.back().id) : std::nullopt,
             .isLocked = index % 17 == 0,
             .label = std::string(symbol.name) + " " + std::to_string(index) + " stage left",
             .riserHeightMillimeters = isRiser ? std::optional(400.0) : std::nullopt,
@@ -80,15 +85,16 @@ class Generator {
                       .labelScale = index % 7 == 0 ? 1.25 : 1.0}};
   }
 
-  void addGroup(KorrinProject& project, std::size_t first) {
-    PlotGroup group{.id = identifier(),
-                    .name = "Group " + std::to_string(project.groups.size() + 1),
-                    .itemIDs = {}};
-    for (std::size_t i = first; i < first + 4 && i < project.items.size(); ++i) {
-      group.itemIDs.push_back(project.items[i].id);
-      project.items.edit(i).groupID = group.id;
-    }
-    project.groups.push_back(group);
+  void addGroup(KorrinProject& project) {
+    project.groups.push_back({.id = identifier(),
+                              .name = "Group " + std::to_string(project.groups.size() + 1),
+                              .itemIDs = {}});
+  }
+
+  static void addToLastGroup(KorrinProject& project, const PlotItem& item) {
+    PlotGroup group = project.groups.back();
+    group.itemIDs.push_back(item.id);
+    project.groups.replace(project.groups.size() - 1, std::move(group));
   }
 
   void addInput(KorrinProject& project, std::size_t index) {
