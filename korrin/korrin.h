@@ -2,6 +2,7 @@
 
 // The whole library. A host that minds its compile times includes what it uses instead.
 
+#include "korrin/coding/json_value.h"
 #include "korrin/commands/change_set.h"
 #include "korrin/commands/command_result.h"
 #include "korrin/commands/document_command.h"

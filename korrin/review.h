@@ -4,5 +4,7 @@
 // Every public header of korrin/review/.
 
 #include "korrin/review/audit.h"
+#include "korrin/review/difference.h"
 #include "korrin/review/fixes.h"
+#include "korrin/review/merge.h"
 #include "korrin/review/rules.h"
