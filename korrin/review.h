@@ -8,3 +8,4 @@
 #include "korrin/review/fixes.h"
 #include "korrin/review/merge.h"
 #include "korrin/review/rules.h"
+#include "korrin/review/waivers.h"
