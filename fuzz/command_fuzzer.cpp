@@ -11,6 +11,7 @@
 #include "korrin/foundation/precondition.h"
 #include "korrin/geometry/korrin_geometry.h"
 
+#include "fuzz/choices.h"
 #include "tests/support/laws.h"
 #include "tests/support/random_edits.h"
 #include "tests/support/sample_project.h"
@@ -21,28 +22,6 @@ namespace {
 using testing::AssertionResult;
 
 void require(const AssertionResult& law) { precondition(law, law.message()); }
-
-/// Makes choices of bytes, and always the first choice once they are used up.
-class Choices {
- public:
-  explicit Choices(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
-
-  int below(int limit) {
-    int value = next();
-    if (limit > 256) value = value << 8 | next();
-    return value % limit;
-  }
-
- private:
-  int next() {
-    if (bytes_.empty()) return 0;
-    const int byte = bytes_.front();
-    bytes_ = bytes_.subspan(1);
-    return byte;
-  }
-
-  std::span<const std::uint8_t> bytes_;
-};
 
 class Session {
  public:

@@ -14,11 +14,11 @@
 
 #include "korrin/coding/json_reader.h"
 #include "korrin/foundation/precondition.h"
+#include "korrin/foundation/same_bits.h"
 #include "korrin/preflight/preflight_engine.h"
 #include "korrin/validation/document_validation.h"
 
 #include "fuzz/document_input.h"
-#include "fuzz/same_bits.h"
 
 namespace korrin::fuzz {
 namespace {

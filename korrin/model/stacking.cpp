@@ -7,7 +7,6 @@
 namespace korrin {
 
 std::vector<const PlotItem*> visibleItemsInStackingOrder(const KorrinProject& project) {
-  // Ordered, since whoever wrote the document chose the identifiers.
   std::map<UUID, std::int64_t> heights;
   for (const PlotLayer& layer : project.layers)
     if (layer.isVisible) heights.emplace(layer.id, layer.zIndex);

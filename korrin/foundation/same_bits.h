@@ -12,7 +12,7 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
-namespace korrin::fuzz {
+namespace korrin {
 
 template <class Value>
 bool sameBits(const Value& a, const Value& b) {
@@ -44,4 +44,4 @@ bool sameBits(const Record& a, const Record& b) {
   return isSame;
 }
 
-}  // namespace korrin::fuzz
+}  // namespace korrin
