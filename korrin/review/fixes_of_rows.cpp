@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include "korrin/review/fix_rules.h"
 #include "korrin/review/record_names.h"
