@@ -2,3 +2,7 @@
 
 // How a plot looks on paper and on a screen.
 // Every public header of korrin/drawing/.
+
+#include "korrin/drawing/outlines.h"
+#include "korrin/drawing/plot_drawing.h"
+#include "korrin/drawing/symbol_catalogue.h"

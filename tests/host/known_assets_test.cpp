@@ -1,9 +1,9 @@
 #include "assets/known_assets.h"
 
-#include <algorithm>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "korrin/drawing/symbol_catalogue.h"
 
 namespace korrin::host {
 namespace {
@@ -33,9 +33,8 @@ TEST(AssetLines, KeepBlanksInsideAnIdentifier) {
   EXPECT_THAT(assetsIn("my symbol\n"), UnorderedElementsAre("my symbol"));
 }
 
-TEST(BuiltinAssets, StandInOrderAndOnce) {
-  EXPECT_TRUE(std::ranges::is_sorted(builtinAssets));
-  EXPECT_EQ(std::ranges::adjacent_find(builtinAssets), builtinAssets.end());
+TEST(KnownAssets, AreTheBuiltInSymbolsWhenAskedFor) {
+  EXPECT_EQ(knownAssets({.files = {}, .useBuiltin = true}).identifiers, builtInAssetIDs());
 }
 
 }  // namespace

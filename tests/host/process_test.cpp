@@ -11,7 +11,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "assets/known_assets.h"
+#include "korrin/drawing/symbol_catalogue.h"
+
 #include "scratch.h"
 
 namespace korrin::host {
@@ -76,7 +77,8 @@ TEST(Check, ShowsEveryRuleSortedBySeverity) {
 TEST(Check, TakesKnownAssetsFromFiles) {
   const Scratch scratch;
   std::string lines;
-  for (const std::string_view asset : builtinAssets) lines += std::string(asset) + "\r\n\n";
+  for (const Symbol& symbol : builtInSymbols())
+    lines += std::string(symbol.assetID) + "\r\n\n";
   scratch.write("symbols", lines);
   scratch.write("sofas", "krn.furniture.sofa.v9");
   const std::string plot = " $D/club-night-with-findings.json";

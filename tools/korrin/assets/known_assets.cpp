@@ -1,5 +1,7 @@
 #include "assets/known_assets.h"
 
+#include "korrin/drawing/symbol_catalogue.h"
+
 #include "documents/document_file.h"
 
 namespace korrin::host {
@@ -18,7 +20,7 @@ std::string_view trimmed(std::string_view line) {
 
 KnownAssets knownAssets(const AssetOptions& options) {
   KnownAssets known;
-  if (options.useBuiltin) known.identifiers.insert(builtinAssets.begin(), builtinAssets.end());
+  if (options.useBuiltin) known.identifiers = builtInAssetIDs();
   for (const std::string& path : options.files) {
     try {
       addAssetLines(readFile(path), known.identifiers);

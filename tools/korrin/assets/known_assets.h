@@ -2,7 +2,6 @@
 
 // The artwork identifiers that the rule missingAsset takes for known.
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -11,23 +10,6 @@
 #include "korrin/foundation/text.h"
 
 namespace korrin::host {
-
-/// The symbols that the built-in templates and the example plots are drawn with.
-inline constexpr std::array<std::string_view, 13> builtinAssets = {
-    "krn.audio.iem.v1",
-    "krn.audio.microphone.v1",
-    "krn.audio.wedge.v1",
-    "krn.backline.bass-amp.v1",
-    "krn.backline.guitar-amp.v1",
-    "krn.furniture.table.v1",
-    "krn.instrument.acoustic-guitar.v1",
-    "krn.instrument.drums.v1",
-    "krn.instrument.keyboard.v1",
-    "krn.people.performer.v1",
-    "krn.staging.riser.v1",
-    "krn.utility.di.v1",
-    "krn.utility.power.v1",
-};
 
 /// What the user calls known.
 struct AssetOptions {

@@ -2,14 +2,15 @@
 
 #include <charconv>
 #include <memory>
+#include <utility>
 #include <vector>
 
+#include "korrin/drawing/plot_drawing.h"
 #include "korrin/model/document_coding.h"
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
-#include "render/plot_pages.h"
 #include "terminal/failure.h"
 
 namespace korrin::host {
@@ -17,18 +18,16 @@ namespace {
 
 /// The pictures that together are the result: several only for PDF, which has pages of its own.
 std::vector<std::string> drawPictures(const KorrinProject& project, const RenderOptions& options) {
-  if (options.isPlotOnly) return {drawingAlone(project)};
-  const PlotPages pages = layOut(project);
-  const std::size_t count = pages.contents.size();
-  if (options.page && (*options.page < 1 || *options.page > count))
+  if (options.isPlotOnly) return {drawPlot(project)};
+  if (!options.page && options.converted != PictureFormat::pdf) return {drawStackedPages(project)};
+  std::vector<std::string> pages = drawPages(project);
+  const std::size_t count = pages.size();
+  if (!options.page) return pages;
+  if (*options.page < 1 || *options.page > count)
     throw Failure("has no page " + std::to_string(*options.page) + " but " +
                       (count == 1 ? "one page" : std::to_string(count) + " pages"),
                   ExitCode::usage);
-  if (options.page) return {pages.page(*options.page)};
-  if (options.converted != PictureFormat::pdf) return {pages.all()};
-  std::vector<std::string> pictures;
-  for (std::size_t number = 1; number <= count; ++number) pictures.push_back(pages.page(number));
-  return pictures;
+  return {std::move(pages[*options.page - 1])};
 }
 
 /// A slip of the hand would otherwise lose the plot itself.
