@@ -12,6 +12,7 @@
 #include "korrin/foundation/precondition.h"
 #include "korrin/validation/pdf/first_page_box.h"
 
+#include "tests/support/hostile_pdf_streams.h"
 #include "tests/support/hostile_pdfs.h"
 #include "tests/support/pdf_builder.h"
 
@@ -136,9 +137,11 @@ int main(int argc, char** argv) {
     add("qpdf-first-leaf", readByFirstLeaf);
     add("qpdf-page-list", readByPageList);
   }
-  for (const test::HostilePdf& hostile : test::hostilePdfs())
-    RegisterBenchmark((std::string("hostile/") + hostile.name).c_str(), readHostile, hostile)
-        ->Unit(benchmark::kMillisecond);
+  for (const auto* list :
+       {&test::hostilePdfs(), &test::hostilePdfStreams(), &test::encryptedHostilePdfs()})
+    for (const test::HostilePdf& hostile : *list)
+      RegisterBenchmark((std::string("hostile/") + hostile.name).c_str(), readHostile, hostile)
+          ->Unit(benchmark::kMillisecond);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

@@ -97,19 +97,16 @@ std::string manyPredictedStreams(std::size_t) {
 }
 
 // As much cross-reference data as may be kept, and then an object stream of the largest size whose
-// first unpacking is as large.
+// first unpacking is as large: behind the compressed data stands what nothing reads.
 std::string largestOfEverything(std::size_t) {
   constexpr std::size_t largest = pdf::limits::inflatedStream;
   std::string data = "3 0 <</MediaBox[0 0 3 3]>>";
-  data.reserve(largest);
-  std::uint32_t noise = 1;
-  while (data.size() < largest - 4000) {
-    noise = noise * 1664525 + 1013904223;
-    data += static_cast<char>(noise >> 24);
-  }
+  data.resize(largest - 100, ' ');
+  std::string inner = deflated(data);
+  inner.resize(largest - 100);
+  constexpr std::size_t rows = pdf::limits::crossReferenceBytes / 2 - 100;
   PdfBuilder pdf = tree();
-  pdf.stream(4, "/Type/ObjStm/N 1/First 4/Filter[/FlateDecode/FlateDecode]",
-             deflated(deflated(data)));
+  pdf.stream(4, "/Type/ObjStm/N 1/First 4/Filter[/FlateDecode/FlateDecode]", deflated(inner));
   pdf.pretendIn(3, 4, 0).crossReferenceStream(5);
   for (std::uint32_t number = 6; number < 8; ++number) {
     const std::size_t older = pdf.lastSection();
@@ -117,7 +114,7 @@ std::string largestOfEverything(std::size_t) {
     pdf.stream(number,
                "/Type/XRef/Root 1 0 R/Size 9/Index[9 1]/W[1 4 2]/Filter/FlateDecode/Prev " +
                    text(number == 6 ? older : pdf.file().rfind("6 0 obj")),
-               deflatedRun('\0', largest - 100))
+               deflatedRun('\0', rows))
         .raw("startxref\n" + text(section) + "\n%%EOF\n");
   }
   return pdf.file();
@@ -154,23 +151,18 @@ std::string deepTree(std::size_t size) {
   return pdf.table().file();
 }
 
-std::string wideTreeOfNodes(std::size_t size) {
+std::string wideTreeOf(std::string_view unit, std::size_t size) {
   PdfBuilder pdf;
   return pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[" + repeated("<</Kids[]>>", size) + "3 0 R]>>")
+      .object(2, "<</Kids[" + repeated(unit, size) + "3 0 R]>>")
       .object(3, "<</MediaBox[0 0 3 3]>>")
       .table()
       .file();
 }
 
-std::string wideTreeOfNulls(std::size_t size) {
-  PdfBuilder pdf;
-  return pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[" + repeated("null ", size) + "3 0 R]>>")
-      .object(3, "<</MediaBox[0 0 3 3]>>")
-      .table()
-      .file();
-}
+std::string wideTreeOfNodes(std::size_t size) { return wideTreeOf("<</Kids[]>>", size); }
+std::string wideTreeOfNulls(std::size_t size) { return wideTreeOf("null ", size); }
+std::string wideTreeOfNumbers(std::size_t size) { return wideTreeOf("7 ", size); }
 
 std::string loopingTree(std::size_t) {
   return tree().object(3, "<</Kids[2 0 R 2 0 R 3 0 R]>>").table().file();
@@ -183,14 +175,28 @@ std::string bushyTree(std::size_t) {
   return pdf.object(60, "<</Kids[]>>").table().file();
 }
 
-// Every child is the same large object.
-std::string largeObjectRepeatedly(std::size_t size) {
+// Every child is the same large object, made of `unit`.
+std::string objectRepeatedly(std::string_view unit, std::size_t size) {
   PdfBuilder pdf;
   return pdf.object(1, "<</Pages 2 0 R>>")
       .object(2, "<</Kids[" + repeated("4 0 R ", 6000) + "3 0 R]>>")
       .object(3, "<</MediaBox[0 0 3 3]>>")
-      .object(4, "<<" + repeated("/A 1/B[2]/C(3)", size) + "/Kids[]>>")
+      .object(4, "<<" + repeated(unit, size) + "/Kids[]>>")
       .table()
+      .file();
+}
+
+std::string largeObjectRepeatedly(std::size_t size) {
+  return objectRepeatedly("/A 1/B[2]/C(3)", size);
+}
+std::string shortCommentsRepeatedly(std::size_t size) { return objectRepeatedly("%\n", size); }
+std::string escapedKeysRepeatedly(std::size_t size) { return objectRepeatedly("/#41", size); }
+std::string boxesRepeatedly(std::size_t size) { return objectRepeatedly("/MediaBox 7", size); }
+
+std::string keysOfEncryption(std::size_t size) {
+  return wholeTree()
+      .object(5, "<<" + repeated("/A/A", size) + "/Filter/Standard>>")
+      .table("/Root 1 0 R/Encrypt 5 0 R")
       .file();
 }
 
@@ -372,6 +378,10 @@ std::string manyWordsLikeObjects(std::size_t size) {
   return wholeTree().raw(repeated("obj 0 obj 00000 obj ", size)).file();
 }
 
+std::string slashesAmongObjects(std::size_t size) {
+  return wholeTree().raw(repeated("/X", size)).raw("trailer<</Root 1 0 R>>").file();
+}
+
 std::string onlyDigits(std::size_t size) {
   return wholeTree().raw(repeated("1", size)).raw(" 0 obj trailer<</Root 1 0 R>>").file();
 }
@@ -396,9 +406,14 @@ const std::vector<HostilePdf>& hostilePdfs() {
       {"DeepTree", deepTree, PdfOutcome::unreadable},
       {"WideTreeOfNodes", wideTreeOfNodes, PdfOutcome::unreadable},
       {"WideTreeOfNulls", wideTreeOfNulls, PdfOutcome::box},
+      {"WideTreeOfNumbers", wideTreeOfNumbers, PdfOutcome::box},
       {"LoopingTree", loopingTree, PdfOutcome::unreadable},
       {"BushyTree", bushyTree, PdfOutcome::unreadable},
       {"LargeObjectRepeatedly", largeObjectRepeatedly, PdfOutcome::unreadable},
+      {"ShortCommentsRepeatedly", shortCommentsRepeatedly, PdfOutcome::unreadable},
+      {"EscapedKeysRepeatedly", escapedKeysRepeatedly, PdfOutcome::unreadable},
+      {"BoxesRepeatedly", boxesRepeatedly, PdfOutcome::unreadable},
+      {"KeysOfEncryption", keysOfEncryption, PdfOutcome::locked},
       {"PreviousLoop", previousLoop, PdfOutcome::unreadable},
       {"PreviousChain", previousChain, PdfOutcome::unreadable},
       {"NestedArrays", nestedArrays, PdfOutcome::unreadable},
@@ -426,6 +441,7 @@ const std::vector<HostilePdf>& hostilePdfs() {
       {"ManySubsections", manySubsections, PdfOutcome::unreadable},
       {"ManyIndexRanges", manyIndexRanges, PdfOutcome::box},
       {"ManyWordsLikeObjects", manyWordsLikeObjects, PdfOutcome::unreadable},
+      {"SlashesAmongObjects", slashesAmongObjects, PdfOutcome::box},
       {"OnlyDigits", onlyDigits, PdfOutcome::box}};
   return documents;
 }

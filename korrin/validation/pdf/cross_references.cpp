@@ -51,7 +51,7 @@ bool CrossReferences::load() {
 std::optional<std::size_t> CrossReferences::startOffset() {
   const std::size_t window = std::min(file_.size(), limits::headerWindow);
   const std::size_t keyword = file_.substr(file_.size() - window).rfind("startxref");
-  budget_->scan(window);
+  budget_->payForBytes(window);
   if (keyword == file_.npos) return std::nullopt;
   Scanner scanner(file_, *budget_, file_.size() - window + keyword);
   scanner.next();
@@ -78,7 +78,7 @@ std::optional<std::size_t> CrossReferences::shifted(const Value& offset) {
 std::optional<CrossReferences::Older> CrossReferences::readSection(std::size_t offset) {
   // A section met before closes a loop: everything that it leads to has been read.
   if (std::find(visited_.begin(), visited_.end(), offset) != visited_.end()) return std::nullopt;
-  if (!budget_->crossReferenceSection()) return std::nullopt;
+  if (!budget_->payForCrossReferenceSection()) return std::nullopt;
   visited_.push_back(offset);
   Scanner scanner(file_, *budget_, offset);
   const auto older = scanner.takeKeyword("xref") ? readTable(scanner) : readStream(scanner);
@@ -106,6 +106,7 @@ std::optional<CrossReferences::Older> CrossReferences::readTable(Scanner& scanne
 // The entries are only passed; the first, the second and the last one vouch for their distance:
 // normally 20 bytes; writers with other line ends use 19 or 21.
 std::optional<CrossReferences::Subsection> CrossReferences::takeSubsection(Scanner& scanner) {
+  if (!budget_->payFor(1, price::subsection)) return std::nullopt;
   const auto first = scanner.takeCount();
   const auto count = scanner.takeCount();
   if (!first || !count) return std::nullopt;
@@ -150,7 +151,7 @@ std::optional<CrossReferences::Older> CrossReferences::readStream(Scanner& scann
                              std::numeric_limits<std::size_t>::max());
   if (!rows) return std::nullopt;
   rows->shrink_to_fit();
-  if (!budget_->keepCrossReferences(rows->size())) return std::nullopt;
+  if (!budget_->payForKeeping(rows->size())) return std::nullopt;
   note({root, encrypt, identifiers});
   StreamSection section{std::move(*rows), *fields, std::nullopt};
   if (index.kind == Value::Kind::array) section.indexes = index.place.offset;
@@ -161,6 +162,7 @@ std::optional<CrossReferences::Older> CrossReferences::readStream(Scanner& scann
 ObjectPlace CrossReferences::find(std::uint32_t number) {
   bool hidden = false;
   for (const Section& section : sections_) {
+    if (!budget_->payFor(1, price::section)) break;
     const auto* table = std::get_if<TableSection>(&section);
     const auto place =
         table ? find(*table, number) : find(std::get<StreamSection>(section), number);

@@ -210,7 +210,7 @@ std::optional<Key> legacyKey(const Handler& handler) {
 
 // The hash of revision 6 for an empty user password: rounds of AES and a digest that the AES output
 // chooses, until its last byte is small enough for the round.
-Key hardenedHash(ByteView salt) {
+Key hardenedHash(ByteView salt, Budget& budget) {
   const auto first = sha256(salt);
   std::vector<std::byte> hash(first.begin(), first.end());
   std::vector<std::byte> block;
@@ -234,6 +234,8 @@ Key hardenedHash(ByteView salt) {
       hash.assign(digest.begin(), digest.end());
     }
     if (round >= 63 && static_cast<unsigned>(block.back()) <= round - 31) break;
+    // The hash of a document that asks for too many is not the one wanted, nor is it needed.
+    if (!budget.payFor(1, price::hashRound)) break;
   }
   Key key{};
   std::copy_n(hash.begin(), key.size(), key.begin());
@@ -242,12 +244,12 @@ Key hardenedHash(ByteView salt) {
 
 // Revisions 5 and 6: /U holds a hash and two salts, one to check with and one for the key that
 // opens /UE.
-std::optional<Key> modernKey(const Handler& handler) {
+std::optional<Key> modernKey(const Handler& handler, Budget& budget) {
   if (handler.keySize != 32 || handler.user.size < 48 || handler.userKey.size < 32)
     return std::nullopt;
   const ByteView user = handler.user.first(48);
   const auto hash = [&](ByteView salt) {
-    return handler.revision == 5 ? sha256(salt) : hardenedHash(salt);
+    return handler.revision == 5 ? sha256(salt) : hardenedHash(salt, budget);
   };
   if (!areEqual(hash(user.subspan(32, 8)), user.first(32))) return std::nullopt;
   const Key intermediate = hash(user.subspan(40, 8));
@@ -294,7 +296,7 @@ std::variant<NotEncrypted, Decryption, Locked> unlock(Objects& objects, const Va
   if (handler->revision >= 2 && handler->revision <= 4)
     key = legacyKey(*handler);
   else if (handler->revision == 5 || handler->revision == 6)
-    key = modernKey(*handler);
+    key = modernKey(*handler, objects.budget());
   if (!key) return Locked{};
   return Decryption(handler->method, std::span(*key).first(handler->keySize));
 }

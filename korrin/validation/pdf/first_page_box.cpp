@@ -18,13 +18,14 @@ constexpr PdfPage notAPdf{PdfOutcome::notAPdf, 0, 0};
 
 // Where the document begins. A file may have lost its header and begin with the comment of high
 // bytes that writers put under it; no other file is a PDF without one.
-std::optional<std::size_t> headerOffsetOf(std::string_view file) {
+std::optional<std::size_t> headerOffsetOf(std::string_view file, Budget& budget) {
   const std::size_t header = file.substr(0, limits::headerWindow).find("%PDF-");
   if (header != file.npos) return header;
   const bool isMarkedBinary =
       file.size() > 1 && file[0] == '%' && static_cast<unsigned char>(file[1]) >= 0x80;
-  return isMarkedBinary && find(file, "%PDF-") == file.npos ? std::optional<std::size_t>(0)
-                                                            : std::nullopt;
+  if (!isMarkedBinary || !budget.payFor(file.size(), price::searchedByte)) return std::nullopt;
+  if (find(file, "%PDF-") != file.npos) return std::nullopt;
+  return 0;
 }
 
 // What following the document's own cross-references came to. It is final when they were in good
@@ -77,9 +78,9 @@ PdfPage readByRecovery(std::string_view file, Budget& budget) {
 
 PdfPage readFirstPage(std::span<const std::byte> bytes) {
   const std::string_view file = asText(bytes);
-  const auto headerOffset = headerOffsetOf(file);
-  if (!headerOffset) return notAPdf;
   Budget budget(file.size());
+  const auto headerOffset = headerOffsetOf(file, budget);
+  if (!headerOffset) return notAPdf;
   const Attempt attempt = readByCrossReferences(file, *headerOffset, budget);
   const PdfPage page = attempt.isFinal ? attempt.page : readByRecovery(file, budget);
   return budget.isExhausted() ? unreadablePage : page;

@@ -29,7 +29,7 @@ struct PdfPage {
   double height;       ///< From the box's lower edge to its upper one.
 };
 
-/// Reads the media box of the first page of the PDF in `bytes`. Allocates at most 48 MiB, uses no
+/// Reads the media box of the first page of the PDF in `bytes`. Allocates at most 32 MiB, uses no
 /// stack that grows with the input, keeps nothing and reads nothing but `bytes`.
 PdfPage readFirstPage(std::span<const std::byte> bytes);
 

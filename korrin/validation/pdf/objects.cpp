@@ -1,5 +1,6 @@
 #include "korrin/validation/pdf/objects.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "korrin/validation/pdf/stream_data.h"
@@ -16,7 +17,7 @@ std::optional<ObjectHeader> takeObjectHeader(Scanner& scanner) {
 }
 
 std::optional<Scanner> Objects::open(std::uint32_t number) {
-  if (!budget_->lookUp()) return std::nullopt;
+  if (!budget_->payForLookUp()) return std::nullopt;
   const ObjectPlace place = table_->find(number);
   if (place.kind == ObjectPlace::Kind::compressed) return openCompressed(place, number);
   if (place.kind == ObjectPlace::Kind::ordinary)
@@ -26,7 +27,7 @@ std::optional<Scanner> Objects::open(std::uint32_t number) {
 }
 
 std::optional<Objects::Ordinary> Objects::openOrdinary(std::uint32_t number) {
-  if (!budget_->lookUp()) return std::nullopt;
+  if (!budget_->payForLookUp()) return std::nullopt;
   const ObjectPlace place = table_->find(number);
   if (place.kind != ObjectPlace::Kind::ordinary) return std::nullopt;
   return openOrdinaryAt(place.offset, number);
@@ -44,8 +45,14 @@ std::optional<Objects::Ordinary> Objects::openOrdinaryAt(std::size_t offset, std
 
 std::optional<Scanner> Objects::at(Place place) {
   if (place.container == 0) return inFile(place);
-  if (!load(place.container)) return std::nullopt;
-  return Scanner(container_.bytes, place.container, *budget_, place.offset);
+  const Container* const container = load(place.container);
+  if (container == nullptr) return std::nullopt;
+  return Scanner(container->bytes, place.container, *budget_, place.offset);
+}
+
+Value Objects::valueAt(Place place) {
+  auto scanner = at(place);
+  return scanner ? readValueHead(*scanner).value_or(Value{}) : Value{};
 }
 
 Value Objects::resolve(Value value) {
@@ -82,29 +89,46 @@ std::optional<Objects::Container> Objects::unpack(Ordinary stream, bool headerOn
   const StreamKey key{decryption_ ? &*decryption_ : nullptr, stream.number, stream.generation};
   auto bytes = readStreamData(*this, stream.scanner, {length, filter, parameters}, key, wanted);
   if (!bytes) return std::nullopt;
+  if (bytes->size() < limits::keptContainerBytes) bytes->shrink_to_fit();
   container.bytes = std::make_shared<const Bytes>(std::move(*bytes));
   return container;
 }
 
-bool Objects::load(std::uint32_t number) {
-  if (container_.bytes && container_.number == number) return true;
-  // The old one goes first, so that two are never held at the same time.
-  container_ = {};
+// Documents go back and forth between small object streams, which therefore stay unpacked. All
+// that would exceed the limits goes before the next one is unpacked, the one longest unused first,
+// so that two large ones are never held at the same time.
+const Objects::Container* Objects::load(std::uint32_t number) {
+  const auto known = std::find_if(containers_.begin(), containers_.end(),
+                                  [&](const Container& c) { return c.number == number; });
+  if (known != containers_.end()) {
+    std::rotate(known, known + 1, containers_.end());
+    return &containers_.back();
+  }
+  std::size_t bytes = 0;
+  for (const Container& container : containers_) bytes += container.bytes->capacity();
+  auto kept = containers_.begin();
+  for (; kept != containers_.end(); ++kept) {
+    const auto count = static_cast<std::size_t>(containers_.end() - kept);
+    if (bytes <= limits::keptContainerBytes && count <= limits::keptContainers) break;
+    bytes -= kept->bytes->capacity();
+  }
+  containers_.erase(containers_.begin(), kept);
   auto stream = openOrdinary(number);
   auto container = stream ? unpack(std::move(*stream), false) : std::nullopt;
   if (!container) {
     damaged_ = true;
-    return false;
+    return nullptr;
   }
-  container_ = std::move(*container);
-  return true;
+  containers_.push_back(std::move(*container));
+  return &containers_.back();
 }
 
 std::optional<Scanner> Objects::openCompressed(const ObjectPlace& place, std::uint32_t number) {
-  if (!load(place.container)) return std::nullopt;
-  Scanner scanner(container_.bytes, place.container, *budget_, 0);
+  const Container* const container = load(place.container);
+  if (container == nullptr) return std::nullopt;
+  Scanner scanner(container->bytes, place.container, *budget_, 0);
   std::optional<std::size_t> offset;
-  for (std::size_t i = 0; i < container_.count; ++i) {
+  for (std::size_t i = 0; i < container->count; ++i) {
     const auto entryNumber = scanner.takeCount();
     const auto entryOffset = scanner.takeCount();
     if (!entryNumber || !entryOffset) break;
@@ -116,20 +140,21 @@ std::optional<Scanner> Objects::openCompressed(const ObjectPlace& place, std::ui
     damaged_ = true;
     return std::nullopt;
   }
-  scanner.moveTo(container_.first + *offset);
+  scanner.moveTo(container->first + *offset);
   return scanner;
 }
 
 std::optional<Value> Objects::objectAround(Place place) {
-  if (!load(place.container)) return std::nullopt;
-  Scanner scanner(container_.bytes, place.container, *budget_, 0);
+  const Container* const container = load(place.container);
+  if (container == nullptr) return std::nullopt;
+  Scanner scanner(container->bytes, place.container, *budget_, 0);
   std::optional<std::uint32_t> nearest;
   std::size_t nearestOffset = 0;
-  for (std::size_t i = 0; i < container_.count; ++i) {
+  for (std::size_t i = 0; i < container->count; ++i) {
     const auto number = scanner.takeCount();
     const auto offset = scanner.takeCount();
     if (!number || !offset || *number > std::numeric_limits<std::uint32_t>::max()) break;
-    if (container_.first + *offset > place.offset || *offset < nearestOffset) continue;
+    if (container->first + *offset > place.offset || *offset < nearestOffset) continue;
     nearest = static_cast<std::uint32_t>(*number);
     nearestOffset = *offset;
   }

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "korrin/validation/pdf/encryption.h"
 #include "korrin/validation/pdf/scanner.h"
@@ -59,7 +60,9 @@ class Objects {
 
   /// A scanner at a place met before; nothing when its object stream cannot be opened again.
   std::optional<Scanner> at(Place place);
-  /// The same of a place outside object streams, where all stands that resolveOrdinary leads to.
+  /// The head of the value that stands there; null when there is none.
+  Value valueAt(Place place);
+  /// A scanner at a place outside object streams, where all stands that resolveOrdinary leads to.
   Scanner inFile(Place place) const { return Scanner(file_, *budget_, place.offset); }
 
   /// A reference to the object of an object stream in which `place` lies; nothing when it lies in
@@ -92,7 +95,7 @@ class Objects {
   bool foundDamage() const { return damaged_; }
 
  private:
-  /// The object stream unpacked last.
+  /// An unpacked object stream.
   struct Container {
     std::uint32_t number = 0;
     std::size_t count = 0;  ///< Of objects in it.
@@ -103,13 +106,14 @@ class Objects {
   std::optional<Ordinary> openOrdinaryAt(std::size_t offset, std::uint32_t number);
   std::optional<Scanner> openCompressed(const ObjectPlace& place, std::uint32_t number);
   std::optional<Container> unpack(Ordinary stream, bool headerOnly);
-  bool load(std::uint32_t container);
+  /// The object stream of that number, valid until the next call; null when it cannot be unpacked.
+  const Container* load(std::uint32_t container);
 
   std::string_view file_;
   ObjectTable* table_;
   Budget* budget_;
   std::optional<Decryption> decryption_;
-  Container container_;
+  std::vector<Container> containers_;  ///< The one in use last, in front of it those kept.
   bool damaged_ = false;
 };
 

@@ -14,7 +14,9 @@ struct Node {
   bool hasBox = false;
 };
 
-std::optional<std::array<double, 4>> corners(Objects& objects, const Value& box) {
+// The four elements of the array `box`, references not followed. Whoever reads on in an object
+// stream keeps it, which is why this ends before the next one is unpacked.
+std::optional<std::array<Value, 4>> elements(Objects& objects, const Value& box) {
   if (box.kind != Value::Kind::array) return std::nullopt;
   auto scanner = objects.at(box.place);
   if (!scanner) return std::nullopt;
@@ -26,9 +28,15 @@ std::optional<std::array<double, 4>> corners(Objects& objects, const Value& box)
     value = *read;
   }
   if (scanner->next().kind != Token::Kind::arrayClose) return std::nullopt;
+  return values;
+}
+
+std::optional<std::array<double, 4>> corners(Objects& objects, const Value& box) {
+  const auto values = elements(objects, box);
+  if (!values) return std::nullopt;
   std::array<double, 4> numbers{};
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const Value number = objects.resolve(values[i]);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const Value number = objects.resolve((*values)[i]);
     if (number.kind != Value::Kind::number) return std::nullopt;
     numbers[i] = number.number;
   }
@@ -41,8 +49,7 @@ PdfPage measured(Objects& objects, const Value& own, const std::vector<Node>& pa
   Value box = objects.resolve(own);
   for (auto node = path.rbegin(); box.isNull() && node != path.rend(); ++node) {
     if (!node->hasBox) continue;
-    auto scanner = objects.at(node->box);
-    if (scanner) box = objects.resolve(readValueHead(*scanner).value_or(Value{}));
+    box = objects.resolve(objects.valueAt(node->box));
   }
   const auto numbers = corners(objects, box);
   if (!numbers) return {PdfOutcome::noBox, 0, 0};
@@ -82,8 +89,18 @@ std::optional<Value> nextChild(Objects& objects, std::vector<Node>& path) {
   for (; !path.empty(); path.pop_back()) {
     auto scanner = objects.at(path.back().kids);
     if (!scanner) return std::nullopt;
-    while (const auto child = readValue(*scanner)) {
-      if (child->kind != Value::Kind::dictionary && child->kind != Value::Kind::reference) continue;
+    while (true) {
+      const std::size_t start = scanner->position();
+      const Token token = scanner->next();
+      using enum Token::Kind;
+      if (token.kind == end || token.kind == arrayClose || token.kind == dictionaryClose) break;
+      if (token.kind == arrayOpen) scanner->skipToClosing();
+      // Only these may begin a reference or a dictionary: a list may be long, and most of it none.
+      const bool isNumber = token.kind == word && isDigit(scanner->bytes()[token.begin]);
+      if (!isNumber && token.kind != dictionaryOpen) continue;
+      scanner->moveTo(start);
+      const auto child = readValue(*scanner);
+      if (!child || child->kind == Value::Kind::number) continue;
       path.back().kids = scanner->place(scanner->position());
       return child;
     }
@@ -101,7 +118,7 @@ std::optional<PdfPage> firstPage(Objects& objects, const Value& root) {
   while (true) {
     if (next.kind == Value::Kind::dictionary) {
       if (path.size() == limits::treeDepth) objects.budget().exhaust();
-      if (!objects.budget().treeNode()) return std::nullopt;
+      if (!objects.budget().payForTreeNode()) return std::nullopt;
       const Entries entries = entriesOf(objects, next, path.empty());
       if (entries.kind == Entries::Kind::page) return measured(objects, entries.box, path);
       if (entries.kind == Entries::Kind::list)

@@ -16,8 +16,11 @@ constexpr std::size_t mostBlanks = 16;
 
 constexpr std::string_view catalogue = "/Catalog";
 
+// Asked at every other byte and mostly denied, so it looks at the second character first: its
+// callers have seen the first.
 bool standsAt(std::string_view file, std::size_t offset, std::string_view word) {
-  return file.substr(offset, word.size()) == word;
+  return file.size() - offset >= word.size() && file[offset + 1] == word[1] &&
+         file.substr(offset, word.size()) == word;
 }
 
 bool endsWordAt(std::string_view file, std::size_t offset) {
@@ -54,7 +57,7 @@ std::vector<std::size_t> RecoveredObjects::LastFew::list() const {
 }
 
 void RecoveredObjects::scan() {
-  if (!budget_->scan(file_.size())) return;
+  if (!budget_->payFor(file_.size(), price::recoveredByte)) return;
   for (std::size_t i = 0; i < file_.size() && !budget_->isExhausted();) {
     switch (file_[i]) {
       case 'o':
@@ -91,7 +94,10 @@ std::size_t RecoveredObjects::passObject(std::size_t keyword) {
 
 // The names that tell what the object around them is for.
 std::size_t RecoveredObjects::passName(std::size_t slash) {
-  if (entries_.empty()) return slash + 1;
+  constexpr std::string_view initials = "XCO";
+  if (entries_.empty() || slash + 1 == file_.size() ||
+      initials.find(file_[slash + 1]) == initials.npos)
+    return slash + 1;
   const Entry& object = entries_.back();
   const auto is = [&](std::string_view name) {
     return standsAt(file_, slash, name) && endsWordAt(file_, slash + name.size());
@@ -101,7 +107,7 @@ std::size_t RecoveredObjects::passName(std::size_t slash) {
   else if (is(catalogue))
     catalogues_.add(object.number);
   else if (is("/ObjStm") && (objectStreams_.empty() || objectStreams_.back() != object.number))
-    objectStreams_.push_back(object.number);
+    addObjectStream(object.number);
   return slash + 1;
 }
 
@@ -120,6 +126,11 @@ std::size_t RecoveredObjects::passStream(std::size_t keyword) {
   return keyword + 1;
 }
 
+void RecoveredObjects::addObjectStream(std::uint32_t number) {
+  if (objectStreams_.size() == limits::recoveredObjectStreams) return budget_->exhaust();
+  objectStreams_.push_back(number);
+}
+
 void RecoveredObjects::add(const Entry& entry) {
   if (entries_.size() == limits::recoveredObjects) return budget_->exhaust();
   entries_.push_back(entry);
@@ -130,8 +141,10 @@ void RecoveredObjects::sort() {
     return std::tie(a.number, a.offset) < std::tie(b.number, b.offset);
   };
   // Most documents are in order as they are.
-  if (!std::is_sorted(entries_.begin(), entries_.end(), before))
+  if (!std::is_sorted(entries_.begin(), entries_.end(), before)) {
+    if (!budget_->payFor(entries_.size(), price::sortedObject)) return;
     std::sort(entries_.begin(), entries_.end(), before);
+  }
   sorted_ = entries_.size();
 }
 
@@ -184,7 +197,8 @@ std::vector<Value> RecoveredObjects::catalogues(Objects& objects) const {
 std::optional<Value> RecoveredObjects::catalogueIn(Objects& objects,
                                                    std::uint32_t container) const {
   const auto scanner = objects.at({container, 0});
-  if (!scanner || !budget_->scan(scanner->bytes().size())) return std::nullopt;
+  if (!scanner || !budget_->payFor(scanner->bytes().size(), price::searchedByte))
+    return std::nullopt;
   const std::size_t word = pdf::find(scanner->bytes(), catalogue);
   if (word == scanner->bytes().npos) return std::nullopt;
   return objects.objectAround({container, word});

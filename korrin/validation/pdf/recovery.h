@@ -59,6 +59,7 @@ class RecoveredObjects : public ObjectTable {
   std::size_t passName(std::size_t slash);
   std::size_t passStream(std::size_t keyword);
   void add(const Entry& entry);
+  void addObjectStream(std::uint32_t number);
   void sort();
 
   std::string_view file_;

@@ -127,7 +127,7 @@ Token Scanner::next() {
     }
   }
   position_ = token.end;
-  if (!budget_->scan(position_ - start) || !budget_->takeTokens(tokens))
+  if (!budget_->payForBytes(position_ - start) || !budget_->payForTokens(tokens))
     return {Token::Kind::end, position_, position_};
   return token;
 }
@@ -135,7 +135,7 @@ Token Scanner::next() {
 std::size_t Scanner::toNextToken() {
   const std::size_t start = position_;
   position_ = pastWhiteSpace(start);
-  budget_->scan(position_ - start);
+  budget_->payForBytes(position_ - start);
   return position_;
 }
 
@@ -147,7 +147,7 @@ void Scanner::skipToClosing() {
     while (position_ < bytes_.size() &&
            (classOf(bytes_[position_]) != Class::delimiter || bytes_[position_] == '/'))
       ++position_;
-    if (!budget_->scan(position_ - start)) return;
+    if (!budget_->payForBytes(position_ - start)) return;
     using enum Token::Kind;
     switch (next().kind) {
       case arrayOpen:
@@ -171,9 +171,9 @@ bool Scanner::takeKeyword(std::string_view keyword) {
   const std::size_t begin = pastWhiteSpace(start);
   const std::size_t end = begin + keyword.size();
   const bool found = bytes_.substr(begin, keyword.size()) == keyword && endsWord(end);
-  if (!budget_->scan((found ? end : begin) - start) || !found) return false;
+  if (!budget_->payForBytes((found ? end : begin) - start) || !found) return false;
   position_ = end;
-  return budget_->takeTokens(1);
+  return budget_->payForTokens(1);
 }
 
 std::optional<std::uint64_t> Scanner::takeCount() {
@@ -185,9 +185,9 @@ std::optional<std::uint64_t> Scanner::takeCount() {
   for (; end < bytes_.size() && isDigit(bytes_[end]) && end - begin <= mostDigits; ++end)
     value = value * 10 + static_cast<std::uint64_t>(bytes_[end] - '0');
   const bool found = end > begin && end - begin <= mostDigits && endsWord(end);
-  if (!budget_->scan(end - start) || !found) return std::nullopt;
+  if (!budget_->payForBytes(end - start) || !found) return std::nullopt;
   position_ = end;
-  return budget_->takeTokens(1) ? std::optional(value) : std::nullopt;
+  return budget_->payForTokens(1) ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace korrin::pdf

@@ -30,11 +30,13 @@ std::optional<std::string_view> dataOf(Objects& objects, Scanner& scanner, const
   if (start < file.size() && file[start] == '\r') ++start;
   if (start < file.size() && file[start] == '\n') ++start;
   const std::string_view rest = file.substr(start);
+  Budget& budget = scanner.budget();
   if (const auto size = objects.resolveOrdinary(length).asSize())
-    if (*size <= rest.size() && endsAt(file, start + *size)) return rest.substr(0, *size);
+    if (*size <= rest.size() && endsAt(file, start + *size))
+      return budget.payForBytes(*size) ? std::optional(rest.substr(0, *size)) : std::nullopt;
   const std::size_t end = find(rest, endOfStream);
   const std::size_t size = end == rest.npos ? rest.size() : end;
-  if (!scanner.budget().scan(size)) return std::nullopt;
+  if (!budget.payFor(size, price::searchedByte)) return std::nullopt;
   return rest.substr(0, size);
 }
 
@@ -88,6 +90,7 @@ std::optional<Bytes> readStreamData(Objects& objects, Scanner scanner, const Str
   Budget& budget = scanner.budget();
   const std::span<const std::byte> raw = std::as_bytes(std::span(data->data(), data->size()));
   PlainSource plain(raw);
+  if (key.decryption && !budget.payFor(raw.size(), price::decryptedByte)) return std::nullopt;
   const auto decrypted =
       key.decryption ? key.decryption->open(raw, key.number, key.generation) : nullptr;
   ByteSource& source = decrypted ? *decrypted : static_cast<ByteSource&>(plain);
@@ -106,9 +109,7 @@ std::optional<Bytes> readStreamData(Objects& objects, Scanner scanner, const Str
       PlainSource previous(*bytes);
       bytes = inflate(previous, stage, budget);
     }
-    if (!bytes) return std::nullopt;
-    if (predictor.algorithm > 1 && !budget.inflate(bytes->size())) return std::nullopt;
-    if (!undoPredictor(*bytes, predictor)) return std::nullopt;
+    if (!bytes || !undoPredictor(*bytes, predictor, budget)) return std::nullopt;
   }
   return bytes;
 }

@@ -24,6 +24,8 @@ class Inflation {
 };
 
 constexpr std::size_t firstOutput = 4096;
+// A symbol takes two bits at least and yields at most 258 bytes.
+constexpr std::size_t mostExpansion = 4 * 258;
 
 std::uint8_t at(const Bytes& bytes, std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); }
 
@@ -102,47 +104,55 @@ std::optional<Bytes> copy(ByteSource& source, std::size_t wanted, Budget& budget
        piece = source.next()) {
     piece = piece.first(std::min(piece.size(), wanted - output.size()));
     if (piece.size() > limits::inflatedStream - output.size()) budget.exhaust();
-    if (!budget.inflate(piece.size())) return std::nullopt;
+    if (!budget.payFor(piece.size(), price::unpackedByte)) return std::nullopt;
     output.insert(output.end(), piece.begin(), piece.end());
   }
   return output;
 }
 
 std::optional<Bytes> inflate(ByteSource& source, std::size_t wanted, Budget& budget) {
+  if (!budget.payFor(1, price::stream)) return std::nullopt;
   Inflation inflation;
   z_stream& stream = inflation.stream;
-  // One byte more than allowed tells a stream that ends at the limit from one that goes on.
-  const std::size_t capacity = std::min(wanted, limits::inflatedStream + 1);
+  const std::size_t capacity = std::min(wanted, limits::inflatedStream);
   Bytes output;
   std::size_t size = 0;
+  // Takes one byte more than allowed, which tells a stream that ends at the limit from one that
+  // goes on.
+  std::byte excess{};
   int status = Z_OK;
-  while (status == Z_OK && size < capacity) {
+  while (status == Z_OK && size < wanted) {
     if (stream.avail_in == 0) {
       const std::span<const std::byte> input = source.next();
       if (input.empty()) break;
       stream.next_in = reinterpret_cast<Bytef*>(const_cast<std::byte*>(input.data()));
       stream.avail_in = static_cast<uInt>(input.size());
+      // Memory that is not written costs nothing, and output that never moves is never held twice.
+      if (output.capacity() == 0)
+        output.reserve(input.size() < capacity / mostExpansion ? input.size() * mostExpansion
+                                                               : capacity);
     }
-    if (size == output.size())
+    if (size == output.size() && size < capacity)
       output.resize(std::min(capacity, std::max(firstOutput, output.size() * 2)));
-    stream.next_out = reinterpret_cast<Bytef*>(output.data() + size);
-    stream.avail_out = static_cast<uInt>(output.size() - size);
-    status = ::inflate(&stream, Z_NO_FLUSH);
+    const std::span<std::byte> space =
+        size < capacity ? std::span(output).subspan(size) : std::span(&excess, 1);
+    stream.next_out = reinterpret_cast<Bytef*>(space.data());
+    stream.avail_out = static_cast<uInt>(space.size());
+    const std::size_t before = stream.avail_in;
+    // Stops at the end of each block: blocks cost time even when nothing comes out of them.
+    status = ::inflate(&stream, Z_BLOCK);
     // No verdict about the file follows from a lack of memory.
     if (status == Z_MEM_ERROR) throw std::bad_alloc();
-    const std::size_t made = output.size() - size - stream.avail_out;
-    if (!budget.inflate(made)) return std::nullopt;
+    const std::size_t made = space.size() - stream.avail_out;
+    if (size + made > limits::inflatedStream) budget.exhaust();
+    if (!budget.payForUnpacking(before - stream.avail_in, made)) return std::nullopt;
     size += made;
-  }
-  if (size > limits::inflatedStream) {
-    budget.exhaust();
-    return std::nullopt;
   }
   output.resize(size);
   return output;
 }
 
-bool undoPredictor(Bytes& bytes, const Predictor& predictor) {
+bool undoPredictor(Bytes& bytes, const Predictor& predictor, Budget& budget) {
   if (predictor.algorithm <= 1) return true;
   const auto [algorithm, colors, bits, columns] = predictor;
   constexpr std::size_t largest = limits::inflatedStream;
@@ -151,6 +161,9 @@ bool undoPredictor(Bytes& bytes, const Predictor& predictor) {
   const std::size_t pixelSize = (colors * bits + 7) / 8;
   const std::size_t rowSize = (colors * bits * columns + 7) / 8;
   if (rowSize > largest) return false;
+  if (!budget.payFor(bytes.size(), price::predictedByte) ||
+      !budget.payFor(bytes.size() / rowSize + 1, price::predictedRow))
+    return false;
   if (algorithm == 2 && bits == 8) {
     undoTiffRows(bytes, rowSize, pixelSize);
     return true;

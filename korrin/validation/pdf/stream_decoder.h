@@ -53,7 +53,7 @@ std::optional<Bytes> copy(ByteSource& source, std::size_t wanted, Budget& budget
 std::optional<Bytes> inflate(ByteSource& source, std::size_t wanted, Budget& budget);
 
 /// Turns the rows in `bytes` back in place; the last one may be cut short. False for a predictor
-/// that is unknown or whose rows are longer than any stream may be.
-bool undoPredictor(Bytes& bytes, const Predictor& predictor);
+/// that is unknown or whose rows are longer than any stream may be, and when a limit is met.
+bool undoPredictor(Bytes& bytes, const Predictor& predictor, Budget& budget);
 
 }  // namespace korrin::pdf

@@ -171,6 +171,7 @@ std::optional<std::size_t> Value::asSize() const {
 
 std::optional<Value> readValueHead(Scanner& scanner) {
   const Token token = scanner.next();
+  if (!scanner.budget().payFor(1, price::value)) return std::nullopt;
   Value value;
   value.place = scanner.place(token.begin);
   switch (token.kind) {
@@ -227,11 +228,6 @@ std::optional<std::string_view> readKey(Scanner& scanner) {
         break;
     }
   }
-}
-
-bool isKey(std::string_view token, std::string_view key) {
-  if (token.substr(1) == key) return true;
-  return token.find('#') != token.npos && Name(token).text() == key;
 }
 
 void skipValue(Scanner& scanner) {

@@ -68,8 +68,22 @@ std::array<Value, n> readEntries(Scanner& scanner, const std::array<std::string_
 /// nothing at the dictionary's end.
 std::optional<std::string_view> readKey(Scanner& scanner);
 
-/// Whether the name token `token` spells `key`.
-bool isKey(std::string_view token, std::string_view key);
+/// What a name token spells. Only one with an escape is taken apart, and once for all comparisons;
+/// the text of any other is its own.
+class KeyText {
+ public:
+  explicit KeyText(std::string_view token)
+      : plain_(token.substr(1)), isEscaped_(token.find('#') != token.npos) {
+    if (isEscaped_) name_ = Name(token);
+  }
+  bool isEscaped() const { return isEscaped_; }
+  std::string_view text() const { return isEscaped_ ? name_.text() : plain_; }
+
+ private:
+  std::string_view plain_;
+  bool isEscaped_;
+  Name name_;
+};
 
 /// Passes over the value of a key; of a reference only over its first number, since the rest cannot
 /// be taken for a key. Stays in front of a closing bracket.
@@ -92,8 +106,9 @@ std::array<Value, n> readEntries(Scanner& scanner, const std::array<std::string_
   std::array<Value, n> values;
   if (scanner.next().kind != Token::Kind::dictionaryOpen) return values;
   while (const auto token = readKey(scanner)) {
-    const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [&](std::string_view wanted) { return isKey(*token, wanted); });
+    const KeyText spelled(*token);
+    if (spelled.isEscaped() && !scanner.budget().payFor(1, price::value)) break;
+    const auto key = std::find(keys.begin(), keys.end(), spelled.text());
     const std::size_t valueStart = scanner.position();
     if (key == keys.end()) {
       skipValue(scanner);

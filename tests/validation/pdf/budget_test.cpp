@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "korrin/validation/pdf/pdf_budget.h"
+#include "korrin/validation/pdf/recovery.h"
+#include "korrin/validation/pdf/value.h"
 
 #include "tests/support/pdf_builder.h"
 #include "tests/support/pdf_matchers.h"
@@ -15,6 +17,8 @@ namespace {
 
 using namespace test;
 namespace limits = pdf::limits;
+namespace price = pdf::price;
+using pdf::Budget;
 
 std::string repeated(std::string_view text, std::size_t times) {
   std::string result;
@@ -37,21 +41,21 @@ PdfPage pageInStreamOf(std::size_t size, const std::string& filters, bool twice)
 TEST(Budget, IsThePromisedOne) {
   constexpr std::size_t mebibyte = 1'048'576;
   EXPECT_EQ(limits::headerWindow, 1024u);
+  EXPECT_EQ(limits::stepsPerInputByte, 5u);
+  EXPECT_EQ(limits::stepsBase, 64 * mebibyte);
   EXPECT_EQ(limits::inflatedStream, 8 * mebibyte);
-  EXPECT_EQ(limits::inflatedInAll, 64 * mebibyte);
-  EXPECT_EQ(limits::scannedPerInputByte, 8u);
-  EXPECT_EQ(limits::scannedBase, mebibyte);
-  EXPECT_EQ(limits::inputBytesPerToken, 2u);
-  EXPECT_EQ(limits::tokensBase, mebibyte);
+  EXPECT_EQ(limits::keptContainers, 64u);
+  EXPECT_EQ(limits::keptContainerBytes, 2 * mebibyte);
   EXPECT_EQ(limits::lookUps, 4096u);
   EXPECT_EQ(limits::treeNodes, 10'000u);
   EXPECT_EQ(limits::treeDepth, 64u);
   EXPECT_EQ(limits::nesting, 64u);
   EXPECT_EQ(limits::referenceChain, 16u);
   EXPECT_EQ(limits::crossReferenceSections, 1024u);
-  EXPECT_EQ(limits::crossReferenceBytes, 16 * mebibyte);
+  EXPECT_EQ(limits::crossReferenceBytes, 12 * mebibyte);
   EXPECT_EQ(limits::filters, 4u);
   EXPECT_EQ(limits::recoveredObjects, 524'288u);
+  EXPECT_EQ(limits::recoveredObjectStreams, 65'536u);
   EXPECT_EQ(limits::recoveredTrailers, 64u);
 }
 
@@ -66,64 +70,77 @@ TEST(Budget, AllowsAStreamOfTheLargestSizeDeflatedTwice) {
             unreadable);
 }
 
-// Nulls in object streams of the largest size, all but the last, stand before the page.
-PdfPage pageBehindStreams(std::size_t streams, std::size_t lastSize, const std::string& entries) {
-  PdfBuilder pdf;
-  std::string kids;
-  for (std::size_t i = 0; i < streams; ++i) {
-    const auto number = static_cast<std::uint32_t>(1000 + i);
-    std::string data = std::to_string(number) + " 0 null";
-    data.resize(i + 1 == streams ? lastSize : limits::inflatedStream, ' ');
-    pdf.stream(number + 1000, "/Type/ObjStm/N 1/First 7/Filter/FlateDecode" + entries,
-               deflated(data));
-    pdf.pretendIn(number, number + 1000, 0);
-    kids += std::to_string(number) + " 0 R ";
-  }
-  pdf.object(1, "<</Pages 2 0 R>>").object(2, "<</Kids[" + kids + "3 0 R]>>");
-  pdf.object(3, "<</MediaBox[0 0 3 3]>>").crossReferenceStream(9);
-  return pageOf(pdf.file());
-}
-
-// The rows of the cross-reference stream, which count as well.
-std::size_t rowsOfStreams(std::size_t streams) { return 7 * (2 * streams + 4); }
-
-TEST(Budget, AllowsSoMuchDataInAllStreams) {
-  const std::size_t streams = limits::inflatedInAll / limits::inflatedStream;
-  const std::size_t lastSize = limits::inflatedStream - rowsOfStreams(streams);
-  EXPECT_EQ(pageBehindStreams(streams, lastSize, ""), box(3, 3));
-  EXPECT_EQ(pageBehindStreams(streams, lastSize + 1, ""), unreadable);
-}
-
-TEST(Budget, CountsDataOnceMoreForAPredictor) {
-  const std::size_t streams = limits::inflatedInAll / limits::inflatedStream / 2;
-  const std::size_t lastSize = limits::inflatedStream - rowsOfStreams(streams) / 2;
-  // Leaves rows of one byte as they are.
-  const std::string predictor = "/DecodeParms<</Predictor 2/Columns 1>>";
-  EXPECT_EQ(pageBehindStreams(streams, lastSize, predictor), box(3, 3));
-  EXPECT_EQ(pageBehindStreams(streams, lastSize + 1, predictor), unreadable);
-}
-
 // Adds an object stream of `size` bytes that holds nothing but `object`.
 void addLargeStream(PdfBuilder& pdf, std::uint32_t container, std::uint32_t number,
-                    std::string_view object, std::size_t size) {
+                    std::string_view object, std::size_t size, const std::string& entries = "") {
   std::string data = std::to_string(number) + " 0 ";
   const std::string first = std::to_string(data.size());
   data += object;
   data.resize(size, ' ');
-  pdf.stream(container, "/Type/ObjStm/N 1/First " + first + "/Filter/FlateDecode", deflated(data))
+  pdf.stream(container, "/Type/ObjStm/N 1/First " + first + "/Filter/FlateDecode" + entries,
+             deflated(data))
       .pretendIn(number, container, 0);
 }
 
-// The tree whose page, object 3, is looked for once streams have held all but an eighth of what
-// they may.
-PdfBuilder behindMuchData() {
+// A page behind two nulls in two object streams, which are looked at in turns.
+PdfPage pageBehindVisits(std::size_t visits, std::size_t size, const std::string& entries = "") {
   PdfBuilder pdf;
-  addLargeStream(pdf, 20, 10, "null", limits::inflatedStream);
-  addLargeStream(pdf, 21, 11, "null", limits::inflatedStream);
-  // One stream is held at a time: each of these unpacks one again.
+  addLargeStream(pdf, 20, 10, "[]", size, entries);
+  addLargeStream(pdf, 21, 11, "[]", size, entries);
+  std::string kids;
+  for (std::size_t i = 0; i < visits; ++i) kids += i % 2 == 0 ? "10 0 R " : "11 0 R ";
   pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[" + repeated("10 0 R 11 0 R ", 3) + "10 0 R 3 0 R]>>");
-  return pdf;
+      .object(2, "<</Kids[" + kids + "3 0 R]>>")
+      .object(3, "<</MediaBox[0 0 3 3]>>")
+      .crossReferenceStream(9);
+  return pageOf(pdf.file());
+}
+
+TEST(Budget, CountsAStreamAgainThatIsUnpackedAgain) {
+  // Symbols add a little to the bytes.
+  constexpr std::size_t streams = limits::stepsBase / limits::inflatedStream;
+  EXPECT_EQ(pageBehindVisits(streams - 2, limits::inflatedStream), box(3, 3));
+  EXPECT_EQ(pageBehindVisits(streams, limits::inflatedStream), unreadable);
+}
+
+TEST(Budget, KeepsSmallObjectStreamsUnpacked) {
+  EXPECT_EQ(pageBehindVisits(1000, limits::keptContainerBytes - 1), box(3, 3));
+  EXPECT_EQ(pageBehindVisits(1000, limits::keptContainerBytes + 1), unreadable);
+}
+
+TEST(Budget, KeepsSoManyObjectStreamsUnpacked) {
+  // Of each stream so much is unpacked that all visits cannot be paid for.
+  const auto pageBehind = [](std::uint32_t streams) {
+    PdfBuilder pdf;
+    std::string kids;
+    constexpr std::size_t size = limits::keptContainerBytes / (limits::keptContainers + 2);
+    for (std::uint32_t i = 0; i < streams; ++i) {
+      addLargeStream(pdf, 200 + i, 100 + i, "[]", size);
+      kids += std::to_string(100 + i) + " 0 R ";
+    }
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated(kids, 3900 / streams) + "3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>")
+        .crossReferenceStream(9);
+    return pageOf(pdf.file());
+  };
+  EXPECT_EQ(pageBehind(limits::keptContainers), box(3, 3));
+  EXPECT_EQ(pageBehind(limits::keptContainers + 2), unreadable);
+}
+
+TEST(Budget, CountsTheBytesAndRowsOfAPredictor) {
+  // Leaves rows of one byte as they are.
+  const std::string narrow = "/DecodeParms<</Predictor 2/Columns 1>>";
+  const std::string wide = "/DecodeParms<</Predictor 2/Columns 1/Colors 32>>";
+  constexpr std::size_t size = limits::keptContainerBytes + 1;
+  constexpr std::size_t ofBytes = size * (price::unpackedByte + price::predictedByte);
+  constexpr std::size_t ofRows = size * price::predictedRow;
+  constexpr std::size_t visits = limits::stepsBase / ofBytes;
+  constexpr std::size_t visitsOfRows = limits::stepsBase / (ofBytes + ofRows);
+  static_assert(visitsOfRows + 1 < visits - 1);
+  EXPECT_EQ(pageBehindVisits(visits - 1, size), box(3, 3));
+  EXPECT_EQ(pageBehindVisits(visitsOfRows, size, narrow), box(3, 3));
+  EXPECT_EQ(pageBehindVisits(visitsOfRows + 1, size, narrow), unreadable);
 }
 
 struct LeftStream {
@@ -135,15 +152,21 @@ struct LeftStream {
 class StreamThatIsGoneBackTo : public testing::TestWithParam<LeftStream> {};
 
 TEST_P(StreamThatIsGoneBackTo, IsPaidForAgain) {
+  // Two thirds of what there is are used up before the page, object 3, is looked for.
   const auto pageWith = [](std::size_t size) {
-    PdfBuilder pdf = behindMuchData();
+    PdfBuilder pdf;
+    addLargeStream(pdf, 20, 10, "[]", limits::inflatedStream);
+    addLargeStream(pdf, 21, 11, "[]", limits::inflatedStream);
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated("10 0 R 11 0 R ", 2) + "10 0 R 3 0 R]>>");
     addLargeStream(pdf, 23, 3, GetParam().objectThree, size);
     addLargeStream(pdf, 24, 4, GetParam().objectFour, size);
     pdf.object(5, "<</MediaBox[0 0 3 3]>>").crossReferenceStream(9);
     return pageOf(pdf.file());
   };
-  EXPECT_EQ(pageWith(limits::inflatedStream / 4), box(3, 3));
-  EXPECT_EQ(pageWith(limits::inflatedStream * 3 / 8), unreadable);
+  EXPECT_EQ(pageWith(limits::keptContainerBytes + 1), box(3, 3));
+  // Two of these could be paid for, but not three.
+  EXPECT_EQ(pageWith(limits::inflatedStream * 7 / 8), unreadable);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -152,24 +175,6 @@ INSTANTIATE_TEST_SUITE_P(
                     LeftStream{"AnInheritedBox", "<</Kids[4 0 R]/MediaBox[0 0 3 3]>>", "<<>>"},
                     LeftStream{"TheNextChild", "<</Kids[4 0 R 5 0 R]>>", "<</Kids[]>>"}),
     [](const auto& row) { return row.param.name; });
-
-TEST(Budget, CountsAPredictorLikeAnotherFilter) {
-  const auto pageWith = [](std::size_t size) {
-    PdfBuilder pdf = behindMuchData();
-    // One row, behind the number of its filter.
-    std::string data = std::string(1, '\0') + "3 0 <</MediaBox[0 0 3 3]>>";
-    data.resize(1 + size, ' ');
-    pdf.stream(23,
-               "/Type/ObjStm/N 1/First 4/Filter/FlateDecode/DecodeParms<</Predictor 15/Columns " +
-                   std::to_string(size) + ">>",
-               deflated(data))
-        .pretendIn(3, 23, 0)
-        .crossReferenceStream(9);
-    return pageOf(pdf.file());
-  };
-  EXPECT_EQ(pageWith(limits::inflatedStream * 3 / 8), box(3, 3));
-  EXPECT_EQ(pageWith(limits::inflatedStream * 5 / 8), unreadable);
-}
 
 TEST(Budget, AllowsSoManyLookUps) {
   const auto pageBehind = [](std::size_t absent) {
@@ -271,13 +276,15 @@ TEST(Budget, AllowsSoMuchCrossReferenceData) {
     pdf.raw("startxref\n" + std::to_string(previous) + "\n%%EOF\n");
     return pageOf(pdf.file());
   };
-  EXPECT_EQ(pageBehind(28), box(3, 3));
-  EXPECT_EQ(pageBehind(29), unreadable);
+  constexpr std::size_t last = limits::crossReferenceBytes % limits::inflatedStream + 28;
+  EXPECT_EQ(pageBehind(last), box(3, 3));
+  EXPECT_EQ(pageBehind(last + 1), unreadable);
 }
 
-TEST(Budget, AllowsSoManyScannedBytes) {
+TEST(Budget, AllowsSoManyBytes) {
   // The same long comment is passed at each look-up of one object.
-  const auto pageWith = [](std::size_t comment, std::size_t times) {
+  constexpr std::size_t comment = limits::stepsBase / price::byte / 16;
+  const auto pageWith = [](std::size_t times) {
     PdfBuilder pdf;
     pdf.object(1, "<</Pages 2 0 R>>")
         .object(2, "<</Kids[" + repeated("4 0 R ", times) + "3 0 R]>>")
@@ -286,69 +293,132 @@ TEST(Budget, AllowsSoManyScannedBytes) {
         .table();
     return pageOf(pdf.file());
   };
-  const std::size_t comment = limits::scannedBase;
-  // Nine times the input: eight are free, and the fixed part makes up for the ninth.
-  EXPECT_EQ(pageWith(comment, limits::scannedPerInputByte), box(3, 3));
-  EXPECT_EQ(pageWith(comment, limits::scannedPerInputByte + 2), unreadable);
-}
-
-TEST(Budget, CountsScannedBytesExactly) {
-  pdf::Budget budget(10);
-  EXPECT_TRUE(budget.scan(limits::scannedBase + 10 * limits::scannedPerInputByte));
-  EXPECT_FALSE(budget.isExhausted());
-  EXPECT_FALSE(budget.scan(1));
-  EXPECT_TRUE(budget.isExhausted());
-}
-
-TEST(Budget, CountsTokensExactly) {
-  pdf::Budget budget(10 * limits::inputBytesPerToken);
-  EXPECT_TRUE(budget.takeTokens(limits::tokensBase + 10));
-  EXPECT_FALSE(budget.isExhausted());
-  EXPECT_FALSE(budget.takeTokens(1));
-  EXPECT_TRUE(budget.isExhausted());
+  constexpr std::size_t times = 16 + limits::stepsPerInputByte;
+  EXPECT_EQ(pageWith(times - 1), box(3, 3));
+  EXPECT_EQ(pageWith(times), unreadable);
 }
 
 TEST(Budget, AllowsSoManyTokens) {
-  // A number among the children is looked at twice, for what it is and for a reference; it takes
-  // two bytes, which allow for one token.
-  const auto pageBehind = [](std::size_t numbers) {
-    return pageOf(PdfBuilder()
-                      .object(1, "<</Pages 2 0 R>>")
-                      .object(2, "<</Kids[" + repeated("7 ", numbers) + "3 0 R]>>")
-                      .object(3, "<</MediaBox[0 0 3 3]>>")
-                      .table()
-                      .file());
+  // Strings of two tokens and two bytes stand in a list that is passed at each look-up.
+  constexpr std::size_t strings = 100'000;
+  constexpr std::size_t once = strings * 2 * (price::token + price::byte);
+  constexpr std::size_t whole = limits::stepsBase + strings * 2 * limits::stepsPerInputByte;
+  const auto pageWith = [](std::size_t times) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated("4 0 R ", times) + "3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>")
+        .object(4, "<</Unread[" + repeated("()", strings) + "]/Kids[]>>")
+        .table();
+    return pageOf(pdf.file());
   };
-  EXPECT_EQ(pageBehind(limits::tokensBase - 100), box(3, 3));
-  EXPECT_EQ(pageBehind(limits::tokensBase + 1000), unreadable);
+  EXPECT_EQ(pageWith(whole / once - 1), box(3, 3));
+  EXPECT_EQ(pageWith(whole / once + 1), unreadable);
 }
 
 TEST(Budget, CountsNoTokensAmongTheNumbersThatArePassedOver) {
-  // Half a million numbers are passed at each of eight look-ups; all would be more than there may
-  // be.
+  // As many numbers as tokens would exceed what there is are passed at each look-up.
+  constexpr std::size_t numbers = limits::stepsBase / price::token / 8;
   PdfBuilder pdf;
   pdf.object(1, "<</Pages 2 0 R>>")
-      .object(2, "<</Kids[" + repeated("4 0 R ", 8) + "3 0 R]>>")
+      .object(2, "<</Kids[" + repeated("4 0 R ", 16) + "3 0 R]>>")
       .object(3, "<</MediaBox[0 0 3 3]>>")
-      .object(4, "<</Unread[" + repeated("7 ", limits::tokensBase / 2) + "]/Kids[]>>")
+      .object(4, "<</Unread[" + repeated("7 ", numbers) + "]/Kids[]>>")
       .table();
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
+TEST(Budget, CountsEachSectionThatIsAsked) {
+  // Sections that list nothing hide the one that matters, and are asked at each look-up before it.
+  constexpr std::size_t sections = 1000;
+  const auto pageBehind = [](std::size_t lookUps) {
+    PdfBuilder pdf;
+    pdf.object(1, "<</Pages 2 0 R>>")
+        .object(2, "<</Kids[" + repeated("7 0 R ", lookUps) + "3 0 R]>>")
+        .object(3, "<</MediaBox[0 0 3 3]>>")
+        .pretendFree(7)
+        .crossReferenceStream(9);
+    std::size_t previous = pdf.lastSection();
+    for (std::size_t i = 0; i < sections; ++i) {
+      const std::size_t section = pdf.offset();
+      pdf.stream(100, "/Type/XRef/Root 1 0 R/W[1 1 1]/Prev " + std::to_string(previous), "\1");
+      previous = section;
+    }
+    return pageOf(pdf.raw("startxref\n" + std::to_string(previous) + "\n%%EOF\n").file());
+  };
+  constexpr std::size_t lookUps = limits::stepsBase / sections / price::section;
+  EXPECT_EQ(pageBehind(lookUps * 9 / 10), box(3, 3));
+  EXPECT_EQ(pageBehind(lookUps * 11 / 10), unreadable);
+}
+
+TEST(Budget, CountsStepsExactly) {
+  Budget budget(10);
+  EXPECT_TRUE(budget.payForBytes(limits::stepsBase + 10 * limits::stepsPerInputByte));
+  EXPECT_FALSE(budget.isExhausted());
+  EXPECT_FALSE(budget.payForBytes(1));
+  EXPECT_TRUE(budget.isExhausted());
+}
+
+TEST(Budget, CountsWhatALookUpAndATokenCost) {
+  Budget budget(0);
+  ASSERT_TRUE(budget.payFor(limits::stepsBase - price::lookUp - 2 * price::token, 1));
+  EXPECT_TRUE(budget.payForLookUp());
+  EXPECT_TRUE(budget.payForTokens(2));
+  EXPECT_FALSE(budget.isExhausted());
+  EXPECT_FALSE(budget.payFor(1, 1));
+}
+
+TEST(Budget, CountsAValueAndAKeyWithEscapes) {
+  const auto isReadWith = [](std::size_t steps, std::string_view text) {
+    Budget budget(0);
+    budget.payFor(limits::stepsBase - steps, 1);
+    pdf::Scanner scanner(text, budget, 0);
+    readEntries(scanner, std::array<std::string_view, 1>{"A"});
+    return !budget.isExhausted();
+  };
+  // Two brackets, a key, a value, and what follows the value.
+  constexpr std::size_t plain = 4 * price::token + 8 * price::byte + price::value;
+  EXPECT_TRUE(isReadWith(plain, "<</A/B>>"));
+  EXPECT_FALSE(isReadWith(plain - 1, "<</A/B>>"));
+  constexpr std::size_t escaped = plain + 2 * price::byte + price::value;
+  EXPECT_TRUE(isReadWith(escaped, "<</#41/B>>"));
+  EXPECT_FALSE(isReadWith(escaped - 1, "<</#41/B>>"));
+}
+
+TEST(Budget, CountsTheObjectsThatRecoverySorts) {
+  const auto isScannedWith = [](std::size_t steps, std::string_view file) {
+    Budget budget(0);
+    budget.payFor(limits::stepsBase - steps, 1);
+    pdf::RecoveredObjects(file, budget).scan();
+    return !budget.isExhausted();
+  };
+  const std::string_view inOrder = "1 0 obj 2 0 obj 3 0 obj";
+  const std::size_t bytes = inOrder.size() * price::recoveredByte;
+  EXPECT_TRUE(isScannedWith(bytes, inOrder));
+  EXPECT_FALSE(isScannedWith(bytes - 1, inOrder));
+  const std::string_view inDisorder = "1 0 obj 3 0 obj 2 0 obj";
+  EXPECT_TRUE(isScannedWith(bytes + 3 * price::sortedObject, inDisorder));
+  EXPECT_FALSE(isScannedWith(bytes + 3 * price::sortedObject - 1, inDisorder));
+}
+
 TEST(Budget, PaysForNothingOnceItIsUsedUp) {
-  pdf::Budget budget(10);
-  EXPECT_FALSE(budget.inflate(limits::inflatedInAll + 1));
-  EXPECT_FALSE(budget.scan(1));
-  EXPECT_FALSE(budget.takeTokens(1));
-  EXPECT_FALSE(budget.keepCrossReferences(1));
-  EXPECT_FALSE(budget.lookUp());
-  EXPECT_FALSE(budget.treeNode());
-  EXPECT_FALSE(budget.crossReferenceSection());
+  Budget budget(10);
+  EXPECT_FALSE(budget.payFor(limits::stepsBase + 1000, 1));
+  EXPECT_FALSE(budget.payFor(1, 1));
+  EXPECT_FALSE(budget.payForBytes(1));
+  EXPECT_FALSE(budget.payForTokens(1));
+  EXPECT_FALSE(budget.payForUnpacking(1, 1));
+  EXPECT_FALSE(budget.payForKeeping(1));
+  EXPECT_FALSE(budget.payForLookUp());
+  EXPECT_FALSE(budget.payForTreeNode());
+  EXPECT_FALSE(budget.payForCrossReferenceSection());
 }
 
 TEST(Budget, OfAnInputOfAnySizeDoesNotOverflow) {
-  pdf::Budget budget(static_cast<std::size_t>(-1));
-  EXPECT_TRUE(budget.scan(std::size_t{1} << 62));
+  Budget budget(static_cast<std::size_t>(-1));
+  EXPECT_TRUE(budget.payForBytes(std::size_t{1} << 62));
+  Budget other(0);
+  EXPECT_FALSE(other.payFor(static_cast<std::size_t>(-1) / 2, 3));
 }
 
 TEST(Budget, AllowsSoManyRecoveredObjects) {

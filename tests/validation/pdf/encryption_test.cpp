@@ -8,6 +8,7 @@
 
 #include "korrin/validation/pdf/crypto.h"
 
+#include "tests/support/hostile_pdf_streams.h"
 #include "tests/support/pdf_builder.h"
 #include "tests/support/pdf_matchers.h"
 
@@ -49,6 +50,15 @@ INSTANTIATE_TEST_SUITE_P(Method, EncryptedDocument,
                          testing::Values("rc4_40", "rc4_128", "rc4_128_crypt_filter", "aes_128",
                                          "aes_128_clear_metadata", "aes_256_revision_5", "aes_256"),
                          [](const auto& row) { return std::string(row.param); });
+
+class HostileEncryptedDocument : public testing::TestWithParam<HostilePdf> {};
+
+TEST_P(HostileEncryptedDocument, HasAnOutcome) {
+  EXPECT_EQ(pageOf(GetParam().make(std::size_t{1} << 20)).outcome, GetParam().outcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(Trick, HostileEncryptedDocument, testing::ValuesIn(encryptedHostilePdfs()),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct Change {
   const char* name;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/hostile_pdf_streams.h"
 #include "tests/support/hostile_pdfs.h"
 #include "tests/support/pdf_builder.h"
 #include "tests/support/pdf_matchers.h"
@@ -20,16 +21,19 @@ TEST_P(Hostile, DocumentHasAnOutcome) {
   EXPECT_EQ(pageOf(GetParam().make(std::size_t{1} << 20)).outcome, GetParam().outcome);
 }
 
+INSTANTIATE_TEST_SUITE_P(Stream, Hostile, testing::ValuesIn(hostilePdfStreams()),
+                         [](const auto& row) { return std::string(row.param.name); });
 INSTANTIATE_TEST_SUITE_P(Trick, Hostile, testing::ValuesIn(hostilePdfs()),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(HostileDocument, HasTheSameOutcomeOnASmallStack) {
-  for (const HostilePdf& hostile : hostilePdfs()) {
-    const std::string file = hostile.make(std::size_t{1} << 20);
-    PdfPage page{};
-    runOnStack(std::size_t{128} << 10, [&] { page = pageOf(file); });
-    EXPECT_EQ(page.outcome, hostile.outcome) << hostile.name;
-  }
+  for (const auto* list : {&hostilePdfs(), &hostilePdfStreams()})
+    for (const HostilePdf& hostile : *list) {
+      const std::string file = hostile.make(std::size_t{1} << 20);
+      PdfPage page{};
+      runOnStack(std::size_t{128} << 10, [&] { page = pageOf(file); });
+      EXPECT_EQ(page.outcome, hostile.outcome) << hostile.name;
+    }
 }
 
 // One small document of each construction.

@@ -55,10 +55,17 @@ TEST(Search, FindsAWordBehindBytesOfAnyKind) {
   }
 }
 
+// A budget of so many steps.
+Budget purseOf(std::size_t steps) {
+  Budget budget(0);
+  budget.payFor(limits::stepsBase - steps, 1);
+  return budget;
+}
+
 TEST(Scanner, PaysForEachWordThatItTakes) {
-  Budget budget(8 * limits::inputBytesPerToken);
-  ASSERT_TRUE(budget.takeTokens(limits::tokensBase + 8 - 3));
-  Scanner scanner("word 12 next R", budget, 0);
+  const std::string_view text = "word 12 next R";
+  Budget budget = purseOf(3 * price::token + text.size() * price::byte);
+  Scanner scanner(text, budget, 0);
   EXPECT_TRUE(scanner.takeKeyword("word"));
   EXPECT_EQ(scanner.takeCount(), 12u);
   EXPECT_EQ(scanner.next().kind, Kind::word);
@@ -123,58 +130,51 @@ TEST(Scanner, StaysInFrontOfWhatItDoesNotTake) {
 }
 
 TEST(Scanner, PaysForEveryByte) {
-  // 8 bytes for each and 1 MiB: a comment of that length passes, one more does not.
-  const std::string text = "%" + std::string(limits::scannedBase + 8 * 100, 'c');
-  Budget enough(101);
+  const std::string text = "%" + std::string(999, 'c');
+  Budget enough = purseOf(1000 * price::byte + price::token);
   Scanner(text, enough, 0).next();
   EXPECT_FALSE(enough.isExhausted());
-  Budget tooLittle(100);
+  Budget tooLittle = purseOf(1000 * price::byte + price::token - 1);
   Scanner(text, tooLittle, 0).next();
   EXPECT_TRUE(tooLittle.isExhausted());
 }
 
 TEST(Scanner, PaysForEveryToken) {
   const std::string text = "a (b(c\\))) [ ] << >> /d <e>";
-  const auto tokensOf = [&](std::size_t spent) {
-    Budget budget(0);
-    budget.takeTokens(limits::tokensBase - spent);
+  const auto exhausts = [&](std::size_t tokens) {
+    Budget budget = purseOf(tokens * price::token + text.size() * price::byte);
     Scanner scanner(text, budget, 0);
     while (scanner.next().kind != Kind::end) {
     }
     return budget.isExhausted();
   };
   // Eight tokens, four characters in the string that need a decision, and the end.
-  EXPECT_FALSE(tokensOf(13));
-  EXPECT_TRUE(tokensOf(12));
+  EXPECT_FALSE(exhausts(13));
+  EXPECT_TRUE(exhausts(12));
 }
 
 TEST(Scanner, TakesNothingThatItCannotPayFor) {
   const std::string_view text = "  12 obj";
-  Budget oneByte(0);
-  oneByte.scan(limits::scannedBase - 1);
+  Budget oneByte = purseOf(price::byte);
   EXPECT_EQ(Scanner(text, oneByte, 0).takeCount(), std::nullopt);
   EXPECT_TRUE(oneByte.isExhausted());
-  oneByte = Budget(0);
-  oneByte.scan(limits::scannedBase - 1);
+  oneByte = purseOf(price::byte);
   EXPECT_FALSE(Scanner(text, oneByte, 4).takeKeyword("obj"));
   EXPECT_TRUE(oneByte.isExhausted());
 
-  Budget noToken(0);
-  noToken.takeTokens(limits::tokensBase);
+  Budget noToken = purseOf(4 * price::byte);
   EXPECT_EQ(Scanner(text, noToken, 0).takeCount(), std::nullopt);
   EXPECT_TRUE(noToken.isExhausted());
-  noToken = Budget(0);
-  noToken.takeTokens(limits::tokensBase);
+  noToken = purseOf(4 * price::byte);
   EXPECT_FALSE(Scanner(text, noToken, 4).takeKeyword("obj"));
   EXPECT_TRUE(noToken.isExhausted());
 }
 
 TEST(Scanner, SkipsNoFurtherThanItCanPayFor) {
   const std::string_view text = "[ a b c d e f ] after";
-  Budget budget(0);
+  Budget budget = purseOf(price::token + (1 + 3) * price::byte);
   Scanner scanner(text, budget, 0);
   scanner.next();
-  budget.scan(limits::scannedBase - 3);
   scanner.skipToClosing();
   EXPECT_TRUE(budget.isExhausted());
   EXPECT_EQ(scanner.next().kind, Kind::end);

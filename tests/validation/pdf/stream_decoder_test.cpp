@@ -67,6 +67,103 @@ TEST(Inflate, TakesAsMuchAsIsWantedWhateverThePieces) {
   }
 }
 
+// A budget of so many steps.
+Budget purseOf(std::size_t steps) {
+  Budget budget(0);
+  budget.payFor(limits::stepsBase - steps, 1);
+  return budget;
+}
+
+TEST(Copy, PaysForEachByte) {
+  const auto isPaidWith = [](std::size_t steps) {
+    Budget budget = purseOf(steps);
+    Pieces source("0123456789", 4);
+    return copy(source, all, budget).has_value();
+  };
+  EXPECT_TRUE(isPaidWith(10 * price::unpackedByte));
+  EXPECT_FALSE(isPaidWith(10 * price::unpackedByte - 1));
+}
+
+// Whether so many steps are enough to unpack what `packed` begins with, the format's head apart.
+bool isUnpackedWith(std::size_t steps, std::string_view packed) {
+  Budget budget = purseOf(price::stream + 2 * price::blockByte + steps);
+  Pieces source(packed, packed.size());
+  return inflate(source, all, budget).has_value();
+}
+
+TEST(Inflate, PaysForWhatComesOut) {
+  // Stored as it is, in a block of its own.
+  const std::string packed = "\x78\x01" + std::string("\x01\x0A\x00\xF5\xFF", 5) + "0123456789";
+  constexpr std::size_t steps = 15 * price::blockByte + 10 * (price::symbol + price::unpackedByte);
+  EXPECT_TRUE(isUnpackedWith(steps, packed));
+  EXPECT_FALSE(isUnpackedWith(steps - 1, packed));
+}
+
+TEST(Inflate, PaysForBlocksFromWhichNothingComes) {
+  const std::string packed = [] {
+    std::string data = "\x78\x01";
+    for (int i = 0; i < 1000; ++i) data += std::string("\x00\x00\x00\xFF\xFF", 5);
+    return data;
+  }();
+  constexpr std::size_t steps = 5000 * price::blockByte;
+  EXPECT_TRUE(isUnpackedWith(steps, packed));
+  EXPECT_FALSE(isUnpackedWith(steps - 1, packed));
+}
+
+TEST(Inflate, PaysForNoMoreSymbolsThanTheBitsThatItReads) {
+  // A megabyte of one byte takes a few thousand bytes.
+  const std::string packed = test::deflatedRun(' ', 1'000'000);
+  const std::size_t symbols = packed.size() * price::symbolsPerByte;
+  ASSERT_LT(symbols, 100'000u);
+  EXPECT_TRUE(isUnpackedWith(
+      1'000'000 * price::unpackedByte + symbols * price::symbol + 100 * price::block, packed));
+  EXPECT_FALSE(isUnpackedWith(1'000'000 * price::unpackedByte, packed));
+}
+
+TEST(Inflate, PaysForItsPreparation) {
+  Budget budget = purseOf(price::stream - 1);
+  Pieces source("", 1);
+  EXPECT_FALSE(inflate(source, all, budget).has_value());
+}
+
+TEST(Inflate, StopsAtTheLargestStreamWhateverThePieces) {
+  const auto isUnpacked = [](std::size_t size, std::size_t pieceSize, std::size_t wanted) {
+    const std::string packed = test::deflatedRun(' ', size);
+    Budget budget(0);
+    Pieces source(packed, pieceSize);
+    const auto bytes = inflate(source, wanted, budget);
+    EXPECT_EQ(bytes.has_value(), !budget.isExhausted());
+    return bytes && bytes->size() == std::min(size, wanted);
+  };
+  for (const std::size_t pieceSize : {std::size_t{100}, std::size_t{1} << 20}) {
+    EXPECT_TRUE(isUnpacked(limits::inflatedStream, pieceSize, all));
+    EXPECT_FALSE(isUnpacked(limits::inflatedStream + 1, pieceSize, all));
+    // What is not wanted is not looked at.
+    EXPECT_TRUE(isUnpacked(limits::inflatedStream + 1, pieceSize, limits::inflatedStream));
+    EXPECT_FALSE(isUnpacked(limits::inflatedStream + 2, pieceSize, limits::inflatedStream + 1));
+  }
+}
+
+TEST(Inflate, NeverHoldsMoreThanTheLargestStream) {
+  for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{100}, std::size_t{1} << 20}) {
+    const std::string packed = test::deflatedRun(' ', limits::inflatedStream);
+    Budget budget(0);
+    Pieces source(packed, pieceSize);
+    EXPECT_LE(inflate(source, all, budget).value().capacity(), limits::inflatedStream) << pieceSize;
+  }
+}
+
+TEST(Predictor, PaysForBytesAndRows) {
+  const auto isPaidWith = [](std::size_t steps) {
+    Budget budget = purseOf(steps);
+    Bytes bytes(40);
+    return undoPredictor(bytes, {15, 1, 8, 4}, budget);
+  };
+  constexpr std::size_t steps = 40 * price::predictedByte + 11 * price::predictedRow;
+  EXPECT_TRUE(isPaidWith(steps));
+  EXPECT_FALSE(isPaidWith(steps - 1));
+}
+
 struct PredictorRow {
   const char* name;
   Predictor predictor;
@@ -77,9 +174,10 @@ void PrintTo(const PredictorRow& row, std::ostream* out) { *out << row.name; }
 class PredictorThatIsNone : public testing::TestWithParam<PredictorRow> {};
 
 TEST_P(PredictorThatIsNone, LeavesTheBytesUnread) {
+  Budget budget(0);
   const Bytes before(40, std::byte{1});
   Bytes bytes = before;
-  EXPECT_FALSE(undoPredictor(bytes, GetParam().predictor));
+  EXPECT_FALSE(undoPredictor(bytes, GetParam().predictor, budget));
   EXPECT_EQ(bytes, before);
 }
 
@@ -103,16 +201,18 @@ INSTANTIATE_TEST_SUITE_P(Size, PredictorThatIsNone,
 TEST(Predictor, OfTheLargestSizesIsUndone) {
   for (const Predictor& predictor : {Predictor{10, 32, 16, 1}, Predictor{15, 1, 1, 1},
                                      Predictor{12, 1, 8, limits::inflatedStream}}) {
+    Budget budget(0);
     Bytes bytes(40);
-    EXPECT_TRUE(undoPredictor(bytes, predictor)) << predictor.algorithm;
+    EXPECT_TRUE(undoPredictor(bytes, predictor, budget)) << predictor.algorithm;
     EXPECT_LT(bytes.size(), 40u);
   }
 }
 
 TEST(Predictor, OfNoneKeepsTheBytesWhateverItsSizesSay) {
   for (const std::size_t algorithm : {0u, 1u}) {
+    Budget budget(0);
     Bytes bytes(40, std::byte{7});
-    EXPECT_TRUE(undoPredictor(bytes, {algorithm, 0, 0, 0}));
+    EXPECT_TRUE(undoPredictor(bytes, {algorithm, 0, 0, 0}, budget));
     EXPECT_EQ(bytes, Bytes(40, std::byte{7}));
   }
 }
