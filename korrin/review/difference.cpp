@@ -8,7 +8,7 @@
 namespace korrin {
 namespace {
 
-using namespace review;
+using namespace revision;
 
 class Comparison {
  public:

@@ -3,7 +3,7 @@
 #include <numeric>
 #include <utility>
 
-namespace korrin::review {
+namespace korrin::revision {
 namespace {
 
 constexpr std::size_t none = static_cast<std::size_t>(-1);
@@ -86,4 +86,4 @@ std::vector<bool> stayingRuns(const std::vector<Run>& runs) {
   return stays;
 }
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -13,7 +13,7 @@
 #include "korrin/foundation/list_difference.h"
 #include "korrin/review/record_walk.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 
 /// Records that stand one behind the other in both lists. No record is in two runs.
 struct Run {
@@ -197,4 +197,4 @@ class Alignment {
   std::vector<Waiting<Identity>> right_;
 };
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -1,6 +1,6 @@
 #include "korrin/review/list_merge.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 namespace {
 
 /// The runs of one side from some place of the base on.
@@ -78,4 +78,4 @@ std::vector<std::size_t> placesFor(const std::vector<std::size_t>& indices, cons
   return places;
 }
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -16,7 +16,7 @@
 #include "korrin/review/merge.h"
 #include "korrin/review/record_merge.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 
 /// Neighbours in the base that both sides treat alike: each side has them as neighbours, or has
 /// none of them.
@@ -236,4 +236,4 @@ class ListMerge {
   std::vector<IdentityOf<Record>> onlyTheirs_;
 };
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

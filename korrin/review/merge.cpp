@@ -11,7 +11,7 @@
 namespace korrin {
 namespace {
 
-using namespace review;
+using namespace revision;
 
 template <class Value>
 inline constexpr bool isListWithUUIDs = false;

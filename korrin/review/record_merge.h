@@ -9,7 +9,7 @@
 #include "korrin/review/merge.h"
 #include "korrin/review/record_walk.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 
 enum class Choice { ours, theirs, conflict };
 
@@ -70,4 +70,4 @@ Record mergedRecord(std::string_view list, const Record* base, const Record& our
   return merged;
 }
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

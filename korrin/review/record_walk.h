@@ -16,7 +16,7 @@
 #include "korrin/model/document_coding.h"
 #include "korrin/model/project.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 
 /// Records whose fields are values of their own. Points and sizes are one value each: nobody moves
 /// an item along x and means nothing by y.
@@ -113,4 +113,4 @@ constexpr bool isModifiedAt(const Field& field) {
     return false;
 }
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -2,7 +2,7 @@
 
 #include "korrin/review/words.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 namespace {
 
 std::string named(std::string name, const Text& text) {
@@ -81,4 +81,4 @@ std::string RecordNames::nameReferredTo(std::string_view key, const UUID& id,
   return lowered(*name);
 }
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -14,7 +14,7 @@
 
 #include "korrin/review/record_walk.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 
 /// `"MIX 2"`, `Input 7 "Bass DI"`, `Layer "Rigging"`: for use at the start of a sentence.
 std::string nameOf(const PlotItem& item);
@@ -115,4 +115,4 @@ class RecordNames {
   const IdentityIndex* index_;
 };
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -14,7 +14,7 @@
 namespace korrin {
 namespace {
 
-using namespace review;
+using namespace revision;
 
 constexpr DecodingOptions anyNumber = {.nonFinite = NonFinite::strings};
 

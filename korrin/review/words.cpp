@@ -9,7 +9,7 @@
 
 #include "korrin/foundation/text.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 namespace {
 
 constexpr std::size_t longestText = 60;  // in Unicode scalars
@@ -312,4 +312,4 @@ std::string capitalized(std::string text) {
   return text;
 }
 
-}  // namespace korrin::review
+}  // namespace korrin::revision

@@ -10,7 +10,7 @@
 
 #include "korrin/model/stage_values.h"
 
-namespace korrin::review {
+namespace korrin::revision {
 
 /// The text with control characters, line separators and characters that reorder or hide others
 /// written as "\n" or "\u{202E}", cut to about 60 characters.
@@ -49,4 +49,4 @@ std::string dateText(std::string_view iso8601);
 /// The first letter as a capital.
 std::string capitalized(std::string text);
 
-}  // namespace korrin::review
+}  // namespace korrin::revision
