@@ -1,57 +1,15 @@
-// A history of edits, and the three surprises that undo and saving hold.
+// A history of edits, drags, and what surprises where the core is used without one.
 
 #include <cstddef>
 #include <iostream>
 #include <limits>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include <korrin/korrin.h>
+#include <korrin/session.h>
 
 using namespace korrin;
-
-// [history]
-class History {
- public:
-  explicit History(KorrinProject project) : project_(std::move(project)) {}
-
-  const KorrinProject& project() const { return project_; }
-  bool isClean() const { return cleanPosition_ == undo_.size(); }
-  void markSaved() { cleanPosition_ = undo_.size(); }
-
-  ChangeSet perform(const DocumentCommand& command) {
-    ChangeSet changes = apply(command, undo_);
-    redo_.clear();
-    // What was saved may lie among the edits that can no longer be redone.
-    if (cleanPosition_ && *cleanPosition_ >= undo_.size()) cleanPosition_.reset();
-    return changes;
-  }
-  std::optional<ChangeSet> undo() { return step(undo_, redo_); }
-  std::optional<ChangeSet> redo() { return step(redo_, undo_); }
-
- private:
-  using Stack = std::vector<DocumentCommand>;
-
-  ChangeSet apply(const DocumentCommand& command, Stack& inverses) {
-    CommandResult done = command.apply(project_);
-    inverses.push_back(std::move(done.inverse));
-    return std::move(done.changes);
-  }
-  std::optional<ChangeSet> step(Stack& from, Stack& to) {
-    if (from.empty()) return std::nullopt;
-    ChangeSet changes = apply(from.back(), to);
-    from.pop_back();
-    return changes;
-  }
-
-  KorrinProject project_;
-  Stack undo_;
-  Stack redo_;
-  std::optional<std::size_t> cleanPosition_ = 0;
-};
-// [/history]
 
 // [refresh]
 void refresh(const ChangeSet& changes) {
@@ -64,19 +22,21 @@ void refresh(const ChangeSet& changes) {
 
 void editAndUndo() {
   // [edit]
-  History history(KorrinProject::template_(KorrinTemplateID::powerTrio));
+  EditHistory history(KorrinProject::template_(KorrinTemplateID::powerTrio));
 
   PlotItem moved = history.project().items.front();
   moved.position.x += 500;
-  refresh(history.perform(DocumentCommand::replaceItems({moved})));
-  refresh(history.perform(DocumentCommand::deleteItems({moved.id})));
+  refresh(history.perform(DocumentCommand::replaceItems({moved}), {.name = "Move"}));
+  refresh(history.perform(DocumentCommand::deleteItems({moved.id}),
+                          {.name = "Delete", .selection = {moved.id}}));
 
-  while (const std::optional<ChangeSet> changes = history.undo()) refresh(*changes);
+  std::cout << "Undo " << history.undoName()->str() << '\n';
+  while (const std::optional<HistoryStep> step = history.undo()) refresh(step->changes);
   // [/edit]
 }
 
 void severalEditsAsOne() {
-  History history(KorrinProject::template_(KorrinTemplateID::powerTrio));
+  EditHistory history(KorrinProject::template_(KorrinTemplateID::powerTrio));
   StageDefinition stage = history.project().stage;
   stage.name = "Garden Stage";
   ProjectMetadata metadata = history.project().metadata;
@@ -90,6 +50,32 @@ void severalEditsAsOne() {
             << '\n';
 }
 
+void drag() {
+  EditHistory history(KorrinProject::template_(KorrinTemplateID::powerTrio));
+  const IDSet selection = {history.project().items.front().id};
+  // [drag]
+  history.beginGesture({.name = "Drag", .selection = selection, .selectionAfterwards = selection});
+  for (int step = 0; step < 200; ++step)
+    if (const auto command = movingCommand(history.project(), selection, {.x = 2, .y = 1}))
+      history.perform(*command);
+  history.endGesture();  // or cancelGesture(), when the user presses Escape
+  // [/drag]
+  std::cout << "edits to undo after a drag of 200 steps: " << history.undoCount() << '\n';
+}
+
+void typing() {
+  EditHistory history(KorrinProject::template_(KorrinTemplateID::powerTrio));
+  // [merge]
+  for (const char* venue : {"R", "Ro", "Ros", "Rose"}) {
+    ProjectMetadata metadata = history.project().metadata;
+    metadata.venue = venue;
+    history.perform(DocumentCommand::replaceMetadata(metadata),
+                    {.name = "Change Venue", .mergeKey = "venue"});
+  }
+  // [/merge]
+  std::cout << "edits to undo after typing four letters: " << history.undoCount() << '\n';
+}
+
 void reinsertedItem() {
   // [reinsert]
   KorrinProject project = KorrinProject::template_(KorrinTemplateID::powerTrio);
@@ -99,31 +85,25 @@ void reinsertedItem() {
   const std::size_t count = project.items.size();
   const CommandResult inserted = DocumentCommand::insertItems({item}).apply(project);
   inserted.inverse.apply(project);
-  std::cout << "items lost by insert and undo: " << count - project.items.size() << '\n';
+  std::cout << "items lost by insert and its inverse: " << count - project.items.size() << '\n';
   // [/reinsert]
 }
 
-void cleanDocument() {
-  // [clean]
-  History history(KorrinProject::template_(KorrinTemplateID::powerTrio));
+void savedDocument() {
+  // [saved]
+  EditHistory history(KorrinProject::template_(KorrinTemplateID::powerTrio));
   const KorrinProject saved = history.project();
-  history.markSaved();
 
   history.perform(DocumentCommand::replaceNotes({}));
   history.undo();
   std::cout << "equal to what was saved: " << (history.project() == saved)
-            << ", clean: " << history.isClean() << '\n';
-  // [/clean]
-  history = History(saved);
-  history.perform(DocumentCommand::deleteItems({saved.items.front().id}));
-  history.undo();
-  std::cout << "equal after undoing a deletion: " << (history.project() == saved) << '\n';
-
+            << ", saved: " << history.isSaved() << '\n';
+  // [/saved]
   history.perform(DocumentCommand::replaceNotes({}));
   history.markSaved();
   history.undo();
   history.perform(DocumentCommand::replaceEquipment({}));
-  std::cout << "as many edits as when it was saved, but others; clean: " << history.isClean()
+  std::cout << "as many edits as when it was saved, but others; saved: " << history.isSaved()
             << '\n';
 }
 
@@ -145,7 +125,9 @@ int main() {
   std::cout << std::boolalpha;
   editAndUndo();
   severalEditsAsOne();
+  drag();
+  typing();
   reinsertedItem();
-  cleanDocument();
+  savedDocument();
   heightThatIsNoNumber();
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <korrin/korrin.h>
+#include <korrin/session.h>
 
 using namespace korrin;
 
@@ -45,6 +46,25 @@ int main() {
             << "the two can be grouped again: " << project.groupingCommand(selection).has_value()
             << '\n';
   // [/lock]
+  // [why]
+  switch (whyNotEditable(project, locked).value()) {
+    case EditRefusal::itemLocked:
+      std::cout << "it is locked\n";
+      break;
+    case EditRefusal::layerHidden:
+    case EditRefusal::layerLocked:
+    case EditRefusal::layerMissing:
+      std::cout << "its layer is hidden, locked or missing\n";
+  }
+  // [/why]
+
+  // [ungroup]
+  KorrinProject unlocked = project;
+  unlocked.items.edit(0).isLocked = false;
+  if (const auto command = ungroupingCommand(unlocked, {unlocked.items[1].id}))
+    command->apply(unlocked);
+  std::cout << "groups after ungrouping: " << unlocked.groups.size() << '\n';
+  // [/ungroup]
 
   // [layer]
   const std::optional<UUID> lastUsed = std::nullopt;  // nothing remembered yet
