@@ -1,10 +1,9 @@
 #pragma once
 
-// The whole library. A host that minds its compile times includes what it uses instead.
+// Every public header of the core. To compile faster, include single headers.
 
 #include "korrin/coding/json_value.h"
 #include "korrin/commands/change_set.h"
-#include "korrin/commands/command_result.h"
 #include "korrin/commands/document_command.h"
 #include "korrin/commands/edit_refusal.h"
 #include "korrin/foundation/enumeration.h"
@@ -24,4 +23,6 @@
 #include "korrin/templates/korrin_template.h"
 #include "korrin/validation/document_validation.h"
 #include "korrin/validation/embedded_asset_safety.h"
+#include "korrin/validation/pdf/first_page_box.h"
+#include "korrin/validation/raster/raster_facts.h"
 #include "korrin/validation/raster_asset_safety.h"

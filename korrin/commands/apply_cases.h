@@ -1,12 +1,12 @@
 #pragma once
 
-// How each case but `Compound` changes a project. All of them first make what may fail, the inverse
-// and the reading of the clock among it, and then exchange parts of the project without fail: what
-// they throw leaves the project as it was. The clock is read nowhere else.
+// How the cases that need more than a row in replaced_parts.h change a project. Like the rows, they
+// first make whatever may fail, the inverse and the reading of the clock among it. Then they
+// exchange parts of the project, which cannot fail. What they throw leaves the project as it was.
 
 #include <type_traits>
 
-#include "korrin/commands/command_result.h"
+#include "korrin/commands/document_command.h"
 
 namespace korrin {
 
@@ -15,24 +15,6 @@ CommandResult applyCase(const InsertItems& insert, KorrinProject& project,
 CommandResult applyCase(const DeleteItems& deletion, KorrinProject& project,
                         const Environment& environment);
 CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceGroups& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceLayers& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceAssetManifest& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceMetadata& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceStage& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceInputs& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceMonitorMixes& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceEquipment& replacement, KorrinProject& project,
-                        const Environment& environment);
-CommandResult applyCase(const ReplaceNotes& replacement, KorrinProject& project,
                         const Environment& environment);
 CommandResult applyCase(const ReplaceProject& replacement, KorrinProject& project,
                         const Environment& environment);

@@ -99,4 +99,16 @@ CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
                       .affectsDocumentStructure = false}};
 }
 
+// `modifiedAt` comes with the project, which is what makes undoing a deletion exact.
+CommandResult applyCase(const ReplaceProject& replacement, KorrinProject& project,
+                        const Environment&) {
+  IDSet ids = identifiersOf(replacement.project.items);
+  DocumentCommand inverse = DocumentCommand::replaceProject(project);
+  project = replacement.project;
+  return {.inverse = std::move(inverse),
+          .changes = {.changedItemIDs = std::move(ids),
+                      .affectsTechnicalData = true,
+                      .affectsDocumentStructure = true}};
+}
+
 }  // namespace korrin

@@ -8,17 +8,28 @@
 
 namespace korrin {
 
-/// A summary of one edit. Two edits in a row are summed up by the union of their sets and the
-/// logical or of their flags.
+/// A summary of one edit, or of several.
 struct ChangeSet {
-  /// The plot items that the edit touched or that the request named: it may hold identifiers that
-  /// are no longer in the project and such as never were.
+  /// The plot items that the edit touched or that the request named. It may hold identifiers of
+  /// items that are gone, or that never existed.
   IDSet changedItemIDs;
   /// Whether inputs, monitor mixes, equipment or notes may have changed.
   bool affectsTechnicalData;
   /// Whether more than the contents of items changed: items came or went, or the groups, the
   /// layers, the stage, the asset manifest or the whole project were replaced.
   bool affectsDocumentStructure;
+
+  /// Adds what another edit changed: afterwards this sums up both. When memory runs out, it is what
+  /// it was.
+  void merge(ChangeSet other) {
+    const bool isSmaller = changedItemIDs.size() < other.changedItemIDs.size();
+    IDSet& larger = isSmaller ? other.changedItemIDs : changedItemIDs;
+    larger.reserve(changedItemIDs.size() + other.changedItemIDs.size());
+    if (isSmaller) changedItemIDs.swap(other.changedItemIDs);
+    changedItemIDs.merge(other.changedItemIDs);
+    affectsTechnicalData |= other.affectsTechnicalData;
+    affectsDocumentStructure |= other.affectsDocumentStructure;
+  }
 
   friend bool operator==(const ChangeSet&, const ChangeSet&) = default;
 };

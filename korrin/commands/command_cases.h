@@ -2,9 +2,11 @@
 
 // The fourteen edits of a project, one payload each. What a case does to the project and what its
 // inverse is stands here; how commands are made, kept and applied stands in document_command.h.
-// Identifiers that the project does not hold are passed over, nothing is validated, and every case
-// but `ReplaceProject` and `Compound` sets `metadata.modifiedAt` to the current instant.
+// Each has the name under which `DocumentCommand` makes it. Identifiers that the project does not
+// hold are passed over, nothing is validated, and every case but `ReplaceProject` and `Compound`
+// sets `metadata.modifiedAt` to the current instant.
 
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -22,6 +24,7 @@ namespace korrin {
 /// The inverse deletes the inserted identifiers, with all that a deletion entails: what an inserted
 /// item replaced does not come back.
 struct InsertItems {
+  static constexpr std::string_view name = "insertItems";
   List<PlotItem> items;  ///< In the order in which they are appended.
 };
 
@@ -33,6 +36,7 @@ struct InsertItems {
 ///
 /// The inverse is the whole former project, its `modifiedAt` included.
 struct DeleteItems {
+  static constexpr std::string_view name = "deleteItems";
   IDSet itemIDs;  ///< Unknown ones are passed over.
 };
 
@@ -41,56 +45,67 @@ struct DeleteItems {
 ///
 ///     items  A B C        replace C' X A'   ->   A' B C'
 struct ReplaceItems {
+  static constexpr std::string_view name = "replaceItems";
   List<PlotItem> items;  ///< Each in its new state.
 };
 
 /// Puts another list of groups in the place of the present one. The `groupID` of items stays.
 struct ReplaceGroups {
+  static constexpr std::string_view name = "replaceGroups";
   List<PlotGroup> groups;  ///< All groups from then on.
 };
 
 /// Puts another list of layers in the place of the present one. The `layerID` of items stays.
 struct ReplaceLayers {
+  static constexpr std::string_view name = "replaceLayers";
   List<PlotLayer> layers;  ///< All layers from then on.
 };
 
 /// Puts another list of embedded images in the place of the present one.
 struct ReplaceAssetManifest {
+  static constexpr std::string_view name = "replaceAssetManifest";
   List<AssetManifestEntry> entries;  ///< All entries from then on.
 };
 
 /// Replaces the metadata, all but `modifiedAt`, which is the current instant afterwards.
 struct ReplaceMetadata {
+  static constexpr std::string_view name = "replaceMetadata";
   ProjectMetadata metadata;  ///< Its `modifiedAt` is not used.
 };
 
 /// Replaces the stage.
 struct ReplaceStage {
+  static constexpr std::string_view name = "replaceStage";
   StageDefinition stage;  ///< The stage from then on.
 };
 
 /// Puts another input list in the place of the present one.
 struct ReplaceInputs {
+  static constexpr std::string_view name = "replaceInputs";
   List<InputChannel> inputs;  ///< All inputs from then on.
 };
 
 /// Puts another list of monitor mixes in the place of the present one.
 struct ReplaceMonitorMixes {
+  static constexpr std::string_view name = "replaceMonitorMixes";
   List<MonitorMix> monitorMixes;  ///< All mixes from then on.
 };
 
 /// Puts another list of equipment in the place of the present one.
 struct ReplaceEquipment {
+  static constexpr std::string_view name = "replaceEquipment";
   List<EquipmentRequirement> equipmentRequirements;  ///< All lines from then on.
 };
 
 /// Puts another list of notes in the place of the present one.
 struct ReplaceNotes {
+  static constexpr std::string_view name = "replaceNotes";
   List<ProjectNote> notes;  ///< All notes from then on.
 };
 
 /// Puts another project in the place of the present one, its `modifiedAt` included.
 struct ReplaceProject {
+  static constexpr std::string_view name = "replaceProject";
   KorrinProject project;  ///< The project from then on, whole.
 };
 
@@ -101,6 +116,7 @@ struct ReplaceProject {
 ///
 /// An empty compound changes nothing.
 struct Compound {
+  static constexpr std::string_view name = "compound";
   std::vector<DocumentCommand> commands;  ///< In the order in which they are applied.
 };
 

@@ -6,18 +6,10 @@
 #include <utility>
 
 #include "korrin/commands/apply_cases.h"
+#include "korrin/commands/replaced_parts.h"
 
 namespace korrin {
 namespace {
-
-void merge(ChangeSet& total, ChangeSet&& changes) {
-  if (total.changedItemIDs.empty())
-    total.changedItemIDs = std::move(changes.changedItemIDs);
-  else
-    total.changedItemIDs.merge(std::move(changes.changedItemIDs));
-  total.affectsTechnicalData |= changes.affectsTechnicalData;
-  total.affectsDocumentStructure |= changes.affectsDocumentStructure;
-}
 
 // Applies a compound and all that is nested in it. The way back up is kept here and not on the
 // machine's stack, which a deep nesting would exhaust.
@@ -61,7 +53,7 @@ class CompoundApplication {
   void step(const Case& payload) {
     CommandResult result = applyCase(payload, project_, environment_);
     levels_.back().inverses.push_back(std::move(result.inverse));
-    merge(changes_, std::move(result.changes));
+    changes_.merge(std::move(result.changes));
   }
 
   KorrinProject& project_;
@@ -83,51 +75,7 @@ CommandResult applyCase(const Compound& compound, KorrinProject& project,
 
 }  // namespace
 
-DocumentCommand DocumentCommand::insertItems(List<PlotItem> items) {
-  return DocumentCommand(InsertItems{std::move(items)});
-}
-DocumentCommand DocumentCommand::deleteItems(IDSet itemIDs) {
-  return DocumentCommand(DeleteItems{std::move(itemIDs)});
-}
-DocumentCommand DocumentCommand::replaceItems(List<PlotItem> items) {
-  return DocumentCommand(ReplaceItems{std::move(items)});
-}
-DocumentCommand DocumentCommand::replaceGroups(List<PlotGroup> groups) {
-  return DocumentCommand(ReplaceGroups{std::move(groups)});
-}
-DocumentCommand DocumentCommand::replaceLayers(List<PlotLayer> layers) {
-  return DocumentCommand(ReplaceLayers{std::move(layers)});
-}
-DocumentCommand DocumentCommand::replaceAssetManifest(List<AssetManifestEntry> entries) {
-  return DocumentCommand(ReplaceAssetManifest{std::move(entries)});
-}
-DocumentCommand DocumentCommand::replaceMetadata(ProjectMetadata metadata) {
-  return DocumentCommand(ReplaceMetadata{std::move(metadata)});
-}
-DocumentCommand DocumentCommand::replaceStage(StageDefinition stage) {
-  return DocumentCommand(ReplaceStage{std::move(stage)});
-}
-DocumentCommand DocumentCommand::replaceInputs(List<InputChannel> inputs) {
-  return DocumentCommand(ReplaceInputs{std::move(inputs)});
-}
-DocumentCommand DocumentCommand::replaceMonitorMixes(List<MonitorMix> monitorMixes) {
-  return DocumentCommand(ReplaceMonitorMixes{std::move(monitorMixes)});
-}
-DocumentCommand DocumentCommand::replaceEquipment(
-    List<EquipmentRequirement> equipmentRequirements) {
-  return DocumentCommand(ReplaceEquipment{std::move(equipmentRequirements)});
-}
-DocumentCommand DocumentCommand::replaceNotes(List<ProjectNote> notes) {
-  return DocumentCommand(ReplaceNotes{std::move(notes)});
-}
-DocumentCommand DocumentCommand::replaceProject(KorrinProject project) {
-  return DocumentCommand(ReplaceProject{std::move(project)});
-}
-DocumentCommand DocumentCommand::compound(std::vector<DocumentCommand> commands) {
-  return DocumentCommand(Compound{std::move(commands)});
-}
-
-DocumentCommand::DocumentCommand(Payload&& payload) : storage_(new Storage(std::move(payload))) {}
+DocumentCommand::DocumentCommand(Payload payload) : storage_(new Storage(std::move(payload))) {}
 
 // Commands that go with their compound join a queue instead of being destroyed from within its
 // destruction, which for a deep nesting would exhaust the machine's stack.

@@ -2,9 +2,12 @@
 
 // Commands: every edit of a project is one, and so is every undo and redo.
 
+#include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
+#include "korrin/commands/change_set.h"
 #include "korrin/commands/command_cases.h"
 #include "korrin/foundation/environment.h"
 #include "korrin/foundation/shared.h"
@@ -23,22 +26,53 @@ class DocumentCommand {
  public:
   using Payload = CommandPayload;  ///< One of the fourteen cases.
 
+  /// A command with this payload. Nothing is checked; the case itself says what it does.
+  explicit DocumentCommand(Payload payload);
+
   /// @{
-  /// The command that carries this, unlooked at; see the case of the same name.
-  static DocumentCommand insertItems(List<PlotItem> items);
-  static DocumentCommand deleteItems(IDSet itemIDs);
-  static DocumentCommand replaceItems(List<PlotItem> items);
-  static DocumentCommand replaceGroups(List<PlotGroup> groups);
-  static DocumentCommand replaceLayers(List<PlotLayer> layers);
-  static DocumentCommand replaceAssetManifest(List<AssetManifestEntry> entries);
-  static DocumentCommand replaceMetadata(ProjectMetadata metadata);
-  static DocumentCommand replaceStage(StageDefinition stage);
-  static DocumentCommand replaceInputs(List<InputChannel> inputs);
-  static DocumentCommand replaceMonitorMixes(List<MonitorMix> monitorMixes);
-  static DocumentCommand replaceEquipment(List<EquipmentRequirement> equipmentRequirements);
-  static DocumentCommand replaceNotes(List<ProjectNote> notes);
-  static DocumentCommand replaceProject(KorrinProject project);
-  static DocumentCommand compound(std::vector<DocumentCommand> commands);
+  /// A command with this payload. Nothing is checked; the case of the same name says what it does.
+  static DocumentCommand insertItems(List<PlotItem> items) {
+    return DocumentCommand(InsertItems{std::move(items)});
+  }
+  static DocumentCommand deleteItems(IDSet itemIDs) {
+    return DocumentCommand(DeleteItems{std::move(itemIDs)});
+  }
+  static DocumentCommand replaceItems(List<PlotItem> items) {
+    return DocumentCommand(ReplaceItems{std::move(items)});
+  }
+  static DocumentCommand replaceGroups(List<PlotGroup> groups) {
+    return DocumentCommand(ReplaceGroups{std::move(groups)});
+  }
+  static DocumentCommand replaceLayers(List<PlotLayer> layers) {
+    return DocumentCommand(ReplaceLayers{std::move(layers)});
+  }
+  static DocumentCommand replaceAssetManifest(List<AssetManifestEntry> entries) {
+    return DocumentCommand(ReplaceAssetManifest{std::move(entries)});
+  }
+  static DocumentCommand replaceMetadata(ProjectMetadata metadata) {
+    return DocumentCommand(ReplaceMetadata{std::move(metadata)});
+  }
+  static DocumentCommand replaceStage(StageDefinition stage) {
+    return DocumentCommand(ReplaceStage{std::move(stage)});
+  }
+  static DocumentCommand replaceInputs(List<InputChannel> inputs) {
+    return DocumentCommand(ReplaceInputs{std::move(inputs)});
+  }
+  static DocumentCommand replaceMonitorMixes(List<MonitorMix> monitorMixes) {
+    return DocumentCommand(ReplaceMonitorMixes{std::move(monitorMixes)});
+  }
+  static DocumentCommand replaceEquipment(List<EquipmentRequirement> equipmentRequirements) {
+    return DocumentCommand(ReplaceEquipment{std::move(equipmentRequirements)});
+  }
+  static DocumentCommand replaceNotes(List<ProjectNote> notes) {
+    return DocumentCommand(ReplaceNotes{std::move(notes)});
+  }
+  static DocumentCommand replaceProject(KorrinProject project) {
+    return DocumentCommand(ReplaceProject{std::move(project)});
+  }
+  static DocumentCommand compound(std::vector<DocumentCommand> commands) {
+    return DocumentCommand(Compound{std::move(commands)});
+  }
   /// @}
 
   // A move would leave a command without a payload behind; a copy costs hardly more.
@@ -57,6 +91,11 @@ class DocumentCommand {
     return std::get_if<Case>(&payload());
   }
 
+  /// The name of the case, such as "deleteItems": that of the function above which makes it.
+  std::string_view caseName() const noexcept {
+    return std::visit([](const auto& payload) { return payload.name; }, payload());
+  }
+
   /// Changes the project as the case says and returns the inverse and what changed. Applied to the
   /// project as it stands afterwards, the inverse restores every field but `metadata.modifiedAt`;
   /// after a deletion or a replacement of the project, that too. (Undoing an insert deletes; see
@@ -70,8 +109,6 @@ class DocumentCommand {
 
  private:
   class Storage;
-
-  explicit DocumentCommand(Payload&& payload);
 
   Shared<Storage> storage_;
 };
@@ -88,6 +125,14 @@ class DocumentCommand::Storage : public Counted {
   Storage* nextToDestroy_ = nullptr;
 };
 
+/// What applying a command gives back: the way back and what changed.
+struct CommandResult {
+  /// The command that brings the edited project back to what it was; see `DocumentCommand`. A host
+  /// keeps it for undo.
+  DocumentCommand inverse;
+  ChangeSet changes;  ///< What to refresh.
+};
+
 inline const DocumentCommand::Payload& DocumentCommand::payload() const noexcept {
   return storage_->payload();
 }
@@ -95,6 +140,3 @@ inline const DocumentCommand::Payload& DocumentCommand::payload() const noexcept
 }  // namespace korrin
 
 #pragma GCC visibility pop
-
-// A result holds a command, hence it can only be declared now; whoever applies commands needs it.
-#include "korrin/commands/command_result.h"

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <cstddef>
 #include <functional>
+#include <iosfwd>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,7 +47,7 @@ class Text {
     return storage_ ? std::string_view(storage_->utf8) : std::string_view();
   }
 
-  /// Whether there is no character, not so much as a blank.
+  /// Whether the text has no characters. A blank counts as one.
   bool empty() const noexcept { return !storage_; }
 
   /// Whether nothing but white space (the Unicode property White_Space) stands in the text; true
@@ -83,6 +84,13 @@ class Text {
            !std::same_as<String, Text>) friend std::strong_ordering
   operator<=>(const Text& a, const String& b) {
     return a <=> Text(std::string_view(b));
+  }
+
+  /// Prints the bytes as stored, to a stream whose header the caller includes.
+  template <class Traits>
+  friend std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& out,
+                                                      const Text& text) {
+    return out << text.str();
   }
 
  private:

@@ -7,6 +7,7 @@
 #include <compare>
 #include <cstdint>
 #include <functional>
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,13 @@ class UUID {
 
   /// The 16 bytes.
   constexpr const Bytes& bytes() const { return bytes_; }
+
+  /// Prints the canonical text form, to a stream whose header the caller includes.
+  template <class Traits>
+  friend std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& out,
+                                                      const UUID& id) {
+    return out << id.text();
+  }
 
   friend constexpr bool operator==(const UUID&, const UUID&) = default;
   /// By the bytes in their order, which is that of the canonical texts.

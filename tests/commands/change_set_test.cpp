@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "korrin/commands/command_result.h"
+#include "korrin/commands/document_command.h"
 
 #include "tests/support/sample_project.h"
 
@@ -48,6 +48,26 @@ TEST(ChangeSet, IsOwnedByEachCopy) {
   ChangeSet copy = original;
   copy.changedItemIDs.clear();
   EXPECT_EQ(original, sampleChanges());
+}
+
+TEST(ChangeSet, SumsUpEditsByUnionAndOr) {
+  ChangeSet total = {
+      .changedItemIDs = {}, .affectsTechnicalData = false, .affectsDocumentStructure = false};
+  total.merge(sampleChanges());
+  EXPECT_EQ(total, sampleChanges());
+  total.merge({.changedItemIDs = {identifier(3), identifier(4)},
+               .affectsTechnicalData = true,
+               .affectsDocumentStructure = false});
+  EXPECT_EQ(
+      total,
+      (ChangeSet{.changedItemIDs = {identifier(1), identifier(2), identifier(3), identifier(4)},
+                 .affectsTechnicalData = true,
+                 .affectsDocumentStructure = false}));
+  total.merge(
+      {.changedItemIDs = {}, .affectsTechnicalData = false, .affectsDocumentStructure = true});
+  EXPECT_EQ(total.changedItemIDs.size(), 4u);
+  EXPECT_TRUE(total.affectsTechnicalData);
+  EXPECT_TRUE(total.affectsDocumentStructure);
 }
 
 template <class T>

@@ -102,6 +102,10 @@ TEST_P(CommandCases, ChangeTheProject) {
   EXPECT_NE(test::withModifiedAt(project, sampleProject().metadata.modifiedAt), sampleProject());
 }
 
+TEST_P(CommandCases, HaveTheNameOfTheFunctionThatMakesThem) {
+  EXPECT_THAT(GetParam().name, testing::StartsWith(std::string(GetParam().command.caseName())));
+}
+
 TEST_P(CommandCases, UndoAndRedo) { test::expectUndoAndRedo(sampleProject(), GetParam().command); }
 
 INSTANTIATE_TEST_SUITE_P(Summary, CommandCases, testing::ValuesIn(summaries()),
@@ -112,6 +116,7 @@ TEST(DocumentCommand, TellsItsCaseAndItsPayload) {
   ASSERT_NE(command.get<DeleteItems>(), nullptr);
   EXPECT_EQ(command.get<DeleteItems>()->itemIDs, IDSet{identifier(1)});
   EXPECT_EQ(command.get<InsertItems>(), nullptr);
+  EXPECT_EQ(command.caseName(), "deleteItems");
   EXPECT_EQ(std::get_if<DeleteItems>(&command.payload()), command.get<DeleteItems>());
 }
 

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <compare>
+#include <sstream>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -149,6 +150,12 @@ TEST(Text, ComparesWithIllFormedBytesAsIfTheyWereMadeAText) {
   EXPECT_TRUE(Text("\xFF") == "\xFF");
   EXPECT_TRUE(Text("\xFF") == "\xFE");
   EXPECT_TRUE(Text("\uFFFD") == std::string("\xC3"));
+}
+
+TEST(Text, IsPrintedAsItWasGiven) {
+  std::ostringstream out;
+  out << Text("cafe\u0301") << Text();
+  EXPECT_EQ(out.str(), "cafe\u0301");
 }
 
 TEST(Text, SharesItsStorageWithCopies) {

@@ -1,6 +1,7 @@
 #include "korrin/foundation/uuid.h"
 
 #include <bitset>
+#include <sstream>
 #include <unordered_set>
 #include <vector>
 
@@ -100,6 +101,12 @@ TEST(UUID, RandomOnesRepeatNoBitOfTheirs) {
   const auto isConstant = [](const auto& bit) { return bit.none() || bit.all(); };
   EXPECT_EQ(std::erase_if(bits, isConstant), 6u);
   EXPECT_EQ(std::unordered_set(bits.begin(), bits.end()).size(), 122u);
+}
+
+TEST(UUID, IsPrintedAsItsText) {
+  std::ostringstream out;
+  out << *UUID::fromText("00000000-0000-0000-0000-0000000000fa");
+  EXPECT_EQ(out.str(), "00000000-0000-0000-0000-0000000000FA");
 }
 
 TEST(UUID, HashesOfCountingOnesDifferInTheirLastBits) {
