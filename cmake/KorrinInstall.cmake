@@ -14,13 +14,14 @@ install(EXPORT KorrinCoreTargets NAMESPACE KorrinCore:: DESTINATION ${KORRIN_CMA
 
 # Whoever links the static library links what it is made of, too; a shared one knows by itself.
 set(KORRIN_IS_STATIC ON)
-set(KORRIN_PC_PRIVATE "Requires.private: libutf8proc zlib\n")
+# By name and not by their modules: those hand the macros that the libraries are compiled with to every
+# host, and no public header shows a header of theirs. Mbed TLS has no module in all its versions.
+set(KORRIN_PC_PRIVATE "Libs.private: -lutf8proc -lz")
 if(BUILD_SHARED_LIBS)
   set(KORRIN_IS_STATIC OFF)
   set(KORRIN_PC_PRIVATE "")
 elseif(KORRIN_PDF_ENCRYPTION)
-  # Mbed TLS has no pkg-config module in all its versions.
-  string(APPEND KORRIN_PC_PRIVATE "Libs.private: -lmbedcrypto\n")
+  string(APPEND KORRIN_PC_PRIVATE " -lmbedcrypto")
   install(FILES cmake/FindMbedTLS.cmake DESTINATION ${KORRIN_CMAKE_DIR} COMPONENT dev)
 endif()
 

@@ -1,17 +1,25 @@
+#include <exception>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <stdexcept>
+#include <string>
 
 #include <korrin/korrin.h>
 
-int main(int, char** arguments) {
-  using namespace korrin;
-  std::ifstream file(arguments[1]);
-  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+using namespace korrin;
 
+std::string contentOf(const std::string& path) {
+  std::ifstream file(path);
+  if (!file) throw std::runtime_error("cannot open " + path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void deleteAndUndo(const std::string& bytes) {
   auto project =
       decodeJSON<KorrinProject>(bytes);   // throws a DecodingError that says where and why
   DocumentValidation::validate(project);  // throws when the plot is not safe to edit
+  if (project.items.empty()) throw std::runtime_error("the plot has no item to delete");
 
   const UUID first = project.items.front().id;
   const auto done = DocumentCommand::deleteItems({first}).apply(project);
@@ -21,5 +29,15 @@ int main(int, char** arguments) {
   std::cout << "back where we were: " << (project == decodeJSON<KorrinProject>(bytes)) << "\n";
 
   for (const PreflightIssue& issue : PreflightEngine::inspect(project, {}))
-    std::cout << rawValue(issue.severity) << ": " << issue.title.str() << "\n";
+    std::cout << rawValue(issue.severity) << ": " << issue.title << "\n";
+}
+
+int main(int count, char** arguments) {
+  try {
+    if (count != 2) throw std::runtime_error("use: my_editor PLOT");
+    deleteAndUndo(contentOf(arguments[1]));
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << "\n";
+    return 1;
+  }
 }

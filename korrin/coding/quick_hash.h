@@ -7,9 +7,8 @@
 
 namespace korrin::json {
 
-/// Tells texts apart that differ in length, in the middle or at the end, at the same cost for texts
-/// of any length. Whoever writes a document can make its texts collide: a table that uses this
-/// stays fast with any of them.
+/// A hash of length, middle byte and last byte. An author can choose colliding texts: use it only
+/// in tables whose worst case is bounded.
 constexpr std::size_t quickHash(std::string_view text) {
   if (text.empty()) return 0;
   const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };

@@ -37,7 +37,7 @@ class ListSlot {
  public:
   template <class... Arguments>
   explicit ListSlot(std::in_place_t, Arguments&&... arguments)
-      : record_(Shared<Record>::first(
+      : record_(Shared<Record>::adopt(
             new Record(std::in_place, std::forward<Arguments>(arguments)...))) {}
 
   const T& value() const noexcept { return record_->value; }
@@ -93,7 +93,7 @@ class ListLeaf : public Counted {
   static Shared<ListLeaf> make(std::size_t capacity) {
     static_assert(sizeof(ListLeaf) % alignof(Slot) == 0);
     void* const memory = ::operator new(sizeof(ListLeaf) + capacity * sizeof(Slot));
-    return Shared<ListLeaf>::first(::new (memory) ListLeaf(capacity));
+    return Shared<ListLeaf>::adopt(::new (memory) ListLeaf(capacity));
   }
   static void destroy(ListLeaf* leaf) noexcept {
     std::destroy_n(leaf->slots(), leaf->count_);

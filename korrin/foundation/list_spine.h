@@ -35,7 +35,7 @@ class ListSpine : public Counted {
     static_assert(sizeof(ListSpine) % alignof(Shared<Leaf>) == 0);
     const std::size_t bytes = sizeof(ListSpine) + capacity * (sizeof(Shared<Leaf>) + sizeof(End)) +
                               laterStretchesOf(capacity) * sizeof(std::size_t);
-    return Shared<ListSpine>::first(::new (::operator new(bytes)) ListSpine(capacity));
+    return Shared<ListSpine>::adopt(::new (::operator new(bytes)) ListSpine(capacity));
   }
   static void destroy(ListSpine* spine) noexcept {
     std::destroy_n(spine->leaves(), spine->leafCount_);

@@ -40,7 +40,7 @@ struct Field {
   Value Record::*member;  ///< Never null.
 };
 template <class Record, class Value>
-Field(const char*, Value Record::*) -> Field<Record, Value>;
+Field(std::string_view, Value Record::*) -> Field<Record, Value>;
 
 /// The record's fields as a std::tuple of `Field`, in declaration order.
 template <class Record>
@@ -61,6 +61,17 @@ inline constexpr bool standsInDocuments = true;
 template <class Record, class Visit>
 constexpr void forEachField(Visit&& visit) {
   std::apply([&visit](const auto&... field) { (visit(field), ...); }, fieldsOf<Record>());
+}
+
+/// The key of the field that this member is; empty when the table does not name it.
+template <class Record, class Value>
+constexpr std::string_view keyOf(Value Record::*member) {
+  std::string_view key;
+  forEachField<Record>([&](const auto& field) {
+    if constexpr (std::is_same_v<decltype(field.member), Value Record::*>)
+      if (field.member == member) key = field.key;
+  });
+  return key;
 }
 
 namespace detail {

@@ -53,8 +53,8 @@ class Shared {
   Shared() = default;
   /// Takes part in owning `object`, which may be null.
   explicit Shared(Object* object) noexcept : object_(object) { retain(); }
-  /// The first owner of `fresh`, which nobody else knows of yet; cheaper than the constructor.
-  static Shared first(Object* fresh) noexcept {
+  /// Takes over a new object that nothing else refers to; cheaper than the constructor.
+  static Shared adopt(Object* fresh) noexcept {
     fresh->owners_.store(1, std::memory_order_relaxed);
     Shared owner;
     owner.object_ = fresh;

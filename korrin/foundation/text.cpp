@@ -44,7 +44,7 @@ Text::Text(std::string utf8) {
       if (normal != utf8) composed = std::make_unique<const std::string>(std::move(normal));
     }
   }
-  storage_ = Shared<Storage>::first(new Storage(std::move(utf8), std::move(composed)));
+  storage_ = Shared<Storage>::adopt(new Storage(std::move(utf8), std::move(composed)));
 }
 
 const std::string& Text::emptyString() noexcept {

@@ -26,10 +26,9 @@ struct DocumentVersions {
 template <>
 constexpr auto fieldsOf<DocumentVersions>() {
   // The keys are the project's own.
-  constexpr auto project = fieldsOf<KorrinProject>();
   return std::tuple{
-      Field{std::get<0>(project).key.data(), &DocumentVersions::schemaVersion},
-      Field{std::get<1>(project).key.data(), &DocumentVersions::minimumReaderVersion},
+      Field{keyOf(&KorrinProject::schemaVersion), &DocumentVersions::schemaVersion},
+      Field{keyOf(&KorrinProject::minimumReaderVersion), &DocumentVersions::minimumReaderVersion},
   };
 }
 static_assert(tableIsComplete<DocumentVersions>);

@@ -1,7 +1,7 @@
 #pragma once
 
 // The symbols of a plot and what orders them: items, layers and groups. References between records
-// are identifiers; none of them is checked here, so any may dangle.
+// are identifiers. They are not checked and may refer to records that do not exist.
 
 #include <cstdint>
 #include <optional>

@@ -96,17 +96,6 @@ constexpr std::array refusals = {
         "pixels along an edge."},
 };
 
-// The key of a field, from the record's own table.
-template <class Record, class Value>
-constexpr std::string_view keyOf(Value Record::*member) {
-  std::string_view key;
-  forEachField<Record>([&](const auto& field) {
-    if constexpr (std::is_same_v<decltype(field.member), Value Record::*>)
-      if (field.member == member) key = field.key;
-  });
-  return key;
-}
-
 // A list of the project, and the identifier by which a finding names a record of it.
 template <class Record>
 struct Place {

@@ -75,6 +75,12 @@ TEST(Record, VisitsItsFieldsInTheTablesOrder) {
   EXPECT_EQ(pair.second, 7);
 }
 
+TEST(Record, TellsTheKeyOfAMember) {
+  static_assert(keyOf(&Pair::second) == "second");
+  EXPECT_EQ(keyOf(&Holder::ids), "ids");
+  EXPECT_EQ(keyOf(&Short::second), "");
+}
+
 TEST(Record, HashesEveryFieldInItsPlace) {
   EXPECT_EQ(hashOf(Pair{1, 2}), hashOf(Pair{1, 2}));
   EXPECT_NE(hashOf(Pair{1, 2}), hashOf(Pair{2, 1}));
