@@ -3,11 +3,10 @@
 // How long a value's text is likely to be, told from its type and the lengths of its lists alone,
 // so that a writer reserves about the right room at once.
 
+#include <concepts>
 #include <cstddef>
-#include <cstdint>
-#include <optional>
+#include <type_traits>
 
-#include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/instant.h"
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
@@ -16,73 +15,45 @@
 namespace korrin::json {
 
 template <class Value>
-struct TypicalSize;
+inline constexpr bool isList = false;
+template <class Element>
+inline constexpr bool isList<List<Element>> = true;
 
+/// The typical length for a type; of a list it is that of four elements.
 template <class Value>
 constexpr std::size_t typicalSize() {
   if constexpr (RecordType<Value>) {
     std::size_t size = 2;
-    forEachField<Value>([&size](const auto& field) {
+    forEachField<Value>([&size]<class FieldValue>(const Field<Value, FieldValue>& field) {
       constexpr std::size_t punctuation = 4;
-      using FieldValue = typename std::decay_t<decltype(field)>::ValueType;
       size += field.key.size() + punctuation + typicalSize<FieldValue>();
     });
     return size;
-  } else {
-    return TypicalSize<Value>::value;
+  } else if constexpr (std::same_as<Value, UUID>) {
+    return UUID::textLength + 2;
+  } else if constexpr (std::same_as<Value, Instant>) {
+    return 30;
+  } else if constexpr (std::same_as<Value, Text>) {
+    return 16;
+  } else if constexpr (std::is_enum_v<Value>) {
+    return 14;
+  } else if constexpr (std::is_arithmetic_v<Value>) {
+    return 6;
+  } else if constexpr (isList<Value>) {
+    return 4 * typicalSize<typename Value::value_type>();
+  } else {  // a std::optional
+    return typicalSize<typename Value::value_type>();
   }
 }
 
-template <>
-struct TypicalSize<bool> {
-  static constexpr std::size_t value = 5;
-};
-template <>
-struct TypicalSize<double> {
-  static constexpr std::size_t value = 6;
-};
-template <>
-struct TypicalSize<std::int64_t> {
-  static constexpr std::size_t value = 6;
-};
-template <>
-struct TypicalSize<Text> {
-  static constexpr std::size_t value = 16;
-};
-template <>
-struct TypicalSize<UUID> {
-  static constexpr std::size_t value = UUID::textLength + 2;
-};
-template <>
-struct TypicalSize<Instant> {
-  static constexpr std::size_t value = 30;
-};
-template <RawValueEnumeration Enumeration>
-struct TypicalSize<Enumeration> {
-  static constexpr std::size_t value = 14;
-};
-template <class Value>
-struct TypicalSize<std::optional<Value>> {
-  static constexpr std::size_t value = typicalSize<Value>();
-};
-template <class Element>
-struct TypicalSize<List<Element>> {
-  static constexpr std::size_t value = 4 * typicalSize<Element>();
-};
-
 /// The length to reserve for a value.
 template <class Value>
-std::size_t expectedSize(const Value&) {
-  return typicalSize<Value>();
-}
-template <class Element>
-std::size_t expectedSize(const List<Element>& list) {
-  return 2 + list.size() * (typicalSize<Element>() + 1);
-}
-template <RecordType Record>
-std::size_t expectedSize(const Record& record) {
-  std::size_t size = typicalSize<Record>();
-  forEachField<Record>([&](const auto& field) { size += expectedSize(record.*field.member); });
+std::size_t expectedSize(const Value& value) {
+  std::size_t size = typicalSize<Value>();
+  if constexpr (RecordType<Value>)
+    forEachField<Value>([&](const auto& field) { size += expectedSize(value.*field.member); });
+  else if constexpr (isList<Value>)
+    size = 2 + value.size() * (typicalSize<typename Value::value_type>() + 1);
   return size;
 }
 
