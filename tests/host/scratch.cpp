@@ -35,14 +35,18 @@ std::size_t Scratch::fileCount() const {
 }
 
 Outcome Scratch::korrin(const std::string& arguments) const {
+  return shell("\"$KORRIN\" " + arguments);
+}
+
+Outcome Scratch::shell(const std::string& line) const {
   // The captured output lies outside the folder, so that a test may count its files.
   const Scratch captured;
   const std::string out = captured.path("out");
   const std::string err = captured.path("err");
-  const std::string line = "cd '" + folder_.string() + "' && D='" + std::string(documents) +
-                           "' && { '" KORRIN_TOOL "' " + arguments + "; } </dev/null >'" + out +
-                           "' 2>'" + err + "'";
-  const int status = std::system(line.c_str());
+  const std::string whole = "cd '" + folder_.string() + "' && D='" + std::string(documents) +
+                            "' && export KORRIN='" KORRIN_TOOL "' && { " + line +
+                            "; } </dev/null >'" + out + "' 2>'" + err + "'";
+  const int status = std::system(whole.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), contentOf(out),
           contentOf(err)};
 }

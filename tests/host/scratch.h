@@ -34,6 +34,9 @@ class Scratch {
   /// the example documents. Standard input is empty unless redirected.
   Outcome korrin(const std::string& arguments) const;
 
+  /// Runs a line of the shell in the same way; "$KORRIN" is the program.
+  Outcome shell(const std::string& line) const;
+
  private:
   std::filesystem::path folder_;
 };

@@ -16,9 +16,13 @@
 #include "korrin/geometry/korrin_geometry.h"
 #include "korrin/model/document_coding.h"
 #include "korrin/preflight/preflight_engine.h"
+#include "korrin/review/difference.h"
+#include "korrin/review/merge.h"
 
 #include "tests/support/laws.h"
 #include "tests/support/random_edits.h"
+#include "tests/support/random_revisions.h"
+#include "tests/support/review_laws.h"
 #include "tests/support/sample_project.h"
 
 namespace korrin::test {
@@ -195,12 +199,35 @@ ScaleLaw preflight(Draw& draw) {
   };
 }
 
+ScaleLaw differences(Draw& draw) {
+  return [revisions = std::make_shared<RandomRevisions>(chanceOf(draw))](Digest& digest) {
+    const KorrinProject before = revisions->project();
+    const KorrinProject after = revisions->revised(before);
+    for (const Difference& one : korrin::differences(before, after))
+      digest.add(sentenceFor(one, before, after));
+    return differencesAreRight(before, after);
+  };
+}
+
+ScaleLaw merges(Draw& draw) {
+  return [revisions = std::make_shared<RandomRevisions>(chanceOf(draw))](Digest& digest) {
+    const KorrinProject base = revisions->project();
+    const KorrinProject ours = revisions->revised(base);
+    const KorrinProject theirs = revisions->revised(base);
+    const MergeResult result = merge(base, ours, theirs);
+    digest.add(encodeJSON(result.project, {.nonFinite = NonFinite::strings}));
+    for (const MergeConflict& conflict : result.conflicts) digest.add(conflict.list + conflict.id);
+    return mergeIsRight(base, ours, theirs);
+  };
+}
+
 }  // namespace
 
 const std::map<std::string, ScaleLaw (*)(Draw&)>& scaleLaws() {
   static const std::map<std::string, ScaleLaw (*)(Draw&)> laws = {
-      {"doubles", doubles},   {"instants", instants},   {"documents", documents},
-      {"commands", commands}, {"alignment", alignment}, {"preflight", preflight}};
+      {"doubles", doubles},         {"instants", instants},   {"documents", documents},
+      {"commands", commands},       {"alignment", alignment}, {"preflight", preflight},
+      {"differences", differences}, {"merges", merges}};
   return laws;
 }
 

@@ -46,7 +46,9 @@ using ScaleLaw = std::function<testing::AssertionResult(Digest&)>;
 /// - documents: any project, in any layout, reads back and is written again byte for byte;
 /// - commands: a command changes what it says, undoes and redoes;
 /// - alignment: one coordinate of each item changes and nothing else;
-/// - preflight: issues stand in order, stay the same, and depend on known assets as they should.
+/// - preflight: issues stand in order, stay the same, and depend on known assets as they should;
+/// - differences: they are those that a comparison of each record with each other finds;
+/// - merges: no edit is lost, and none is there that nobody made.
 const std::map<std::string, ScaleLaw (*)(Draw&)>& scaleLaws();
 
 }  // namespace korrin::test

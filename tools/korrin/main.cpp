@@ -12,8 +12,10 @@
 #include "commands/asset_command.h"
 #include "commands/check_command.h"
 #include "commands/command_line.h"
+#include "commands/diff_command.h"
 #include "commands/edit_command.h"
 #include "commands/fmt_command.h"
+#include "commands/merge_command.h"
 #include "commands/new_command.h"
 #include "commands/render_command.h"
 #include "commands/schema_command.h"
@@ -26,8 +28,8 @@ using namespace korrin::host;
 /// All commands, in the order in which help shows them.
 std::vector<Command> commands() {
   return {
-      checkCommand(), formatCommand(),    editCommand(),   assetCommand(),
-      newCommand(),   templatesCommand(), renderCommand(), schemaCommand(),
+      checkCommand(), formatCommand(), editCommand(),      diffCommand(),   mergeCommand(),
+      assetCommand(), newCommand(),    templatesCommand(), renderCommand(), schemaCommand(),
   };
 }
 

@@ -31,7 +31,8 @@ std::string CommandPage::fullName() const { return program.empty() ? name : prog
 std::string CommandPage::use() const {
   std::string use = fullName() + " [OPTIONS]";
   if (!subcommands.empty()) use += " COMMAND";
-  for (const Parameter& argument : arguments) use += " " + argument.use();
+  for (const Parameter& argument : arguments)
+    if (!argument.isHidden) use += " " + argument.use();
   return use;
 }
 

@@ -91,7 +91,7 @@ std::string manualPage(const CommandPage& page, std::string_view version) {
     text += entry(bold(command.name), command.summary);
   if (!page.arguments.empty()) text += heading("Arguments");
   for (const Parameter& argument : page.arguments)
-    text += entry(italic(argument.use()), argument.description());
+    if (!argument.isHidden) text += entry(italic(argument.use()), argument.description());
   if (!page.options.empty()) text += heading("Options");
   for (const Parameter& option : page.options)
     text += entry(optionTerm(option), option.description());
