@@ -21,6 +21,7 @@
 #include "korrin/preflight/preflight_engine.h"
 #include "korrin/preflight/preflight_issue.h"
 #include "korrin/templates/korrin_template.h"
+#include "korrin/validation/asset_refusal.h"
 #include "korrin/validation/document_validation.h"
 #include "korrin/validation/embedded_asset_safety.h"
 #include "korrin/validation/pdf/first_page_box.h"

@@ -2,9 +2,8 @@
 
 #include <cmath>
 
-#include "korrin/validation/document_validation_error.h"
 #include "korrin/validation/pdf/first_page_box.h"
-#include "korrin/validation/raster/readers.h"
+#include "korrin/validation/raster/raster_facts.h"
 #include "korrin/validation/raster_asset_safety.h"
 
 namespace korrin {
@@ -12,31 +11,48 @@ namespace {
 
 constexpr std::string_view pdfMediaType = "application/pdf";
 
-bool isSafeExtent(double extent) noexcept {
-  return std::isfinite(extent) && extent > 0 && extent <= EmbeddedAssetSafety::maximumPageExtent;
+std::optional<AssetRefusal> refusalOf(const PdfPage& page) noexcept {
+  switch (page.outcome) {
+    case PdfOutcome::notAPdf:
+      return AssetRefusal::unknownFormat;
+    case PdfOutcome::locked:
+      return AssetRefusal::lockedPdf;
+    case PdfOutcome::unreadable:
+      return AssetRefusal::unreadablePdf;
+    case PdfOutcome::noBox:
+      return AssetRefusal::pageWithoutBox;
+    case PdfOutcome::box:
+      break;
+  }
+  constexpr double largest = EmbeddedAssetSafety::maximumPageExtent;
+  if (!std::isfinite(page.width) || !std::isfinite(page.height)) return AssetRefusal::pageNotFinite;
+  if (page.width <= 0 || page.height <= 0) return AssetRefusal::pageWithoutArea;
+  if (page.width > largest || page.height > largest) return AssetRefusal::pageTooLarge;
+  return std::nullopt;
 }
 
-void validatePdf(std::span<const std::byte> bytes) {
+std::optional<AssetRefusal> refusalAsPdf(std::span<const std::byte> bytes) {
+  if (bytes.empty()) return AssetRefusal::emptyFile;
   // A known raster image is of another type, even when the rest of it is damaged or a PDF follows
   // inside. Bytes that no raster reader knows are the PDF reader's to judge.
-  if (raster::readerFor(bytes) != nullptr)
-    throw DocumentValidationError(DocumentValidationError::invalidImage);
-
-  const PdfPage page = readFirstPage(bytes);
-  const bool hasPage = page.outcome == PdfOutcome::box || page.outcome == PdfOutcome::noBox;
-  if (!hasPage) throw DocumentValidationError(DocumentValidationError::invalidImage);
-  // A page without a usable box bounds nothing, which is why it counts as too large rather than as
-  // invalid.
-  if (page.outcome == PdfOutcome::noBox || !isSafeExtent(page.width) || !isSafeExtent(page.height))
-    throw DocumentValidationError(DocumentValidationError::imageTooLarge);
+  if (readRasterFacts(bytes)) return AssetRefusal::imageUnderPdfType;
+  return refusalOf(readFirstPage(bytes));
 }
 
 }  // namespace
 
+std::optional<AssetRefusal> EmbeddedAssetSafety::refusal(
+    std::span<const std::byte> bytes, std::optional<std::string_view> mediaType) {
+  if (mediaType == pdfMediaType) return refusalAsPdf(bytes);
+  const auto reason = RasterAssetSafety::refusal(bytes);
+  const bool isPdf = reason == AssetRefusal::unknownFormat && hasPdfHeader(bytes);
+  return isPdf ? AssetRefusal::pdfUnderAnotherType : reason;
+}
+
 std::int64_t EmbeddedAssetSafety::validate(std::span<const std::byte> bytes,
                                            std::optional<std::string_view> mediaType) {
   if (mediaType != pdfMediaType) return RasterAssetSafety::validate(bytes);
-  validatePdf(bytes);
+  if (const auto reason = refusalAsPdf(bytes)) throw DocumentValidationError(errorOf(*reason));
   return 0;
 }
 

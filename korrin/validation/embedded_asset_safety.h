@@ -9,6 +9,8 @@
 #include <span>
 #include <string_view>
 
+#include "korrin/validation/asset_refusal.h"
+
 #pragma GCC visibility push(default)
 
 namespace korrin::EmbeddedAssetSafety {
@@ -30,6 +32,11 @@ inline constexpr double maximumPageExtent = 20'000;
 /// read without a password, and `imageTooLarge` when the page box is absent, degenerate, not finite
 /// or too large. Throws std::bad_alloc, and never a verdict, when memory runs out.
 std::int64_t validate(std::span<const std::byte> bytes, std::optional<std::string_view> mediaType);
+
+/// Why `validate` refuses the bytes under that media type; nothing when it accepts them. Throws
+/// std::bad_alloc when memory runs out.
+std::optional<AssetRefusal> refusal(std::span<const std::byte> bytes,
+                                    std::optional<std::string_view> mediaType);
 
 }  // namespace korrin::EmbeddedAssetSafety
 

@@ -1,22 +1,33 @@
 #include "korrin/validation/raster_asset_safety.h"
 
-#include "korrin/validation/document_validation_error.h"
-#include "korrin/validation/raster/readers.h"
+#include "korrin/validation/raster/raster_facts.h"
 
 namespace korrin {
+namespace {
+
+std::optional<AssetRefusal> refusalOf(const std::optional<RasterFacts>& facts) noexcept {
+  using namespace RasterAssetSafety;
+  if (!facts) return AssetRefusal::unknownFormat;
+  if (!facts->size) return AssetRefusal::damagedImage;
+  const auto [width, height] = *facts->size;
+  if (width < 1 || height < 1) return AssetRefusal::imageWithoutArea;
+  // Each side is compared before the product is formed, which therefore cannot overflow.
+  if (width > maximumDimension || height > maximumDimension) return AssetRefusal::imageTooLong;
+  if (width * height > maximumPixels) return AssetRefusal::tooManyPixels;
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<AssetRefusal> RasterAssetSafety::refusal(std::span<const std::byte> bytes) noexcept {
+  if (bytes.empty()) return AssetRefusal::emptyFile;
+  return refusalOf(readRasterFacts(bytes));
+}
 
 std::int64_t RasterAssetSafety::validate(std::span<const std::byte> bytes) {
-  const raster::Reader* reader = raster::readerFor(bytes);
-  if (reader == nullptr) throw DocumentValidationError(DocumentValidationError::invalidImage);
-  const std::optional<PixelSize> size = reader->size(bytes);
-  if (!size) throw DocumentValidationError(DocumentValidationError::invalidImage);
-
-  const auto [width, height] = *size;
-  if (width < 1 || height < 1) throw DocumentValidationError(DocumentValidationError::invalidImage);
-  // Each side is compared before the product is formed, which therefore cannot overflow.
-  if (width > maximumDimension || height > maximumDimension || width * height > maximumPixels)
-    throw DocumentValidationError(DocumentValidationError::imageTooLarge);
-  return static_cast<std::int64_t>(width * height);
+  const std::optional<RasterFacts> facts = readRasterFacts(bytes);
+  if (const auto reason = refusalOf(facts)) throw DocumentValidationError(errorOf(*reason));
+  return static_cast<std::int64_t>(facts->size->width * facts->size->height);
 }
 
 }  // namespace korrin

@@ -7,7 +7,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
+
+#include "korrin/validation/asset_refusal.h"
 
 #pragma GCC visibility push(default)
 
@@ -29,6 +32,9 @@ inline constexpr std::int64_t maximumAggregatePixels = 100'000'000;
 /// their header is damaged, incomplete or has a width or height of zero; `imageTooLarge` when width
 /// or height exceeds `maximumDimension`, or their product `maximumPixels`.
 std::int64_t validate(std::span<const std::byte> bytes);
+
+/// Why `validate` refuses the bytes; nothing when it accepts them. Never fails.
+std::optional<AssetRefusal> refusal(std::span<const std::byte> bytes) noexcept;
 
 }  // namespace korrin::RasterAssetSafety
 

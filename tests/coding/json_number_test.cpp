@@ -199,5 +199,11 @@ TEST(ScaledInteger, IsNothingWhereRoundingUpWouldNotFit) {
   EXPECT_EQ(json::scaledInteger("-18446744073709551615.5", 0, highest), std::nullopt);
 }
 
+TEST(NearestDouble, EndsWithItsText) {
+  const std::string_view text = "1.2345";
+  EXPECT_EQ(nearestDouble(text.substr(0, 3)), 1.2);
+  EXPECT_EQ(nearestDouble(text.substr(0, 1)), 1.0);
+}
+
 }  // namespace
 }  // namespace korrin

@@ -11,10 +11,6 @@
 
 namespace korrin {
 
-inline bool operator==(const PdfPage& a, const PdfPage& b) {
-  return a.outcome == b.outcome && a.width == b.width && a.height == b.height;
-}
-
 inline std::ostream& operator<<(std::ostream& out, const PdfPage& page) {
   if (page.outcome == PdfOutcome::notAPdf) return out << "not a PDF";
   if (page.outcome == PdfOutcome::locked) return out << "locked";

@@ -1,9 +1,12 @@
 #include "korrin/validation/embedded_asset_safety.h"
 
+#include <algorithm>
 #include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "korrin/validation/raster_asset_safety.h"
 
 #include "tests/support/image_builder.h"
 #include "tests/support/outcome.h"
@@ -158,6 +161,79 @@ TEST(EmbeddedAssetSafety, RefusesBytesThatAreNeitherImageNorPdf) {
     EXPECT_EQ(assetOutcome(bytesOf(bytes), pdf), invalidImage);
     EXPECT_EQ(assetOutcome(bytesOf(bytes), std::nullopt), invalidImage);
   }
+}
+
+struct Refused {
+  AssetRefusal refusal;
+  Bytes bytes;
+  std::optional<std::string_view> mediaType;
+};
+
+Refused refused(AssetRefusal refusal, const Bytes& bytes,
+                std::optional<std::string_view> mediaType = std::nullopt) {
+  return {refusal, bytes, mediaType};
+}
+
+Refused refusedPdf(AssetRefusal refusal, std::string_view text) {
+  return {refusal, bytesOf(text), pdf};
+}
+
+std::string pageOf(std::string_view box) { return onePage("/MediaBox[" + std::string(box) + "]"); }
+
+const std::vector<Refused> refusals = {
+    refused(AssetRefusal::emptyFile, {}),
+    refusedPdf(AssetRefusal::emptyFile, ""),
+    refused(AssetRefusal::unknownFormat, bytesOf("neither")),
+    refusedPdf(AssetRefusal::unknownFormat, "neither"),
+    refused(AssetRefusal::pdfUnderAnotherType, bytesOf(pageOf("0 0 3 3"))),
+    refused(AssetRefusal::pdfUnderAnotherType, bytesOf("%PDF-"), "image/png"),
+    refused(AssetRefusal::imageUnderPdfType, png({}), pdf),
+    refused(AssetRefusal::imageUnderPdfType, png({.width = 0}), pdf),
+    refused(AssetRefusal::damagedImage, png({.depth = 3})),
+    refused(AssetRefusal::imageWithoutArea, png({.width = 0})),
+    refused(AssetRefusal::imageWithoutArea, png({.width = 16001, .height = 0})),
+    refused(AssetRefusal::imageTooLong, png({.width = 16001, .height = 1})),
+    refused(AssetRefusal::imageTooLong, png({.width = 1, .height = 16001})),
+    refused(AssetRefusal::tooManyPixels, png({.width = 8000, .height = 6251})),
+    refusedPdf(AssetRefusal::lockedPdf,
+               PdfBuilder().object(1, "7").table("/Root 1 0 R/Encrypt 1 0 R").file()),
+    refusedPdf(AssetRefusal::unreadablePdf, "%PDF-1.7"),
+    refusedPdf(AssetRefusal::pageWithoutBox, onePage("")),
+    refusedPdf(AssetRefusal::pageNotFinite, pageOf("0 0 1" + std::string(400, '0') + " 3")),
+    refusedPdf(AssetRefusal::pageNotFinite, pageOf("0 0 0 1" + std::string(400, '0'))),
+    refusedPdf(AssetRefusal::pageWithoutArea, pageOf("0 0 0 20001")),
+    refusedPdf(AssetRefusal::pageWithoutArea, pageOf("0 3 3 3")),
+    refusedPdf(AssetRefusal::pageTooLarge, pageOf("0 0 20001 3")),
+    refusedPdf(AssetRefusal::pageTooLarge, pageOf("0 0 3 20001"))};
+
+TEST(AssetRefusal, SaysWhy) {
+  for (const Refused& row : refusals)
+    EXPECT_EQ(EmbeddedAssetSafety::refusal(row.bytes, row.mediaType), row.refusal)
+        << rawValue(row.refusal);
+}
+
+TEST(AssetRefusal, HasAFileForEachCase) {
+  for (const AssetRefusal refusal : allCases<AssetRefusal>())
+    EXPECT_TRUE(std::any_of(refusals.begin(), refusals.end(), [&](const Refused& row) {
+      return row.refusal == refusal;
+    })) << rawValue(refusal);
+}
+
+TEST(AssetRefusal, AgreesWithTheErrorThatIsThrown) {
+  for (const Refused& row : refusals)
+    EXPECT_EQ(assetOutcome(row.bytes, row.mediaType),
+              errorOf(row.refusal) == DocumentValidationError::invalidImage ? invalidImage
+                                                                            : imageTooLarge)
+        << rawValue(row.refusal);
+}
+
+TEST(AssetRefusal, IsAbsentForWhatIsAccepted) {
+  for (const NamedImage& image : imagesOfEveryKind(3, 2)) {
+    EXPECT_EQ(EmbeddedAssetSafety::refusal(image.bytes, std::nullopt), std::nullopt) << image.name;
+    EXPECT_EQ(RasterAssetSafety::refusal(image.bytes), std::nullopt) << image.name;
+  }
+  EXPECT_EQ(EmbeddedAssetSafety::refusal(bytesOf(pageOf("0 0 20000 20000")), pdf), std::nullopt);
+  EXPECT_EQ(RasterAssetSafety::refusal({}), AssetRefusal::emptyFile);
 }
 
 }  // namespace

@@ -76,6 +76,11 @@ PdfPage readByRecovery(std::string_view file, Budget& budget) {
 
 }  // namespace
 
+bool hasPdfHeader(std::span<const std::byte> bytes) noexcept {
+  Budget budget(bytes.size());
+  return headerOffsetOf(asText(bytes), budget).has_value();
+}
+
 PdfPage readFirstPage(std::span<const std::byte> bytes) {
   const std::string_view file = asText(bytes);
   Budget budget(file.size());

@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "korrin/validation/pdf/first_page_box.h"
 #include "korrin/validation/pdf/objects.h"
+#include "korrin/validation/pdf/pdf_page.h"
 #include "korrin/validation/pdf/value.h"
 
 namespace korrin::pdf {

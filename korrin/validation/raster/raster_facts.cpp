@@ -8,10 +8,14 @@ namespace {
 
 // AVIF stands before HEIF, of which it is a part. Otherwise no file is known to two of them.
 constexpr Reader readers[] = {
-    {RasterFormat::png, "PNG", isPng, pngSize},     {RasterFormat::jpeg, "JPEG", isJpeg, jpegSize},
-    {RasterFormat::gif, "GIF", isGif, gifSize},     {RasterFormat::bmp, "BMP", isBmp, bmpSize},
-    {RasterFormat::tiff, "TIFF", isTiff, tiffSize}, {RasterFormat::webp, "WebP", isWebp, webpSize},
-    {RasterFormat::avif, "AVIF", isAvif, heifSize}, {RasterFormat::heif, "HEIF", isHeif, heifSize},
+    {RasterFormat::png, "PNG", "image/png", isPng, pngSize},
+    {RasterFormat::jpeg, "JPEG", "image/jpeg", isJpeg, jpegSize},
+    {RasterFormat::gif, "GIF", "image/gif", isGif, gifSize},
+    {RasterFormat::bmp, "BMP", "image/bmp", isBmp, bmpSize},
+    {RasterFormat::tiff, "TIFF", "image/tiff", isTiff, tiffSize},
+    {RasterFormat::webp, "WebP", "image/webp", isWebp, webpSize},
+    {RasterFormat::avif, "AVIF", "image/avif", isAvif, heifSize},
+    {RasterFormat::heif, "HEIF", "image/heif", isHeif, heifSize},
 };
 
 }  // namespace
@@ -27,6 +31,12 @@ const Reader* readerFor(Bytes file) noexcept {
 std::string_view name(RasterFormat format) noexcept {
   for (const raster::Reader& reader : raster::readers)
     if (reader.format == format) return reader.name;
+  return "";
+}
+
+std::string_view mediaType(RasterFormat format) noexcept {
+  for (const raster::Reader& reader : raster::readers)
+    if (reader.format == format) return reader.mediaType;
   return "";
 }
 

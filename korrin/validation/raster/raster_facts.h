@@ -20,6 +20,9 @@ enum class RasterFormat { png, jpeg, gif, bmp, tiff, webp, heif, avif };
 /// The format's usual name, such as "PNG"; empty for a value that is no case.
 std::string_view name(RasterFormat format) noexcept;
 
+/// The format's media type, such as "image/png"; empty for a value that is no case.
+std::string_view mediaType(RasterFormat format) noexcept;
+
 /// Width and height in pixels as stored, before any orientation or crop is applied. Either may be
 /// zero: headers can say so.
 struct PixelSize {

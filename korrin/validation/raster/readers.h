@@ -43,6 +43,7 @@ std::optional<PixelSize> heifSize(Bytes file) noexcept;
 struct Reader {
   RasterFormat format;
   std::string_view name;
+  std::string_view mediaType;
   bool (*knows)(Bytes) noexcept;
   std::optional<PixelSize> (*size)(Bytes) noexcept;
 };

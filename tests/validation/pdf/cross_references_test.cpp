@@ -160,5 +160,25 @@ TEST(Header, MayBeLostAboveTheCommentThatMarksAFileAsBinary) {
   EXPECT_EQ(pageOf(pdf.file() + std::string(2000, ' ') + "%PDF-1.7"), notAPdf);
 }
 
+TEST(Trailer, IsTakenEntryByEntryFromTheNewestSectionThatHasIt) {
+  PdfBuilder withoutRoot = wholeTree();
+  withoutRoot.table("/Root 1 0 R/ID[(a)(b)]").object(4, "null").table("/ID[(a)(b)]");
+  EXPECT_EQ(pageOf(withoutRoot.file()), box(3, 3));
+  // Either root leads to a page.
+  PdfBuilder withAnother = wholeTree();
+  withAnother.table()
+      .object(4, "<</Pages 5 0 R>>")
+      .object(5, "<</MediaBox[0 0 5 5]>>")
+      .table("/Root 4 0 R");
+  EXPECT_EQ(pageOf(withAnother.file()), box(5, 5));
+}
+
+TEST(CrossReferenceStream, WithoutAnyWidthIsRebuilt) {
+  for (const char* widths : {"/W[0 0 0]", "/W[1 4]", "/W[1 9 2]", "/W 7"})
+    EXPECT_EQ(pageOf(replaced(onePageInObjectStream("/MediaBox[0 0 3 3]"), "/W[1 4 2]", widths)),
+              box(3, 3))
+        << widths;
+}
+
 }  // namespace
 }  // namespace korrin

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "korrin/validation/pdf/cross_references.h"
 #include "korrin/validation/pdf/crypto.h"
+#include "korrin/validation/pdf/objects.h"
 
 #include "tests/support/hostile_pdf_streams.h"
 #include "tests/support/pdf_builder.h"
@@ -215,6 +217,52 @@ TEST(Decryption, LeavesOutWhatIsNoWholeBlock) {
   }
   const pdf::Bytes data(47);
   EXPECT_EQ(decryption.open(data, 1, 0)->next().size(), 16u);
+}
+
+TEST(Encryption, MayStateThatMetadataIsEncrypted) {
+  const auto pageWith = [](const char* entry) {
+    return pageOf(replaced(contentOf("aes_128"), "/P -4", entry + std::string(" /P -4")));
+  };
+  EXPECT_EQ(pageWith("/EncryptMetadata true"), box(300, 400));
+  EXPECT_EQ(pageWith("/EncryptMetadata null"), box(300, 400));
+  EXPECT_EQ(pageWith("/EncryptMetadata false"), locked);
+}
+
+// The document with one more section, whose trailer has `entries`.
+std::string revised(const std::string& name, const std::string& entries) {
+  const std::string file = contentOf(name);
+  const std::size_t start = file.rfind("startxref") + 10;
+  const std::string previous = file.substr(start, file.find('\n', start) - start);
+  return file + "xref\n0 0\ntrailer<</Root 1 0 R/Size 7/Prev " + previous + entries +
+         ">>\nstartxref\n" + std::to_string(file.size()) + "\n%%EOF\n";
+}
+
+TEST(Encryption, IsThatOfAnOlderSectionWhereTheNewestSaysNothing) {
+  EXPECT_EQ(pageOf(revised("rc4_128", "")), box(300, 400));
+  EXPECT_EQ(pageOf(revised("rc4_128_password", "")), locked);
+}
+
+TEST(Encryption, IsWhatTheNewestSectionSays) {
+  EXPECT_EQ(pageOf(revised("rc4_128", "/Encrypt 5 0 R")), box(300, 400));
+  EXPECT_EQ(pageOf(revised("rc4_128", "/Encrypt 1 0 R")), locked);
+  EXPECT_EQ(pageOf(revised("rc4_128", "/ID[(another)(another)]")), locked);
+}
+
+TEST(Encryption, PaysForTheRoundsOfItsHash) {
+  const std::string file = contentOf("aes_256");
+  const auto isUnlockedWith = [&](std::size_t steps) {
+    pdf::Budget budget(0);
+    budget.payFor(pdf::limits::stepsBase - steps, 1);
+    pdf::CrossReferences references(file, 0, budget);
+    EXPECT_TRUE(references.load());
+    pdf::Objects objects(file, references, budget);
+    const auto lock =
+        unlock(objects, references.trailer().encrypt, references.trailer().identifiers);
+    return std::holds_alternative<pdf::Decryption>(lock) && !budget.isExhausted();
+  };
+  // Two hashes of at least 64 rounds each; what else there is to pay is less than one.
+  EXPECT_TRUE(isUnlockedWith(pdf::limits::stepsBase));
+  EXPECT_FALSE(isUnlockedWith(2 * 63 * pdf::price::hashRound));
 }
 
 }  // namespace

@@ -266,5 +266,18 @@ TEST(ObjectStream, MayNotContainItself) {
   EXPECT_EQ(pageOf(pdf.file()), unreadable);
 }
 
+TEST(ObjectStream, EndsBeforeItsEndMarkWhateverFollows) {
+  // The page's dictionary is not closed, and would go on behind the end.
+  for (const char* length : {"", "/Length 0", "/Length 24"}) {
+    PdfBuilder pdf = tree();
+    pdf.pretendAt(4, pdf.offset())
+        .raw("4 0 obj<</Type/ObjStm/N 1/First 4" + std::string(length) +
+             ">>stream\n3 0 <</MediaBox[0 0 3 3]\nendstream/MediaBox[0 0 9 9]>>endobj\n")
+        .pretendIn(3, 4, 0)
+        .crossReferenceStream(9);
+    EXPECT_EQ(pageOf(pdf.file()), box(3, 3)) << length;
+  }
+}
+
 }  // namespace
 }  // namespace korrin

@@ -1,3 +1,5 @@
+#include "korrin/validation/pdf/recovery.h"
+
 #include <string>
 
 #include <gtest/gtest.h>
@@ -224,6 +226,41 @@ TEST(Recovery, FindsTheCatalogueWhateverTheOrderOfItsObjectStream) {
                                head + first + second + "<</Kind/Font>>")
                        .file()),
             box(3, 3));
+}
+
+TEST(Recovery, PassesOverAStreamAtTheVeryStart) {
+  const std::string object = "3 0 obj<</MediaBox[0 0 9 9]>>endobj ";
+  const std::string rest = tree().file() + "trailer<</Root 1 0 R>>";
+  EXPECT_EQ(pageOf(">>stream " + object + "endstream " + rest), unreadable);
+  // These two begin no stream.
+  EXPECT_EQ(pageOf("stream " + object + "endstream " + rest), box(9, 9));
+  EXPECT_EQ(pageOf(" stream " + object + "endstream " + rest), box(9, 9));
+}
+
+TEST(Recovery, OpensAnObjectStreamOnceHoweverOftenItsNumberStands) {
+  PdfBuilder pdf = wholeTree();
+  std::string repeated;
+  for (std::size_t i = 0; i < pdf::limits::lookUps; ++i)
+    repeated += "4 0 obj<</Type/ObjStm>>endobj 5 0 obj<</Type/ObjStm>>endobj ";
+  EXPECT_EQ(pageOf(pdf.raw(repeated).raw("trailer<</Root 1 0 R>>").file()), box(3, 3));
+}
+
+TEST(Recovery, TakesNothingFromAnObjectStreamOfNumberZero) {
+  PdfBuilder pdf = wholeTree();
+  pdf.stream(0, "/Type/ObjStm/N 1/First 4", "3 0 <</MediaBox[0 0 9 9]>>");
+  EXPECT_EQ(pageOf(pdf.raw("trailer<</Root 1 0 R>>").file()), box(3, 3));
+}
+
+TEST(Recovery, RemembersSoManyObjectStreams) {
+  const auto isScanned = [](std::size_t streams) {
+    std::string file;
+    for (std::size_t i = 0; i < streams; ++i) file += std::to_string(i + 1) + " 0 obj/ObjStm ";
+    pdf::Budget budget(file.size());
+    pdf::RecoveredObjects(file, budget).scan();
+    return !budget.isExhausted();
+  };
+  EXPECT_TRUE(isScanned(pdf::limits::recoveredObjectStreams));
+  EXPECT_FALSE(isScanned(pdf::limits::recoveredObjectStreams + 1));
 }
 
 }  // namespace

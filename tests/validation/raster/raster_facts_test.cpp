@@ -26,6 +26,16 @@ TEST_P(EveryRasterKind, IsMeasuredAlikeWhateverFollowsItsHeader) {
 INSTANTIATE_TEST_SUITE_P(All, EveryRasterKind, testing::ValuesIn(imagesOfEveryKind(300, 20)),
                          [](const auto& row) { return row.param.name; });
 
+TEST(RasterFormats, HaveAMediaTypeOfTheirOwn) {
+  const std::pair<RasterFormat, std::string_view> types[] = {
+      {RasterFormat::png, "image/png"},   {RasterFormat::jpeg, "image/jpeg"},
+      {RasterFormat::gif, "image/gif"},   {RasterFormat::bmp, "image/bmp"},
+      {RasterFormat::tiff, "image/tiff"}, {RasterFormat::webp, "image/webp"},
+      {RasterFormat::heif, "image/heif"}, {RasterFormat::avif, "image/avif"}};
+  for (const auto& [format, type] : types) EXPECT_EQ(mediaType(format), type);
+  EXPECT_EQ(mediaType(static_cast<RasterFormat>(99)), "");
+}
+
 TEST(RasterFacts, KeepTheFormatWhenTheRestIsCutOff) {
   const auto cut = [](const Bytes& bytes, std::ptrdiff_t size) {
     return readRasterFacts(Bytes(bytes.begin(), bytes.begin() + size));

@@ -1,7 +1,5 @@
 #include "assets/asset_verdict.h"
 
-#include <cmath>
-
 #include "korrin/validation/embedded_asset_safety.h"
 #include "korrin/validation/pdf/first_page_box.h"
 #include "korrin/validation/raster/raster_facts.h"
@@ -28,30 +26,8 @@ Facts factsOf(std::span<const std::byte> bytes) {
   return {std::nullopt, page};
 }
 
-std::string_view mediaTypeOf(RasterFormat format) {
-  switch (format) {
-    case RasterFormat::png:
-      return "image/png";
-    case RasterFormat::jpeg:
-      return "image/jpeg";
-    case RasterFormat::gif:
-      return "image/gif";
-    case RasterFormat::bmp:
-      return "image/bmp";
-    case RasterFormat::tiff:
-      return "image/tiff";
-    case RasterFormat::webp:
-      return "image/webp";
-    case RasterFormat::avif:
-      return "image/avif";
-    case RasterFormat::heif:
-      return "image/heif";
-  }
-  return "";
-}
-
 std::optional<AssetType> typeOf(const Facts& facts) {
-  if (facts.raster) return AssetType{name(facts.raster->format), mediaTypeOf(facts.raster->format)};
+  if (facts.raster) return AssetType{name(facts.raster->format), mediaType(facts.raster->format)};
   return facts.pdf ? std::optional(pdfType) : std::nullopt;
 }
 
@@ -73,49 +49,44 @@ std::string excess(bool isTooWide, bool isTooHigh) {
   return isTooWide ? "wider" : "higher";
 }
 
-std::string whyRefused(const RasterFacts& facts) {
-  const std::string format(name(facts.format));
-  if (!facts.size) return "the " + format + " is damaged, cut short or of a kind that is not read";
-  const auto [width, height] = *facts.size;
-  if (width == 0 || height == 0) return "the " + format + " has a side of 0 pixels";
+std::string inWords(AssetRefusal refusal, const Facts& facts) {
   constexpr std::uint64_t side = RasterAssetSafety::maximumDimension;
-  if (width > side || height > side)
-    return excess(width > side, height > side) + " than " + grouped(side) + " pixels";
-  return grouped(width * height) + " pixels, and " + grouped(RasterAssetSafety::maximumPixels) +
-         " are allowed";
-}
-
-std::string whyRefused(const PdfPage& page) {
-  switch (page.outcome) {
-    case PdfOutcome::notAPdf:
-      break;
-    case PdfOutcome::locked:
+  constexpr double extent = EmbeddedAssetSafety::maximumPageExtent;
+  const std::string format(facts.raster ? name(facts.raster->format) : "");
+  const PixelSize size = facts.raster ? facts.raster->size.value_or(PixelSize{}) : PixelSize{};
+  switch (refusal) {
+    case AssetRefusal::emptyFile:
+      return "the file is empty";
+    case AssetRefusal::unknownFormat:
+      return "the content is none of PNG, JPEG, GIF, BMP, TIFF, WebP, HEIF, AVIF and PDF";
+    case AssetRefusal::pdfUnderAnotherType:
+      return "the content is PDF, which is accepted as application/pdf only";
+    case AssetRefusal::imageUnderPdfType:
+      return "the content is " + format + " and not PDF";
+    case AssetRefusal::damagedImage:
+      return "the " + format + " is damaged, cut short or of a kind that is not read";
+    case AssetRefusal::imageWithoutArea:
+      return "the " + format + " has a side of 0 pixels";
+    case AssetRefusal::imageTooLong:
+      return excess(size.width > side, size.height > side) + " than " + grouped(side) + " pixels";
+    case AssetRefusal::tooManyPixels:
+      return grouped(size.width * size.height) + " pixels, and " +
+             grouped(RasterAssetSafety::maximumPixels) + " are allowed";
+    case AssetRefusal::lockedPdf:
       return "it needs a password, or is encrypted in a way that is not read";
-    case PdfOutcome::unreadable:
+    case AssetRefusal::unreadablePdf:
       return "it is damaged, has no page, or takes too much work to read";
-    case PdfOutcome::noBox:
+    case AssetRefusal::pageWithoutBox:
       return "the first page has no media box of four numbers, and so no size";
-    case PdfOutcome::box: {
-      if (!std::isfinite(page.width) || !std::isfinite(page.height))
-        return "the first page's size is not a finite number";
-      if (page.width <= 0 || page.height <= 0) return "the first page has a side of 0 points";
-      constexpr double side = EmbeddedAssetSafety::maximumPageExtent;
-      return "the first page is " + excess(page.width > side, page.height > side) + " than " +
-             grouped(static_cast<std::uint64_t>(side)) + " points";
-    }
+    case AssetRefusal::pageNotFinite:
+      return "the first page's size is not a finite number";
+    case AssetRefusal::pageWithoutArea:
+      return "the first page has a side of 0 points";
+    case AssetRefusal::pageTooLarge:
+      return "the first page is " + excess(facts.pdf->width > extent, facts.pdf->height > extent) +
+             " than " + grouped(static_cast<std::uint64_t>(extent)) + " points";
   }
-  return "the content is not PDF";
-}
-
-std::string whyRefused(std::span<const std::byte> bytes, const Facts& facts, bool isJudgedAsPdf) {
-  if (bytes.empty()) return "the file is empty";
-  if (facts.raster && isJudgedAsPdf)
-    return "the content is " + std::string(name(facts.raster->format)) + " and not PDF";
-  if (facts.raster) return whyRefused(*facts.raster);
-  if (facts.pdf && !isJudgedAsPdf)
-    return "the content is PDF, which is accepted as application/pdf only";
-  if (facts.pdf) return whyRefused(*facts.pdf);
-  return "the content is none of PNG, JPEG, GIF, BMP, TIFF, WebP, HEIF, AVIF and PDF";
+  return {};
 }
 
 }  // namespace
@@ -125,11 +96,12 @@ AssetVerdict judgeAsset(std::span<const std::byte> bytes,
   const Facts facts = factsOf(bytes);
   AssetVerdict verdict{typeOf(facts), sizeOf(facts), std::nullopt, 0, {}};
   if (!mediaType && verdict.type) mediaType = verdict.type->mediaType;
-  try {
-    verdict.pixels = EmbeddedAssetSafety::validate(bytes, mediaType);
-  } catch (const DocumentValidationError& error) {
-    verdict.error = error;
-    verdict.reason = whyRefused(bytes, facts, mediaType == pdfType.mediaType);
+  if (const auto refusal = EmbeddedAssetSafety::refusal(bytes, mediaType)) {
+    verdict.error = errorOf(*refusal);
+    verdict.reason = inWords(*refusal, facts);
+  } else if (facts.raster) {
+    verdict.pixels =
+        static_cast<std::int64_t>(facts.raster->size->width * facts.raster->size->height);
   }
   return verdict;
 }

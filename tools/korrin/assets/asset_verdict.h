@@ -1,7 +1,7 @@
 #pragma once
 
 // Whether a file's bytes may be embedded in a plot, in words that a person understands. The verdict
-// is the library's; what stands here is why.
+// and its reason are the library's; what stands here are the words.
 
 #include <cstddef>
 #include <cstdint>
