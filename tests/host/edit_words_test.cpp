@@ -17,7 +17,8 @@ TEST(Words, StandBetweenBlanks) {
 
 TEST(Words, AreHeldTogetherByDoubleQuotes) {
   EXPECT_THAT(wordsOf("label \"BV 1\" \"\""), ElementsAre("label", "BV 1", ""));
-  EXPECT_THAT(wordsOf(R"("a \"b\" \\ \n")"), ElementsAre(R"(a "b" \ \n)"));
+  EXPECT_THAT(wordsOf(R"("a \"b\" \\ \x")"), ElementsAre(R"(a "b" \ \x)"));
+  EXPECT_THAT(wordsOf(R"("a\nb\r\tc" \n)"), ElementsAre("a\nb\r\tc", R"(\n)"));
   EXPECT_THAT(wordsOf("a\"b c\"d"), ElementsAre("ab cd"));
   EXPECT_THAT(wordsOf("don't C:\\x"), ElementsAre("don't", "C:\\x"));
 }

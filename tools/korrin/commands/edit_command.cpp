@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include "documents/document_file.h"
 #include "documents/dropped_keys.h"
 #include "documents/plot_document.h"
+#include "editing/edit_commands.h"
 #include "editing/edit_session.h"
 #include "editing/edit_words.h"
 #include "terminal/display_text.h"
@@ -26,7 +28,11 @@ std::optional<ExitCode> refused(EditSession& session, std::string_view line, Con
                                 const std::string& place) {
   std::optional<ExitCode> refusal;
   const ExitCode result = sayingFailures(console, place, [&] {
-    session.run(line);
+    try {
+      session.run(line);
+    } catch (const std::bad_alloc&) {
+      throw LineError("there is not enough memory for this line");
+    }
     return ExitCode::clean;
   });
   if (result != ExitCode::clean) refusal = result;
@@ -88,12 +94,14 @@ ExitCode edit(const EditOptions& options, Console& console) {
                                                 .sortedKeys = false,
                                                 .dates = options.dates,
                                                 .nonFinite = NonFinite::fail},
-                                   .isInteractive = isTyped};
+                                   .isInteractive = isTyped,
+                                   .savesAtTheEnd = options.isAllOrNothing};
     current = inputName(options.file);
     EditSession session(std::move(settings), open(options, console), console);
     current = inputName(script);
     const ExitCode result =
         isTyped ? runTyped(session, console) : runScript(session, script, console);
+    if (result == ExitCode::clean) session.finish();
     if (session.hasUnsavedChanges())
       complain(console, inputName(options.file) + ": the unsaved changes are lost");
     return result;
@@ -114,13 +122,20 @@ Command editCommand() {
     page.options.push_back(std::move(known));
   page.options.push_back(dates(options->dates));
   page.options.push_back(flag({"--pretty"}, "Save the plot indented", options->isPretty));
+  page.options.push_back(flag({"--all-or-nothing"},
+                              "Save at the end of the script, and nothing if a line is refused",
+                              options->isAllOrNothing));
   page.passages.push_back(
-      {.prose = "A script ends at the first line that is refused, with exit status 2. Keys that "
-                "the format does not know are dropped when the plot is saved."});
+      {.prose = "A script ends at the first line that is refused, with exit status 2; what it "
+                "saved before stays saved. Keys that the format does not know are dropped when the "
+                "plot is saved."});
   page.passages.push_back(
       {.heading = "Examples",
        .rows = {{"korrin edit plot.json", "commands as they are typed"},
-                {"korrin edit --script changes.korrin plot.json", "commands from a file"}}});
+                {"korrin edit --script changes.korrin plot.json", "commands from a file"},
+                {"set title \"Nachtzug\"", "a command: the plot's title"},
+                {"add item \"Drum kit\" 0 2300 label Drums", "a symbol, by its name"},
+                {"set input 7 microphoneOrDI \"Active DI\"", "what is plugged into channel 7"}}});
   page.passages.push_back(exitStatuses());
   return {std::move(page), [options](Console& console) { return edit(*options, console); }};
 }

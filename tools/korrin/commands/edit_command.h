@@ -19,6 +19,8 @@ struct EditOptions {
   AssetOptions assets = {};                    ///< For the command preflight.
   DateStrategy dates = DateStrategy::iso8601;  ///< How dates are read and written.
   bool isPretty = false;                       ///< Whether the plot is saved indented.
+  /// Whether a script that ends at a refused line saves nothing, not even what it saved before.
+  bool isAllOrNothing = false;
 };
 
 /// Opens and validates the plot and carries out one command a line. Typed at a terminal, a refused

@@ -1,23 +1,20 @@
 #pragma once
 
-// The commands that korrin edit understands.
+// A plot being edited by commands: what they share, and how a line is carried out.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "korrin/coding/coding_options.h"
-#include "korrin/geometry/item_alignment.h"
+#include "korrin/session/clipboard.h"
+#include "korrin/session/edit_history.h"
 
 #include "assets/known_assets.h"
-#include "editing/editor.h"
-#include "terminal/passages.h"
 #include "terminal/terminal.h"
 
 namespace korrin::host {
-
-/// What the user is told about the commands, for --help and help.
-std::vector<Passage> editCommandsHelp();
 
 class EditSession {
  public:
@@ -27,6 +24,9 @@ class EditSession {
     EncodingOptions encoding = {};  ///< For `save`.
     /// Whether somebody is there to think again when unsaved changes would be lost.
     bool isInteractive = false;
+    /// Whether `save` waits until `finish`.
+    bool savesAtTheEnd = false;
+    Environment environment = Environment::system();
   };
 
   EditSession(Settings settings, KorrinProject project, Console& console);
@@ -35,45 +35,52 @@ class EditSession {
   /// understood or refused, or when saving fails; then nothing has changed.
   void run(std::string_view line);
 
+  /// Writes what `save` was to write but waited. Throws LineError.
+  void finish();
+
   /// Whether `quit` was carried out.
   bool isOver() const { return isOver_; }
+  bool hasUnsavedChanges() const { return !history_.isSaved() || !saves_.empty(); }
 
-  bool hasUnsavedChanges() const { return editor_.isModified(); }
+  // For the commands.
+
+  const Settings& settings() const { return settings_; }
+  const Environment& environment() const { return settings_.environment; }
+  Console& console() { return console_; }
+  const KorrinProject& project() const { return history_.project(); }
+
+  /// Makes an edit, named after the line, and prints what changed. Throws LineError, and changes
+  /// nothing, when the project would not be safe to open any more.
+  void apply(const DocumentCommand& command);
+
+  void undo();
+  void redo();
+  /// Prints the names of the edits that can be undone, and of those that can be done again.
+  void listEdits();
+  void save(const std::string& file);
+  /// Ends the session; where changes would be lost and somebody is there, only when asked twice.
+  void quit();
+
+  const PlotFragment& clipboard() const { return clipboard_; }
+  void setClipboard(PlotFragment fragment) { clipboard_ = std::move(fragment); }
 
  private:
-  using Words = std::vector<std::string>;  // those after the command's name
-  struct Command;
-  friend std::vector<Passage> editCommandsHelp();
+  struct Save {
+    std::string file;
+    std::string bytes;
+  };
 
-  static const std::vector<Command>& commands();
-
-  void list(const Words& words);
-  void show(const Words& words);
-  void align(const Words& words);
-  void distribute(const Words& words);
-  void moveItem(const Words& words);
-  void deleteItems(const Words& words);
-  void group(const Words& words);
-  void label(const Words& words);
-  void undo(const Words& words);
-  void redo(const Words& words);
-  void preflight(const Words& words);
-  void save(const Words& words);
-  void help(const Words& words);
-  void quit(const Words& words);
-
-  void arrange(ItemAlignment alignment, const Words& itemNames);
-  /// Applies the command and prints what its change set says.
-  void apply(const DocumentCommand& command);
-  void replace(PlotItem item);
-  void printStep(std::string_view verb, const Editor::Step& step, const KorrinProject& before);
-  /// Prints what an edit changed, items by the names they have or had.
+  void write(const Save& save);
+  void printStep(std::string_view verb, const HistoryStep& step, const KorrinProject& before);
   void printChanges(const ChangeSet& changes, const KorrinProject& before);
 
   Settings settings_;
-  Editor editor_;
+  EditHistory history_;
   Console& console_;
-  std::string line_;  // being carried out: what an edit is called when it is undone
+  std::vector<std::string> names_;  // of the edits, those that can be done again at the end
+  PlotFragment clipboard_;
+  std::vector<Save> saves_;  // that wait for the end
+  std::string line_;         // the one being carried out
   bool isOver_ = false;
   bool hasWarned_ = false;  // that quitting loses changes, on this line
   bool wasWarned_ = false;  // the same, on the line before

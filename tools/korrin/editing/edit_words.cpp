@@ -6,6 +6,8 @@ namespace korrin::host {
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view escapes = "\"\\nrt";
+constexpr std::string_view escaped = "\"\\\n\r\t";  // what each stands for
 
 bool isBlank(char byte) { return blanks.find(byte) != std::string_view::npos; }
 
@@ -16,10 +18,11 @@ void takeQuoted(std::string_view line, std::size_t& position, std::string& word)
       ++position;
       return;
     }
-    const bool isEscaped = line[position] == '\\' && position + 1 < line.size() &&
-                           (line[position + 1] == '"' || line[position + 1] == '\\');
-    if (isEscaped) ++position;
-    word += line[position];
+    const std::size_t escape = line[position] == '\\' && position + 1 < line.size()
+                                   ? escapes.find(line[position + 1])
+                                   : std::string_view::npos;
+    if (escape != std::string_view::npos) ++position;
+    word += escape == std::string_view::npos ? line[position] : escaped[escape];
   }
   throw LineError("a double quote has no partner");
 }

@@ -17,8 +17,9 @@ class LineError : public Failure {
 };
 
 /// The words between the blanks of a line. Double quotes hold a word with blanks, or an empty one,
-/// together; inside them \" stands for a quote and \\ for a backslash. A # that begins a word makes
-/// the rest of the line a comment. Throws LineError for a quote without its partner.
+/// together; inside them \" stands for a quote, \\ for a backslash, and \n, \r and \t for a line
+/// break, a carriage return and a tab. A # that begins a word makes the rest of the line a comment.
+/// Throws LineError for a quote without its partner.
 std::vector<std::string> wordsOf(std::string_view line);
 
 /// The word as it has to be written in a line; ill-formed bytes and all.

@@ -3,6 +3,7 @@
 #include "korrin/commands/edit_refusal.h"
 
 #include "editing/edit_words.h"
+#include "terminal/words.h"
 
 namespace korrin::host {
 namespace {
@@ -32,7 +33,11 @@ const PlotItem& ItemNames::item(std::string_view name) const {
     if (identified != byIdentifier_.end()) return *identified->second;
   }
   const auto labelled = byLabel_.find(Text(name));
-  if (labelled == byLabel_.end()) throw LineError("there is no item " + inQuotes(name));
+  if (labelled == byLabel_.end()) {
+    std::vector<std::string> labels;
+    for (const PlotItem& item : project_.items) labels.push_back(item.label.str());
+    throw LineError("there is no item " + inQuotes(name) + suggestion(name, labels));
+  }
   if (labelled->second.size() > 1) refuseAmbiguous(name, labelled->second);
   return *labelled->second.front();
 }
