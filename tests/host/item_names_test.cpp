@@ -34,7 +34,8 @@ TEST(ItemNames, AreComparedAsTextsAre) {
   const KorrinProject project = festival();
   const ItemNames names(project);
   EXPECT_EQ(names.item("A\u0301ngela").label, "Ángela");
-  EXPECT_EQ(refusal([&] { names.item("bv 1"); }), "there is no item \"bv 1\"");
+  EXPECT_EQ(refusal([&] { names.item("bv 1"); }),
+            "there is no item \"bv 1\"; did you mean \"BV 1\"?");
   EXPECT_EQ(refusal([&] { names.item(""); }), "there is no item \"\"");
 }
 

@@ -1,5 +1,5 @@
-// What tells people how the program is used: help, manual pages, and completion by bash. All three
-// are held against each other, for whatever commands there are.
+// What tells people how the program is used: help, manual pages, and completion by shells. All
+// three are held against each other, for whatever commands there are.
 
 #include <sstream>
 #include <string>
@@ -112,6 +112,15 @@ TEST_F(Help, SaysHowACommandIsUsedAndWhatItsOptionsMean) {
   EXPECT_THAT(help("check"), testing::StartsWith("Usage: korrin check [OPTIONS] FILE...\n"));
 }
 
+TEST_F(Help, IsACommandToo) {
+  EXPECT_EQ(scratch.korrin("help").out, help(""));
+  for (const std::string& command : commands())
+    EXPECT_EQ(scratch.korrin("help " + command).out, help(command)) << command;
+  EXPECT_EQ(scratch.korrin("help chek").err,
+            "korrin: there is no command \"chek\"; did you mean \"check\"?\nTry korrin --help.\n");
+  EXPECT_EQ(scratch.korrin("-V").out, scratch.korrin("--version").out);
+}
+
 TEST_F(Help, KeepsTheManualsWriterToItself) {
   EXPECT_THAT(help(""), Not(HasSubstr("write-manual")));
 }
@@ -184,6 +193,49 @@ TEST_F(Completion, OffersTheWordsThatAnOptionTakes) {
   EXPECT_THAT(completions("korrin fmt --write-dates sec"),
               ElementsAre("secondsSince1970", "secondsSinceReferenceDate"));
   EXPECT_THAT(completions("korrin new --template p"), ElementsAre("power_trio"));
+}
+
+TEST_F(Completion, IsReadByZshAndFishWithoutAComplaint) {
+  if (shell("command -v zsh").out.empty() || shell("command -v fish").out.empty())
+    GTEST_SKIP() << "zsh or fish is not installed";
+  const Outcome zsh = shell("zsh -f -n manual/zsh/_korrin");
+  EXPECT_EQ(zsh.status, 0);
+  EXPECT_EQ(zsh.err, "");
+  const Outcome fish = shell("HOME=$PWD fish --no-config -n manual/fish/korrin.fish");
+  EXPECT_EQ(fish.status, 0);
+  EXPECT_EQ(fish.err, "");
+}
+
+TEST_F(Completion, OffersTheSameInFish) {
+  if (shell("command -v fish").out.empty()) GTEST_SKIP() << "fish is not installed";
+  const auto offered = [&](const std::string& line) {
+    const Outcome outcome =
+        shell("HOME=$PWD fish --no-config -c 'source manual/fish/korrin.fish; complete -C \"" +
+              line + "\"'");
+    EXPECT_EQ(outcome.err, "");
+    Words words;
+    for (const std::string& word : linesOf(outcome.out))
+      words.push_back(word.substr(0, word.find('\t')));
+    return words;
+  };
+  EXPECT_THAT(offered("korrin "), IsSupersetOf(commands()));
+  EXPECT_THAT(offered("korrin check --format "), testing::UnorderedElementsAre("text", "json"));
+  for (const std::string& command : commands()) {
+    Words names;
+    for (const std::string& name : optionNamesOf(help(command)))
+      if (name.starts_with("--")) names.push_back(name);
+    EXPECT_THAT(offered("korrin " + command + " --"), IsSupersetOf(names)) << command;
+  }
+}
+
+TEST_F(Completion, NamesEveryOptionForZsh) {
+  const std::string script = contentOf(scratch.path("manual/zsh/_korrin"));
+  for (const std::string& command : commands()) {
+    EXPECT_THAT(script, HasSubstr("\n    " + command + ")\n"));
+    for (const std::string& name : optionNamesOf(help(command)))
+      EXPECT_THAT(script, HasSubstr(name + "[")) << command;
+  }
+  EXPECT_THAT(script, HasSubstr(":FORMAT:(text json)"));
 }
 
 TEST_F(Completion, OffersFilesWhereOneBelongs) {

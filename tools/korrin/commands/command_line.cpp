@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 
 #include <CLI/CLI.hpp>
 
@@ -15,7 +16,7 @@ namespace korrin::host {
 namespace {
 
 const Parameter help = {.names = {"-h", "--help"}, .text = "Print this help and exit"};
-const Parameter version = {.names = {"--version"}, .text = "Print the version and exit"};
+const Parameter version = {.names = {"-V", "--version"}, .text = "Print the version and exit"};
 
 /// CLI11's way of naming one parameter in several ways.
 std::string commaParted(const std::vector<std::string>& names) {
@@ -105,6 +106,30 @@ std::size_t chosenCommand(const CLI::App& app, const CommandPage& program) {
   return static_cast<std::size_t>(found - program.subcommands.begin());
 }
 
+/// korrin help: what --help prints, of the program or of one of the commands.
+Command helpCommand(const std::vector<Command>& commands) {
+  const auto topic = std::make_shared<std::string>();
+  Parameter argument{.names = {"COMMAND"},
+                     .text = "The command that is explained; the program when absent",
+                     .take = [topic](const std::string& word) { *topic = word; }};
+  for (const Command& command : commands) argument.choices.push_back(command.page.name);
+  CommandPage page{.name = "help",
+                   .summary = "Explain the program or one of its commands.",
+                   .arguments = {std::move(argument)}};
+  const auto run = [topic, commands](Console& console) {
+    std::vector<Command> all = commands;
+    all.push_back(helpCommand(commands));
+    const CommandPage program = programPage(all);
+    const auto found = std::ranges::find(program.subcommands, *topic, &CommandPage::name);
+    if (!topic->empty() && found == program.subcommands.end())
+      throw UsageError("there is no command \"" + *topic + "\"" +
+                       suggestion(*topic, commandNames(program)));
+    console.out << helpText(topic->empty() ? program : *found);
+    return ExitCode::clean;
+  };
+  return {std::move(page), run};
+}
+
 ExitCode runUnderstood(const std::vector<Command>& commands, int count, char** arguments,
                        Console& console) {
   CommandPage program = programPage(commands);
@@ -153,7 +178,7 @@ CommandPage programPage(const std::vector<Command>& commands) {
       .name = "korrin",
       .summary = "Makes, checks, rewrites, edits and draws stage plots.",
       .options = {help, version},
-      .passages = {{.prose = "korrin COMMAND --help tells more of a command."}, exitStatuses()}};
+      .passages = {{.prose = "korrin help COMMAND tells more of a command."}, exitStatuses()}};
   for (const Command& command : commands) {
     CommandPage page = command.page;
     page.program = program.name;
@@ -167,7 +192,9 @@ CommandPage programPage(const std::vector<Command>& commands) {
 ExitCode runCommandLine(const std::vector<Command>& commands, int count, char** arguments,
                         Console& console) {
   try {
-    return runUnderstood(commands, count, arguments, console);
+    std::vector<Command> all = commands;
+    all.push_back(helpCommand(commands));
+    return runUnderstood(all, count, arguments, console);
   } catch (const UsageError& error) {
     complain(console, error.what());
     console.err << "Try korrin --help.\n";

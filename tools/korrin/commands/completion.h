@@ -1,6 +1,6 @@
 #pragma once
 
-// Completion of command lines in bash.
+// Completion of command lines in the shells bash, zsh and fish.
 
 #include <string>
 
@@ -12,5 +12,11 @@ namespace korrin::host {
 /// that an option takes where they are known, and the names of files where a command or an option
 /// takes one.
 std::string bashCompletion(const CommandPage& program);
+
+/// The same as a function of zsh, to be found by its name, "_korrin".
+std::string zshCompletion(const CommandPage& program);
+
+/// The same as commands of fish.
+std::string fishCompletion(const CommandPage& program);
 
 }  // namespace korrin::host

@@ -24,7 +24,10 @@ void writePages(const CommandPage& page, std::string_view version,
 
 void writeManual(const CommandPage& program, std::string_view version, const std::string& folder) {
   writePages(program, version, std::filesystem::path(folder) / "man1");
-  write(std::filesystem::path(folder) / "completions" / program.name, bashCompletion(program));
+  const std::filesystem::path root(folder);
+  write(root / "completions" / program.name, bashCompletion(program));
+  write(root / "zsh" / ("_" + program.name), zshCompletion(program));
+  write(root / "fish" / (program.name + ".fish"), fishCompletion(program));
 }
 
 }  // namespace korrin::host
