@@ -33,8 +33,12 @@ const std::vector<std::set<std::string>> floors = {
 
 // The same of the command-line host's folders.
 const std::vector<std::set<std::string>> hostFloors = {
-    {"terminal"}, {"documents"},         {"assets", "render"},
-    {"findings"}, {"editing", "schema"}, {"commands"},
+    {"terminal"},
+    {"documents"},
+    {"assets", "render"},
+    {"findings"},
+    {"editing", "revisions", "schema"},
+    {"commands"},
 };
 
 // Arrows between folders of one floor, each with its reason.
