@@ -4,8 +4,10 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "terminal/exit_code.h"
+#include "terminal/similar_file.h"
 #include "terminal/terminal.h"
 
 namespace korrin::host {
@@ -30,7 +32,8 @@ class UsageError : public Failure {
 };
 
 /// What `body` returns. A failure is said, after `place` if that is not empty, and its exit code
-/// returned instead; `body` may change `place` as it goes.
+/// returned instead; `body` may change `place` as it goes. Where `place` names a file to read that
+/// is not there, one with a similar name is offered.
 template <class Body>
 ExitCode sayingFailures(Console& console, const std::string& place, Body body) {
   try {
@@ -38,7 +41,9 @@ ExitCode sayingFailures(Console& console, const std::string& place, Body body) {
   } catch (const UsageError&) {
     throw;
   } catch (const Failure& failure) {
-    complain(console, place.empty() ? failure.what() : place + ": " + failure.what());
+    const bool isReading = std::string_view(failure.what()).starts_with("cannot be read");
+    complain(console, (place.empty() ? "" : place + ": ") + failure.what() +
+                          (isReading ? similarFileSuggestion(place) : ""));
     return failure.exitCode();
   }
 }

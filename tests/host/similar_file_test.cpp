@@ -1,0 +1,31 @@
+#include "terminal/similar_file.h"
+
+#include <gtest/gtest.h>
+
+#include "scratch.h"
+
+namespace korrin::host {
+namespace {
+
+TEST(SimilarFile, IsLookedForBesideTheMissingOne) {
+  const Scratch scratch;
+  scratch.write("nachtzug.json", "");
+  EXPECT_EQ(similarFileSuggestion(scratch.path("nachzug.json")),
+            "; did you mean \"" + scratch.path("nachtzug.json") + "\"?");
+  EXPECT_EQ(similarFileSuggestion(scratch.path("other.json")), "");
+  EXPECT_EQ(similarFileSuggestion(scratch.path("nachtzug.json")), "") << "it is there";
+  EXPECT_EQ(similarFileSuggestion(""), "");
+  EXPECT_EQ(similarFileSuggestion(scratch.path("absent/nachtzug.json")), "");
+}
+
+TEST(SimilarFile, IsOfferedByCommands) {
+  const Scratch scratch;
+  scratch.write("nachtzug.json", exampleDocument("festival-main-stage"));
+  for (const std::string command : {"fmt", "edit", "render"})
+    EXPECT_EQ(scratch.korrin(command + " nachzug.json").err,
+              "korrin: nachzug.json: cannot be read: No such file or directory; did you mean "
+              "\"nachtzug.json\"?\n");
+}
+
+}  // namespace
+}  // namespace korrin::host
