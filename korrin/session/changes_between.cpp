@@ -57,6 +57,42 @@ bool keepsOrder(std::vector<Pair> pairs) {
   return true;
 }
 
+// The items with one of the identifiers, which ascend.
+std::vector<Stray> itemsWith(const std::vector<UUID>& ids, const List<PlotItem>& items) {
+  std::vector<Stray> found;
+  std::size_t index = 0;
+  for (const PlotItem& item : items) {
+    if (std::binary_search(ids.begin(), ids.end(), item.id))
+      found.push_back({.id = item.id, .stretch = 0, .index = index});
+    ++index;
+  }
+  sortByIdentifier(found);
+  return found;
+}
+
+// Items that share an identifier are told apart by their order alone: where they changed places,
+// the identifier stands for another item.
+void nameExchangedTwins(ChangeSet& changes, const List<PlotItem>& before,
+                        const List<PlotItem>& after, const std::vector<Pair>& pairs) {
+  std::vector<UUID> ids;
+  for (const Pair& pair : pairs) ids.push_back(pair.before.id);
+  std::sort(ids.begin(), ids.end());
+  const std::vector<Stray> former = itemsWith(ids, before);
+  const std::vector<Stray> present = itemsWith(ids, after);
+  auto a = former.begin();
+  auto b = present.begin();
+  while (a != former.end() && b != present.end()) {
+    if (a->id != b->id) {  // one has come or gone, and is named for that
+      a->id < b->id ? ++a : ++b;
+      continue;
+    }
+    const PlotItem& itemBefore = before[a++->index];
+    const PlotItem& itemAfter = after[b++->index];
+    if (&itemBefore != &itemAfter && !sameBits(itemBefore, itemAfter))
+      changes.changedItemIDs.insert(itemBefore.id);
+  }
+}
+
 void addItemChanges(ChangeSet& changes, const List<PlotItem>& before, const List<PlotItem>& after) {
   std::vector<Stray> former;
   std::vector<Stray> present;
@@ -91,8 +127,9 @@ void addItemChanges(ChangeSet& changes, const List<PlotItem>& before, const List
   }
   std::for_each(a, former.end(), nameComeOrGone);
   std::for_each(b, present.end(), nameComeOrGone);
-  if (!changes.affectsDocumentStructure && !keepsOrder(std::move(pairs)))
-    changes.affectsDocumentStructure = true;
+  if (keepsOrder(pairs)) return;
+  changes.affectsDocumentStructure = true;
+  nameExchangedTwins(changes, before, after, pairs);
 }
 
 }  // namespace
