@@ -9,6 +9,7 @@
 
 #include "korrin/commands/document_command.h"
 #include "korrin/model/document_coding.h"
+#include "korrin/session/edit_history.h"
 
 #include "benchmarks/support/contest.h"
 #include "benchmarks/support/mirror_reading.h"
@@ -90,6 +91,25 @@ void addUndoEntries(std::size_t items) {
   });
 }
 
+// What a drag of so many steps leaves behind.
+double heldByDrag(std::size_t items, int steps) {
+  EditHistory history(generatedPlot(items));
+  PlotItem item = history.project().items[items / 2];
+  const std::ptrdiff_t before = liveBytes();
+  history.beginGesture();
+  for (int step = 0; step < steps; ++step) {
+    item.position.x += 1;
+    history.perform(DocumentCommand::replaceItems({item}));
+  }
+  history.endGesture();
+  return static_cast<double>(liveBytes() - before);
+}
+
+void addDrags(std::size_t items) {
+  measure("drag-heap/one-step/korrin", items, [items] { return heldByDrag(items, 1); });
+  measure("drag-heap/steps/korrin", items, [items] { return heldByDrag(items, 10'000); });
+}
+
 template <class Project>
 double allocationsOfACopy(const Project& project) {
   const std::size_t before = allocationCount();
@@ -113,6 +133,7 @@ int main(int argc, char** argv) {
   for (const std::size_t items : korrin::benchmarks::itemCounts) {
     korrin::benchmarks::addReading(items);
     korrin::benchmarks::addUndoEntries(items);
+    korrin::benchmarks::addDrags(items);
     korrin::benchmarks::addCopies(items);
   }
   return korrin::benchmarks::runContest(argc, argv);
