@@ -199,6 +199,18 @@ TEST(EditHistory, RaisesTheFlagOfWhateverElseDiffers) {
       << "another order";
 }
 
+// Their order alone tells them apart: afterwards the identifier stands for the other one.
+TEST(EditHistory, NamesItemsOfOneIdentifierThatExchangedPlaces) {
+  KorrinProject project = sampleProject();
+  project.items = {microphone(vocal, 1), microphone(kick), microphone(vocal, 2)};
+  KorrinProject exchanged = project;
+  exchanged.items.erase(2);
+  exchanged.items.insert(0, project.items[2]);
+  EditHistory history(project);
+  history.perform(C::replaceProject(exchanged));
+  EXPECT_EQ(history.undo()->changes, (ChangeSet{{vocal}, false, true}));
+}
+
 TEST(EditHistory, MergesEditsOfOneKeyAndKeepsTheFirstNameAndSelection) {
   Clock clock;
   EditHistory history(sampleProject());
