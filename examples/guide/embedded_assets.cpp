@@ -2,33 +2,14 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <exception>
 #include <iostream>
 #include <span>
 #include <string_view>
 
 #include <korrin/korrin.h>
+#include <korrin/session.h>
 
 using namespace korrin;
-
-// [accept]
-class EmbeddedImages {
- public:
-  /// Returns when the image may be embedded; throws a DocumentValidationError otherwise.
-  void accept(std::span<const std::byte> bytes, std::string_view mediaType) {
-    const std::int64_t pixels = EmbeddedAssetSafety::validate(bytes, mediaType);
-    if (pixels > RasterAssetSafety::maximumAggregatePixels - total_)
-      throw DocumentValidationError(DocumentValidationError::imageTooLarge);
-    total_ += pixels;
-  }
-
-  std::int64_t total() const { return total_; }
-
- private:
-  std::int64_t total_ = 0;  // pixels of all that was accepted
-};
-// [/accept]
 
 // The start of a PNG of 7000 by 7000 pixels: all that is looked at.
 constexpr std::array<unsigned char, 33> largeImage = {
@@ -37,20 +18,22 @@ constexpr std::array<unsigned char, 33> largeImage = {
 
 constexpr std::string_view notAnImage = "To whom it may concern";
 
-void show(EmbeddedImages& images, std::span<const std::byte> bytes, std::string_view mediaType) {
+// [accept]
+void take(AssetBudget& budget, std::span<const std::byte> bytes, std::string_view mediaType) {
   try {
-    images.accept(bytes, mediaType);
-    std::cout << "accepted; pixels in all: " << images.total() << '\n';
+    budget.admit(bytes, mediaType);
+    std::cout << "accepted; pixels in all: " << budget.pixels() << '\n';
   } catch (const DocumentValidationError& error) {
-    std::cout << error.what() << '\n';
+    std::cout << error.what() << '\n';  // not safe to embed, and not counted
   }
 }
+// [/accept]
 
 int main() {
-  EmbeddedImages images;
+  AssetBudget budget;  // of one document
   for (int time = 0; time < 3; ++time)
-    show(images, std::as_bytes(std::span(largeImage)), "image/png");
-  show(images, std::as_bytes(std::span(notAnImage)), "image/png");
+    take(budget, std::as_bytes(std::span(largeImage)), "image/png");
+  take(budget, std::as_bytes(std::span(notAnImage)), "image/png");
 
   // [manifest]
   KorrinProject project = KorrinProject::newDocument();
