@@ -130,6 +130,13 @@ TEST(SubjectOf, TellsListsThatShareIdentifiersApart) {
   }
 }
 
+TEST(PreflightRules, HaveTheSeverityThatTheEngineGives) {
+  const auto issues = PreflightEngine::inspect(faultyProject(), {"another"});
+  for (const PreflightIssue& issue : issues)
+    EXPECT_EQ(preflightRules()[static_cast<std::size_t>(issue.rule)].severity, issue.severity)
+        << rawValue(issue.rule);
+}
+
 TEST(SubjectOf, AnswersAStaleFindingWhileItsRecordStands) {
   KorrinProject project = faultyProject();
   const auto issues = PreflightEngine::inspect(project, {});
