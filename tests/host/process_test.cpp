@@ -77,8 +77,7 @@ TEST(Check, ShowsEveryRuleSortedBySeverity) {
 TEST(Check, TakesKnownAssetsFromFiles) {
   const Scratch scratch;
   std::string lines;
-  for (const Symbol& symbol : builtInSymbols())
-    lines += std::string(symbol.assetID) + "\r\n\n";
+  for (const Symbol& symbol : builtInSymbols()) lines += std::string(symbol.assetID) + "\r\n\n";
   scratch.write("symbols", lines);
   scratch.write("sofas", "krn.furniture.sofa.v9");
   const std::string plot = " $D/club-night-with-findings.json";
@@ -282,7 +281,7 @@ TEST(CommandLine, ThatIsWrongIsMisuse) {
       {"check", "FILE is required"},
       {"check --frob x", "there is no option \"--frob\""},
       {"check --formt=json x", "there is no option \"--formt\"; did you mean \"--format\"?"},
-      {"check --format xml x", "there is no \"xml\" among text, json"},
+      {"check --format xml x", "there is no \"xml\" among text, json, sarif, junit"},
       {"fmt --dates iso861 x",
        "there is no \"iso861\" among iso8601, secondsSince1970, millisecondsSince1970, "
        "secondsSinceReferenceDate; did you mean \"iso8601\"?"},

@@ -14,12 +14,14 @@
 #include "commands/command_line.h"
 #include "commands/diff_command.h"
 #include "commands/edit_command.h"
+#include "commands/fix_command.h"
 #include "commands/fmt_command.h"
 #include "commands/merge_command.h"
 #include "commands/new_command.h"
 #include "commands/render_command.h"
 #include "commands/schema_command.h"
 #include "commands/templates_command.h"
+#include "commands/waive_command.h"
 
 namespace {
 
@@ -28,8 +30,9 @@ using namespace korrin::host;
 /// All commands, in the order in which help shows them.
 std::vector<Command> commands() {
   return {
-      checkCommand(), formatCommand(), editCommand(),      diffCommand(),   mergeCommand(),
-      assetCommand(), newCommand(),    templatesCommand(), renderCommand(), schemaCommand(),
+      checkCommand(), fixCommand(),       waiveCommand(),  formatCommand(),
+      editCommand(),  diffCommand(),      mergeCommand(),  assetCommand(),
+      newCommand(),   templatesCommand(), renderCommand(), schemaCommand(),
   };
 }
 

@@ -1,9 +1,11 @@
 #include "commands/check_command.h"
 
+#include <map>
 #include <memory>
 #include <utility>
 
 #include "korrin/preflight/preflight_engine.h"
+#include "korrin/review/waivers.h"
 
 #include "assets/asset_folders.h"
 #include "assets/asset_table.h"
@@ -12,21 +14,69 @@
 #include "commands/parameters.h"
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
-#include "findings/findings.h"
+#include "documents/waiver_file.h"
+#include "findings/finding_rows.h"
 #include "findings/findings_json.h"
 #include "findings/findings_table.h"
+#include "findings/junit.h"
+#include "findings/rule_texts.h"
+#include "findings/sarif.h"
 #include "terminal/display_text.h"
 #include "terminal/failure.h"
 
 namespace korrin::host {
 namespace {
 
-FileFindings inspect(const std::string& path, DateStrategy dates, const KnownAssets& known) {
+/// Takes the accepted findings out of a file's. The audit is run for this in any case: whether a
+/// waiver is stale must not depend on what was asked for.
+void acceptWaived(FileFindings& file, std::vector<AuditFinding> audited, const WaiverList& list,
+                  bool withAudit) {
+  ReviewedIssues ofPreflight = review(std::move(file.issues), list);
+  ReviewedFindings ofAudit = review(
+      std::move(audited),
+      WaiverList{.schemaVersion = list.schemaVersion, .waivers = std::move(ofPreflight.stale)});
+  std::vector<PreflightIssue> issues;
+  std::vector<AuditFinding> findings;
+  std::map<Text, Waiver> waivers;
+  for (WaivedIssue& waived : ofPreflight.waived) {
+    waivers.try_emplace(waived.issue.id, std::move(waived.waiver));
+    issues.push_back(std::move(waived.issue));
+  }
+  for (WaivedFinding& waived : ofAudit.waived) {
+    if (!withAudit) continue;
+    waivers.try_emplace(waived.finding.id, std::move(waived.waiver));
+    findings.push_back(std::move(waived.finding));
+  }
+  for (FindingRow& row : rowsOf(file.project, issues, findings)) {
+    Waiver waiver = waivers.at(row.id);
+    file.waived.push_back({std::move(row), std::move(waiver)});
+  }
+  file.issues = std::move(ofPreflight.open);
+  if (withAudit) file.audit = std::move(ofAudit.open);
+  // A rule that was not run says nothing about what it would have found.
+  const std::string notRun = std::string(rawValue(PreflightRule::missingAsset)) + ":";
+  for (Waiver& waiver : ofAudit.stale)
+    if (file.missingAssetNotRunReason.empty() || !waiver.findingID.str().starts_with(notRun))
+      file.stale.push_back(std::move(waiver));
+}
+
+FileFindings inspect(const std::string& path, const CheckOptions& options,
+                     const KnownAssets& known) {
   FileFindings file{inputName(path), std::nullopt, KorrinProject{}, {}, known.notRunReason};
+  file.isStrict = options.isStrict;
   try {
-    file.project = decodeDocument(readDocument(path), dates);
+    file.project = decodeDocument(readDocument(path), options.dates);
     requireValid(file.project);
     file.issues = PreflightEngine::inspect(file.project, known.identifiers);
+    std::optional<WaiverList> waivers;
+    if (options.waivers || path != standardStream)
+      waivers = readWaivers(options.waivers.value_or(waiverFileFor(path)));
+    if (options.waivers && !waivers)
+      throw Refusal(RefusalReason::unreadable, *options.waivers + ": there is no such file");
+    if (waivers)
+      acceptWaived(file, audit(file.project), *waivers, options.withAudit);
+    else if (options.withAudit)
+      file.audit = audit(file.project);
   } catch (const Refusal& refusal) {
     file.refusal = refusal;
   }
@@ -38,14 +88,31 @@ void print(const FileFindings& file, Console& console) {
     complain(console, file.name + ": " + file.refusal->what());
     return;
   }
+  const std::vector<FindingRow> rows = openRows(file);
   const bool hasAssets = file.assets && !file.assets->empty();
-  if (!file.issues.empty() || hasAssets) console.out << printable(file.name) << '\n';
-  printFindings(console.out, console.outTerminal, file.project, file.issues);
+  if (!rows.empty() || hasAssets || !file.waived.empty() || !file.stale.empty())
+    console.out << printable(file.name) << '\n';
+  printRows(console.out, console.outTerminal, rows);
+  printWaivers(console.out, console.outTerminal, file);
   if (hasAssets) printAssets(console.out, console.outTerminal, *file.assets);
   console.out << summaryLine(file) << '\n';
 }
 
+void printReport(CheckFormat format, const std::vector<FileFindings>& files, ExitCode result,
+                 std::ostream& out) {
+  if (format == CheckFormat::json) out << findingsReport(files, result) << '\n';
+  if (format == CheckFormat::sarif) out << sarifLog(files, result) << '\n';
+  if (format == CheckFormat::junit) out << junitReport(files);
+}
+
 ExitCode checkFiles(const CheckOptions& options, Console& console) {
+  if (options.explained) {
+    console.out << explanationOf(*options.explained);
+    return ExitCode::clean;
+  }
+  if (options.files.empty()) throw UsageError("FILE is required");
+  if (options.waivers && options.files.size() > 1)
+    throw UsageError("--waivers goes with one FILE; each plot has findings of its own");
   const KnownAssets known = knownAssets(options.assets);
   AssetFolders folders(options.assetFolders);
   ExitCode result = ExitCode::clean;
@@ -53,20 +120,21 @@ ExitCode checkFiles(const CheckOptions& options, Console& console) {
   Progress progress(console, options.files.size());
   for (const std::string& path : options.files) {
     progress.step(inputName(path));
-    FileFindings file = inspect(path, options.dates, known);
+    FileFindings file = inspect(path, options, known);
     if (!options.assetFolders.empty() && !file.refusal)
       file.assets = checkManifest(file.project, folders);
     result = worse(result, file.exitCode());
-    if (options.format == ReportFormat::json) {
-      file.project = KorrinProject{};  // the report needs the findings only
-      reported.push_back(std::move(file));
-    } else {
+    if (options.format == CheckFormat::text) {
       progress.clear();
       print(file, console);
+    } else {
+      if (options.format == CheckFormat::json)
+        file.project = KorrinProject{};  // the report needs the findings only
+      reported.push_back(std::move(file));
     }
   }
   progress.clear();
-  if (options.format == ReportFormat::json) console.out << findingsReport(reported, result) << '\n';
+  printReport(options.format, reported, result, console.out);
   return result;
 }
 
@@ -91,11 +159,24 @@ Command checkCommand() {
           {.heading = "Examples",
            .rows = {{"korrin check --builtin-assets plot.json",
                      "what a venue's crew would trip over"},
-                    {"korrin check --format json *.json", "the same of many, for programs"}}},
+                    {"korrin check --format json *.json", "the same of many, for programs"},
+                    {"korrin check --explain itemOutsideStage", "what a rule is about"}}},
           exitStatuses()}};
   page.options.push_back(repeatable(
       {"--assets"}, "FOLDER", "Folder with the plots' embedded images, found by their digests",
       options->assetFolders));
+  page.arguments.front().isRequired = false;  // with --explain there is none
+  page.options.push_back(flag(
+      {"--audit"}, "Also look at what preflight passes over, such as groups", options->withAudit));
+  page.options.push_back(option({"--waivers"}, "FILE",
+                                "Accepted findings; those in NAME.waivers.json beside the plot "
+                                "when absent",
+                                options->waivers));
+  page.options.push_back(
+      flag({"--strict"}, "A waiver whose finding is no more is a finding", options->isStrict));
+  page.options.push_back(option({"--explain"}, "RULE",
+                                "Say what a rule is about and how to mend what it finds",
+                                options->explained));
   page.options.push_back(choice("--format", "FORMAT", "How findings are printed", options->format));
   page.options.push_back(dates(options->dates, "How dates stand in the plots"));
   return {std::move(page), [options](Console& console) { return check(*options, console); }};

@@ -9,6 +9,7 @@
 #include "commands/help_text.h"
 #include "commands/manual.h"
 #include "documents/document_file.h"
+#include "findings/rule_texts.h"
 #include "terminal/failure.h"
 #include "terminal/words.h"
 
@@ -139,6 +140,12 @@ ExitCode runUnderstood(const std::vector<Command>& commands, int count, char** a
        .valueName = "FOLDER",
        .isHidden = true,
        .take = [&manualFolder](const std::string& word) { manualFolder = word; }});
+  std::string rulePagesFolder;  // for whoever keeps docs/rules
+  program.options.push_back(
+      {.names = {"--write-rule-pages"},
+       .valueName = "FOLDER",
+       .isHidden = true,
+       .take = [&rulePagesFolder](const std::string& word) { rulePagesFolder = word; }});
   std::size_t standardInputs = 0;
   CLI::App app("", program.name);
   app.require_subcommand(0, 1);
@@ -159,10 +166,15 @@ ExitCode runUnderstood(const std::vector<Command>& commands, int count, char** a
     throw UsageError(error.what());
   }
   if (!manualFolder.empty()) {
-    program.options.pop_back();
+    std::erase_if(program.options, [](const Parameter& option) { return option.isHidden; });
     writeManual(program, KORRIN_VERSION, manualFolder);
     return ExitCode::clean;
   }
+  if (!rulePagesFolder.empty())
+    return sayingFailures(console, rulePagesFolder, [&] {
+      writeRulePages(rulePagesFolder);
+      return ExitCode::clean;
+    });
   const std::size_t chosen = chosenCommand(app, program);
   requireNothingLeft(app, program);
   if (chosen == commands.size()) throw UsageError("a command is missing");

@@ -11,6 +11,7 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 #include "korrin/preflight/preflight_issue.h"
+#include "korrin/review/audit.h"
 
 #include "assets/asset_report.h"
 #include "documents/plot_document.h"
@@ -33,6 +34,14 @@ struct RuleNotRun {
   Text reason;
 };
 
+/// A waiver, and the finding that it accepts or accepted once.
+struct WaiverEntry {
+  Text findingID;
+  Text reason;
+  Text author;
+  Text date;
+};
+
 struct InspectedFile {
   Text file;
   InspectionStatus status;
@@ -40,6 +49,9 @@ struct InspectedFile {
   std::vector<RuleNotRun> notRun;
   std::vector<PreflightIssue> findings;
   std::optional<AssetSection> assets;
+  std::optional<std::vector<AuditFinding>> audit;
+  std::vector<WaiverEntry> waived;
+  std::vector<WaiverEntry> staleWaivers;
 };
 
 struct FileRefusal {
@@ -89,6 +101,17 @@ constexpr auto fieldsOf<host::RuleNotRun>() {
 static_assert(tableIsComplete<host::RuleNotRun>);
 
 template <>
+constexpr auto fieldsOf<host::WaiverEntry>() {
+  return std::tuple{
+      Field{"findingID", &host::WaiverEntry::findingID},
+      Field{"reason", &host::WaiverEntry::reason},
+      Field{"author", &host::WaiverEntry::author},
+      Field{"date", &host::WaiverEntry::date},
+  };
+}
+static_assert(tableIsComplete<host::WaiverEntry>);
+
+template <>
 constexpr auto fieldsOf<host::InspectedFile>() {
   return std::tuple{
       Field{"file", &host::InspectedFile::file},
@@ -97,6 +120,9 @@ constexpr auto fieldsOf<host::InspectedFile>() {
       Field{"notRun", &host::InspectedFile::notRun},
       Field{"findings", &host::InspectedFile::findings},
       Field{"assets", &host::InspectedFile::assets},
+      Field{"audit", &host::InspectedFile::audit},
+      Field{"waived", &host::InspectedFile::waived},
+      Field{"staleWaivers", &host::InspectedFile::staleWaivers},
   };
 }
 static_assert(tableIsComplete<host::InspectedFile>);

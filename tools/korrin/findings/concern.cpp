@@ -53,11 +53,21 @@ std::string description(const PlotItem& item) {
          " mm";
 }
 
+std::string description(const PlotLayer& layer) {
+  return numbered("layer", "layer", std::nullopt, layer.name);
+}
+
+std::string description(const PlotGroup& group) {
+  return numbered("group", "group", std::nullopt, group.name);
+}
+
 Concerns::Concerns(const KorrinProject& project) {
   add(inputs_, project.inputs);
   add(mixes_, project.monitorMixes);
   add(equipment_, project.equipmentRequirements);
   add(items_, project.items);
+  add(layers_, project.layers);
+  add(groups_, project.groups);
 }
 
 std::string Concerns::of(const PreflightIssue& issue) const {
@@ -79,11 +89,44 @@ std::string Concerns::of(const PreflightIssue& issue) const {
     case PreflightRule::invalidPlotReference:
       break;
   }
-  // A link of any list may be broken; identifiers of different lists seldom coincide.
+  // A link of any list may be broken, and lists may share identifiers: the title tells which.
+  if (issue.title == "Monitor link is invalid") return found(mixes_, issue.recordID);
+  if (issue.title == "Equipment link is invalid") return found(equipment_, issue.recordID);
   std::string text = found(inputs_, issue.recordID);
   if (text.empty()) text = found(mixes_, issue.recordID);
   if (text.empty()) text = found(equipment_, issue.recordID);
   return text;
+}
+
+std::string Concerns::of(const AuditFinding& finding) const {
+  switch (finding.rule) {
+    case AuditRule::hiddenItems:
+      return found(layers_, finding.recordID);
+    case AuditRule::oneSidedMembership:
+    case AuditRule::unknownMember:
+    case AuditRule::repeatedMember:
+    case AuditRule::emptyGroup:
+      return found(groups_, finding.recordID);
+    case AuditRule::numberBelowOne: {
+      const std::string input = found(inputs_, finding.recordID);
+      const bool isMix = finding.title.str().starts_with("Mix") || input.empty();
+      return isMix ? found(mixes_, finding.recordID) : input;
+    }
+    case AuditRule::missingLayer:
+    case AuditRule::missingGroup:
+    case AuditRule::unencodableNumber:
+    case AuditRule::rotatedOutsideStage:
+    case AuditRule::unreadableTint:
+      return found(items_, finding.itemIDs.front());
+    case AuditRule::sharedIdentifier:
+      return finding.recordID->text();
+    case AuditRule::unusedAsset:
+    case AuditRule::repeatedAsset:
+    case AuditRule::newerFormat:
+      break;
+  }
+  const std::string& id = finding.id.str();
+  return id.substr(id.find(':') + 1);
 }
 
 }  // namespace korrin::host

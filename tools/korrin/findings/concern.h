@@ -7,6 +7,7 @@
 
 #include "korrin/model/project.h"
 #include "korrin/preflight/preflight_issue.h"
+#include "korrin/review/audit.h"
 
 namespace korrin::host {
 
@@ -18,6 +19,10 @@ std::string description(const MonitorMix& mix);
 std::string description(const EquipmentRequirement& requirement);
 /// "riser: Drum riser", or where it stands when it has no label: "riser at -3600, 1200 mm".
 std::string description(const PlotItem& item);
+/// "layer: Rigging".
+std::string description(const PlotLayer& layer);
+/// "group: Drums".
+std::string description(const PlotGroup& group);
 
 /// Finds the records that findings name. Refers to the project, which must outlive it unchanged.
 class Concerns {
@@ -27,6 +32,8 @@ class Concerns {
   /// The description of the record that the finding is about; empty when the project does not hold
   /// it.
   std::string of(const PreflightIssue& issue) const;
+  /// The same for one of the audit; an asset's digest or a shared identifier as it stands.
+  std::string of(const AuditFinding& finding) const;
 
  private:
   template <class Record>
@@ -36,6 +43,8 @@ class Concerns {
   Index<MonitorMix> mixes_;
   Index<EquipmentRequirement> equipment_;
   Index<PlotItem> items_;
+  Index<PlotLayer> layers_;
+  Index<PlotGroup> groups_;
 };
 
 }  // namespace korrin::host

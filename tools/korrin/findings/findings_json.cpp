@@ -16,6 +16,15 @@ RefusedFile reportOnRefused(const FileFindings& file) {
   return {.file = file.name, .status = file.refusal->reason(), .refusal = std::move(refusal)};
 }
 
+WaiverEntry entryOf(const Waiver& waiver) {
+  // The coder alone knows how an instant is written.
+  const auto written = RecordJson::Json::parse(encodeJSON(waiver));
+  return {.findingID = waiver.findingID,
+          .reason = waiver.reason,
+          .author = waiver.author,
+          .date = written["date"].get<std::string>()};
+}
+
 InspectedFile reportOnInspected(const FileFindings& file) {
   const auto [errors, warnings, information] = file.counts();
   std::vector<RuleNotRun> notRun;
@@ -23,13 +32,19 @@ InspectedFile reportOnInspected(const FileFindings& file) {
     notRun.push_back({PreflightRule::missingAsset, file.missingAssetNotRunReason});
   std::optional<AssetSection> assets;
   if (file.assets) assets = assetSection(*file.assets);
+  std::vector<WaiverEntry> waived, stale;
+  for (const AcceptedFinding& accepted : file.waived) waived.push_back(entryOf(accepted.waiver));
+  for (const Waiver& waiver : file.stale) stale.push_back(entryOf(waiver));
   const bool isClean = file.exitCode() == ExitCode::clean;
   return {.file = file.name,
           .status = isClean ? InspectionStatus::clean : InspectionStatus::findings,
           .counts = {.error = errors, .warning = warnings, .information = information},
           .notRun = std::move(notRun),
           .findings = file.issues,
-          .assets = std::move(assets)};
+          .assets = std::move(assets),
+          .audit = file.audit,
+          .waived = std::move(waived),
+          .staleWaivers = std::move(stale)};
 }
 
 }  // namespace

@@ -16,6 +16,13 @@ namespace korrin::host {
 void printFindings(std::ostream& out, const Terminal& terminal, const KorrinProject& project,
                    const std::vector<PreflightIssue>& issues);
 
+/// The same for rows.
+void printRows(std::ostream& out, const Terminal& terminal, const std::vector<FindingRow>& rows);
+
+/// Prints who accepted what and why, and the waivers that accept nothing; nothing when there are
+/// none.
+void printWaivers(std::ostream& out, const Terminal& terminal, const FileFindings& file);
+
 /// The line that sums a file up: how many findings of each severity, and what was not checked.
 std::string summaryLine(const FileFindings& file);
 

@@ -12,6 +12,7 @@
 #include <nlohmann/json.hpp>
 
 #include "korrin/foundation/enumeration.h"
+#include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
@@ -49,6 +50,10 @@ struct RecordJson {
     Json array = Json::array();
     for (const Element& element : list) array.push_back(of(element));
     return array;
+  }
+  template <class Element>
+  static Json of(const List<Element>& list) {
+    return of(list.toVector());
   }
   template <RecordType Record>
   static Json of(const Record& record) {

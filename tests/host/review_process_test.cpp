@@ -1,0 +1,284 @@
+// What the built program says and does about findings: explaining, fixing and accepting them, and
+// reporting them to other programs.
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "scratch.h"
+
+namespace korrin::host {
+namespace {
+
+using nlohmann::json;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+const char* const night = "club-night-with-findings";
+
+json reportOn(const Scratch& scratch, const std::string& arguments) {
+  return json::parse(scratch.korrin("check --format json " + arguments).out)["files"][0];
+}
+
+// The id of the first finding by this rule.
+std::string idOf(const Scratch& scratch, const std::string& plot, const std::string& rule) {
+  const json file = reportOn(scratch, "--audit " + plot);
+  for (const char* list : {"findings", "audit"})
+    for (const json& finding : file[list])
+      if (finding["rule"] == rule) return finding["id"];
+  ADD_FAILURE() << "there is no finding by " << rule;
+  return {};
+}
+
+std::size_t countOf(const std::string& text, std::string_view part) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += part.size())
+    ++count;
+  return count;
+}
+
+TEST(Explain, SaysWhatARuleIsAboutAndHowToMendIt) {
+  const Scratch scratch;
+  const Outcome outcome = scratch.korrin("check --explain itemOutsideStage");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out,
+              StartsWith("itemOutsideStage (preflight, warning): Symbol is outside the stage\n\n"));
+  EXPECT_THAT(outcome.out, HasSubstr("\nHow to mend it:\n"));
+  EXPECT_THAT(scratch.korrin("check --explain hiddenItems").out, HasSubstr("(audit, information)"));
+  EXPECT_THAT(scratch.korrin("check --explain invalidGeometry").out, HasSubstr("(validation, "));
+}
+
+TEST(Explain, SuggestsTheRuleThatWasMeant) {
+  const Scratch scratch;
+  const Outcome outcome = scratch.korrin("check --explain itemOutsideStages");
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_THAT(outcome.err, HasSubstr("did you mean \"itemOutsideStage\"?"));
+}
+
+TEST(RulePages, AreWhatTheProgramWrites) {
+  namespace fs = std::filesystem;
+  const Scratch scratch;
+  fs::create_directory(scratch.path("pages"));
+  EXPECT_EQ(scratch.korrin("--write-rule-pages pages").status, 0);
+  std::set<std::string> written, kept;
+  for (const auto& page : fs::directory_iterator(scratch.path("pages")))
+    written.insert(page.path().filename());
+  const fs::path rules = fs::path(KORRIN_SOURCE_DIR) / "docs/rules";
+  for (const auto& page : fs::directory_iterator(rules)) kept.insert(page.path().filename());
+  EXPECT_EQ(written, kept);
+  EXPECT_EQ(written.size(), 31u);
+  for (const std::string& name : written)
+    EXPECT_EQ(contentOf(scratch.path("pages/" + name)), contentOf(rules / name)) << name;
+}
+
+TEST(CheckAudit, AddsItsFindingsToEveryReport) {
+  const Scratch scratch;
+  std::string plot = replaced(exampleDocument("festival-main-stage"), "\"schemaVersion\": 1",
+                              "\"schemaVersion\": 7");
+  scratch.write("newer.json", plot);
+  EXPECT_THAT(scratch.korrin("check newer.json").out, Not(HasSubstr("newer version")));
+  const Outcome audited = scratch.korrin("check --audit newer.json");
+  EXPECT_EQ(audited.status, 0);
+  EXPECT_THAT(audited.out, HasSubstr("Written by a newer version"));
+  EXPECT_EQ(reportOn(scratch, "newer.json")["audit"], nullptr);
+  EXPECT_EQ(reportOn(scratch, "--audit newer.json")["audit"][0]["id"], "newerFormat:schemaVersion");
+}
+
+TEST(Fix, ListsWhatCanBeDoneAndChangesNothing) {
+  const Scratch scratch;
+  const std::string before = exampleDocument(night);
+  scratch.write("night.json", before);
+  const Outcome outcome = scratch.korrin("fix night.json");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(outcome.out, HasSubstr("    #1 Give input "));
+  EXPECT_THAT(outcome.out, HasSubstr("    #2 Remove the channel of input "));
+  EXPECT_THAT(outcome.out, HasSubstr("    only a person can know\n"));
+  EXPECT_EQ(contentOf(scratch.path("night.json")), before);
+}
+
+TEST(Fix, WritesNothingWhileAChoiceIsOpen) {
+  const Scratch scratch;
+  const std::string before = exampleDocument(night);
+  scratch.write("night.json", before);
+  const std::string id = idOf(scratch, "night.json", "duplicateInputChannel");
+  const Outcome open = scratch.korrin("fix night.json " + id);
+  EXPECT_EQ(open.status, 1);
+  EXPECT_THAT(open.out, HasSubstr("    #2 "));
+  EXPECT_THAT(open.err, HasSubstr("nothing is written"));
+  EXPECT_EQ(contentOf(scratch.path("night.json")), before);
+
+  const Outcome chosen = scratch.korrin("fix night.json '" + id + "#2'");
+  EXPECT_EQ(chosen.status, 0);
+  EXPECT_THAT(chosen.out, StartsWith("Remove the channel of input "));
+  EXPECT_THAT(chosen.out, HasSubstr("channel"));
+  const json file = reportOn(scratch, "night.json");
+  for (const json& finding : file["findings"]) EXPECT_NE(finding["id"], id);
+}
+
+TEST(Fix, MendsAllThatHasOneFix) {
+  const Scratch scratch;
+  const std::string before = exampleDocument(night);
+  scratch.write("night.json", before);
+  const Outcome rehearsal = scratch.korrin("fix --all-safe --dry-run night.json");
+  EXPECT_EQ(rehearsal.status, 0);
+  EXPECT_EQ(contentOf(scratch.path("night.json")), before);
+
+  EXPECT_EQ(scratch.korrin("fix --all-safe night.json -o mended.json").out, rehearsal.out);
+  EXPECT_EQ(contentOf(scratch.path("night.json")), before);
+  std::set<std::string> rules;
+  const json mended = reportOn(scratch, "mended.json");
+  for (const json& finding : mended["findings"]) rules.insert(finding["rule"]);
+  EXPECT_FALSE(rules.contains("itemOutsideStage"));
+  EXPECT_FALSE(rules.contains("invalidPlotReference"));
+  EXPECT_TRUE(rules.contains("duplicateInputChannel"));
+  EXPECT_EQ(scratch.korrin("fix --all-safe mended.json").out, "");
+}
+
+TEST(Fix, RefusesFindingsThatThePlotDoesNotHave) {
+  const Scratch scratch;
+  const std::string before = exampleDocument(night);
+  scratch.write("night.json", before);
+  const Outcome outcome = scratch.korrin("fix --all-safe night.json newerFormat:schemaVersion");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("has no finding \"newerFormat:schemaVersion\""));
+  EXPECT_EQ(contentOf(scratch.path("night.json")), before);
+}
+
+TEST(Waive, AcceptsAFindingUntilItIsGone) {
+  const Scratch scratch;
+  scratch.write("night.json", exampleDocument(night));
+  const std::string id = idOf(scratch, "night.json", "itemOutsideStage");
+  const auto before = reportOn(scratch, "night.json")["counts"]["warning"].get<int>();
+  const Outcome outcome =
+      scratch.korrin("waive night.json " + id + " --reason 'in the wing' --author Kim");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+
+  const Outcome checked = scratch.korrin("check --strict night.json");
+  EXPECT_THAT(checked.out, HasSubstr("in the wing"));
+  EXPECT_THAT(checked.out, HasSubstr("Kim"));
+  EXPECT_THAT(checked.out, HasSubstr("1 accepted"));
+  const json file = reportOn(scratch, "night.json");
+  EXPECT_EQ(file["counts"]["warning"], before - 1);
+  EXPECT_EQ(file["waived"][0]["findingID"], id);
+  EXPECT_THAT(file["staleWaivers"], IsEmpty());
+
+  EXPECT_EQ(scratch.korrin("fix night.json " + id).status, 0);
+  EXPECT_EQ(reportOn(scratch, "night.json")["staleWaivers"][0]["findingID"], id);
+  EXPECT_THAT(scratch.korrin("check night.json").out, HasSubstr("stale waiver"));
+}
+
+TEST(Waive, MakesAStaleWaiverFailUnderStrict) {
+  const Scratch scratch;
+  scratch.write("plot.json", exampleDocument("festival-main-stage"));
+  scratch.write("plot.waivers.json",
+                R"({"schemaVersion":1,"waivers":[{"findingID":"hiddenItems:x","reason":"r",)"
+                R"("author":"","date":"2026-11-22T12:00:00Z"}]})");
+  EXPECT_EQ(scratch.korrin("check plot.json").status, 0);
+  EXPECT_EQ(scratch.korrin("check --strict plot.json").status, 1);
+  // A rule that was not run does not make its waivers stale.
+  scratch.write("plot.waivers.json",
+                R"({"schemaVersion":1,"waivers":[{"findingID":"missingAsset:x","reason":"r",)"
+                R"("author":"","date":"2026-11-22T12:00:00Z"}]})");
+  EXPECT_EQ(scratch.korrin("check --strict plot.json").status, 0);
+  EXPECT_EQ(scratch.korrin("check --strict --builtin-assets plot.json").status, 1);
+}
+
+TEST(Waive, RefusesWhatItCannotAccept) {
+  const Scratch scratch;
+  scratch.write("night.json", exampleDocument(night));
+  const std::string id = idOf(scratch, "night.json", "itemOutsideStage");
+  EXPECT_EQ(scratch.korrin("waive night.json " + id).status, 64);
+  EXPECT_EQ(scratch.korrin("waive night.json nothing:x --reason r").status, 2);
+  EXPECT_EQ(scratch.fileCount(), 1u);
+  EXPECT_EQ(scratch.korrin("waive night.json " + id + " --reason r").status, 0);
+  EXPECT_EQ(scratch.korrin("waive night.json " + id + " --reason r").status, 2);
+  scratch.write("night.waivers.json", "{");
+  EXPECT_EQ(scratch.korrin("check night.json").status, 2);
+}
+
+TEST(Sarif, HoldsEveryFindingWithItsIdAsFingerprint) {
+  const Scratch scratch;
+  scratch.write("a night.json", exampleDocument(night));
+  const std::string id = idOf(scratch, "'a night.json'", "itemOutsideStage");
+  scratch.korrin("waive 'a night.json' " + id + " --reason 'in the wing'");
+  const Outcome outcome = scratch.korrin("check --format sarif 'a night.json' absent");
+  EXPECT_EQ(outcome.status, 2);
+  const json log = json::parse(outcome.out);
+  EXPECT_EQ(log["version"], "2.1.0");
+  ASSERT_EQ(log["runs"].size(), 1u);
+  const json& run = log["runs"][0];
+  const json& rules = run["tool"]["driver"]["rules"];
+  std::set<std::string> fingerprints;
+  int suppressed = 0;
+  for (const json& result : run["results"]) {
+    EXPECT_EQ(rules[result["ruleIndex"].get<std::size_t>()]["id"], result["ruleId"]);
+    EXPECT_THAT((std::set<std::string>{"error", "warning", "note"}),
+                testing::Contains(result["level"].get<std::string>()));
+    EXPECT_FALSE(result["message"]["text"].get<std::string>().empty());
+    EXPECT_EQ(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"],
+              "a%20night.json");
+    fingerprints.insert(result["partialFingerprints"]["korrinFinding/v1"]);
+    if (!result.contains("suppressions")) continue;
+    ++suppressed;
+    EXPECT_EQ(result["suppressions"][0]["kind"], "external");
+    EXPECT_EQ(result["suppressions"][0]["justification"], "in the wing");
+  }
+  EXPECT_EQ(suppressed, 1);
+  EXPECT_EQ(fingerprints.size(), run["results"].size());
+  EXPECT_TRUE(fingerprints.contains(id));
+  EXPECT_EQ(run["invocations"][0]["executionSuccessful"], false);
+  EXPECT_EQ(run["invocations"][0]["toolExecutionNotifications"].size(), 1u);
+  for (const json& rule : rules) {
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(KORRIN_SOURCE_DIR) /
+                                        rule["properties"]["page"].get<std::string>()));
+    EXPECT_FALSE(rule["help"]["text"].get<std::string>().empty());
+  }
+}
+
+TEST(Junit, CountsWhatItHolds) {
+  const Scratch scratch;
+  scratch.write("night.json", replaced(exampleDocument(night), "Hi-Hat", "<&\\\"\\u0007\\uFFFE>"));
+  const std::string id = idOf(scratch, "night.json", "itemOutsideStage");
+  scratch.korrin("waive night.json " + id + " --reason '<in the wing>'");
+  const Outcome outcome =
+      scratch.korrin("check --format junit night.json $D/festival-main-stage.json absent");
+  EXPECT_EQ(outcome.status, 2);
+  const std::string& xml = outcome.out;
+  EXPECT_THAT(xml, StartsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites>\n"));
+  EXPECT_THAT(xml, EndsWith("</testsuites>\n"));
+  EXPECT_EQ(countOf(xml, "<testsuite "), 3u);
+  EXPECT_EQ(countOf(xml, "<testcase "), countOf(xml, "</testcase>"));
+  EXPECT_EQ(countOf(xml, "<skipped "), 1u);
+  EXPECT_EQ(countOf(xml, "<error "), 1u);
+  EXPECT_THAT(xml, HasSubstr("message=\"&lt;in the wing&gt;\""));
+  EXPECT_THAT(xml, HasSubstr("&lt;&amp;&quot;\\u{7}\uFFFD&gt;"));
+  const json file = reportOn(scratch, "night.json");
+  const std::size_t failures =
+      file["counts"]["error"].get<std::size_t>() + file["counts"]["warning"].get<std::size_t>();
+  EXPECT_EQ(countOf(xml, "<failure "), failures);
+  EXPECT_THAT(xml, HasSubstr("failures=\"" + std::to_string(failures) + "\" errors=\"0\""));
+}
+
+TEST(Fix, SendsNothingRawOfAHostileDocument) {
+  const Scratch scratch;
+  scratch.write("hostile.json",
+                replaced(exampleDocument(night), "Hi-Hat", "\\u001b]0;owned\\u0007\\u202e"));
+  const Outcome outcome = scratch.korrin("fix hostile.json");
+  EXPECT_EQ(outcome.status, 0);
+  for (const char byte : outcome.out)
+    EXPECT_TRUE(byte == '\n' || static_cast<unsigned char>(byte) >= 0x20);
+  EXPECT_EQ(outcome.out.find("\u202e"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace korrin::host
