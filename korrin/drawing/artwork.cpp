@@ -41,7 +41,7 @@ std::optional<std::int64_t> safePixels(std::span<const std::byte> bytes,
 
 bool isDigest(std::string_view assetID) {
   constexpr std::size_t digits = 64;
-  return assetID.size() == digits && std::ranges::all_of(assetID, [](char c) {
+  return assetID.size() == digits && std::all_of(assetID.begin(), assetID.end(), [](char c) {
            return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
          });
 }
@@ -72,7 +72,9 @@ Artwork::Image Artwork::load(const Text& sha256, const AssetManifestEntry* entry
   if (!facts || !facts->size) return image;
   const std::optional<std::int64_t> pixels = safePixels(data, entry);
   if (!pixels || *pixels > RasterAssetSafety::maximumAggregatePixels - pixels_) return image;
-  const auto format = std::ranges::find(formats, facts->format, &Format::format);
+  const auto format =
+      std::find_if(std::begin(formats), std::end(formats),
+                   [&](const Format& known) { return known.format == facts->format; });
   if (format == std::end(formats)) return image;
   pixels_ += *pixels;
   image.kept = keptCount_++;

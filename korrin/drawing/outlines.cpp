@@ -32,7 +32,7 @@ std::vector<UUID> itemsAt(const KorrinProject& project, StagePoint point) {
                          std::fabs(y * turn.cosine - x * turn.sine) <= item->size.height / 2 + rim;
     if (isUnder) found.push_back(item->id);
   }
-  std::ranges::reverse(found);
+  std::reverse(found.begin(), found.end());
   return found;
 }
 

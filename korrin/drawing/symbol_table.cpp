@@ -58,11 +58,13 @@ constexpr Row rows[] = {
 // clang-format on
 
 constexpr std::size_t count = std::size(rows);
-static_assert(std::ranges::is_sorted(rows, {}, [](const Row& row) { return row.symbol.assetID; }));
+static_assert(std::is_sorted(std::begin(rows), std::end(rows), [](const Row& a, const Row& b) {
+  return a.symbol.assetID < b.symbol.assetID;
+}));
 
 constexpr auto symbols = [] {
   std::array<Symbol, count> all{};
-  std::ranges::transform(rows, all.begin(), &Row::symbol);
+  for (std::size_t i = 0; i < count; ++i) all[i] = rows[i].symbol;
   return all;
 }();
 
@@ -88,9 +90,18 @@ constexpr auto looks = [] {
   std::array<SymbolLook, count + std::size(kinds)> all{};
   for (std::size_t i = 0; i < count; ++i)
     all[i] = {rows[i].symbol.name, rows[i].colour, rows[i].symbol.size, rows[i].shapes};
-  std::ranges::transform(kinds, all.begin() + count, &KindRow::look);
+  for (std::size_t i = 0; i < std::size(kinds); ++i) all[count + i] = kinds[i].look;
   return all;
 }();
+
+/// The symbol's place in the catalogue; `count` when it is none of it.
+std::size_t placeOf(std::string_view assetID) {
+  const auto* const found = std::lower_bound(
+      symbols.data(), symbols.data() + count, assetID,
+      [](const Symbol& symbol, std::string_view id) { return symbol.assetID < id; });
+  const auto place = static_cast<std::size_t>(found - symbols.data());
+  return place != count && found->assetID == assetID ? place : count;
+}
 
 }  // namespace
 
@@ -104,20 +115,18 @@ std::unordered_set<Text> builtInAssetIDs() {
 
 namespace drawing {
 
-bool isBuiltIn(std::string_view assetID) {
-  return std::ranges::binary_search(symbols, assetID, {}, &Symbol::assetID);
-}
+bool isBuiltIn(std::string_view assetID) { return placeOf(assetID) != count; }
 
 LookIndex lookOf(const PlotItem& item) {
   const std::string_view assetID = item.assetID;
-  if (isBuiltIn(assetID))
-    return static_cast<LookIndex>(std::ranges::lower_bound(symbols, assetID, {}, &Symbol::assetID) -
-                                  symbols.begin());
-  const auto kind = std::ranges::find(kinds, item.kind, &KindRow::kind);
+  if (const std::size_t place = placeOf(assetID); place != count)
+    return static_cast<LookIndex>(place);
+  const auto kind = std::find_if(std::begin(kinds), std::end(kinds),
+                                 [&](const KindRow& row) { return row.kind == item.kind; });
   const auto row = kind != std::end(kinds) ? kind : std::prev(std::end(kinds));
   const LookIndex index = count + static_cast<LookIndex>(row - std::begin(kinds));
   // A legend names what looks alike once.
-  const auto twin = std::ranges::find_if(looks, [row](const SymbolLook& look) {
+  const auto twin = std::find_if(looks.begin(), looks.end(), [row](const SymbolLook& look) {
     return look.name == row->look.name && look.shapes.data() == row->look.shapes.data();
   });
   return std::min(index, static_cast<LookIndex>(twin - looks.begin()));

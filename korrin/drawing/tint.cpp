@@ -22,8 +22,8 @@ std::string_view digitsOf(const std::optional<Text>& hex) {
   if (!hex) return {};
   std::string_view digits = *hex;
   if (digits.starts_with('#')) digits.remove_prefix(1);
-  const bool isColour =
-      (digits.size() == 6 || digits.size() == 8) && std::ranges::all_of(digits, isHexDigit);
+  const bool isColour = (digits.size() == 6 || digits.size() == 8) &&
+                        std::all_of(digits.begin(), digits.end(), isHexDigit);
   return isColour ? digits : std::string_view();
 }
 
