@@ -10,6 +10,8 @@
 #include "korrin/coding/json_scanner.h"
 #include "korrin/coding/key_path.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::json {
 
 /// A place in a text as an editor shows it: both count from 1, columns in characters.
@@ -43,3 +45,5 @@ std::string shortened(std::string_view raw);
 std::string quoted(std::string_view raw);
 
 }  // namespace korrin::json
+
+#pragma GCC visibility pop

@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+#pragma GCC visibility push(default)
+
 namespace korrin::json {
 
 /// A string as it stands between its quotation marks: well-formed, escapes not yet resolved.
@@ -186,3 +188,5 @@ class Scanner {
 };
 
 }  // namespace korrin::json
+
+#pragma GCC visibility pop

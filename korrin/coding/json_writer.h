@@ -21,6 +21,8 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::json {
 
 /// A field's key as it stands behind another member: `,"key":`. g++ would export it as it exports
@@ -164,3 +166,5 @@ class Writer {
 };
 
 }  // namespace korrin::json
+
+#pragma GCC visibility pop

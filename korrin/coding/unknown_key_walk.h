@@ -15,6 +15,8 @@
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
 
+#pragma GCC visibility push(default)
+
 namespace korrin::json {
 
 /// Whether values of this type hold records, which alone have keys.
@@ -105,3 +107,5 @@ class UnknownKeyWalk {
 };
 
 }  // namespace korrin::json
+
+#pragma GCC visibility pop
