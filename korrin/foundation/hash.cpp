@@ -54,12 +54,21 @@ std::uint32_t pairHash(const PairKey& key, std::uint64_t first, std::uint64_t se
   return static_cast<std::uint32_t>(sum >> 32);
 }
 
+// Steele's, Lea's and Flood's finaliser of SplitMix: different numbers stay different. Without it
+// inputs in a row would give results in a row, which under one key in a thousand crowd into few
+// buckets.
+std::uint64_t scattered(std::uint64_t number) noexcept {
+  number = (number ^ (number >> 30)) * 0xBF58476D1CE4E5B9u;
+  number = (number ^ (number >> 27)) * 0x94D049BB133111EBu;
+  return number ^ (number >> 31);
+}
+
 }  // namespace
 
 std::size_t hashCombine(std::uint64_t seed, std::uint64_t hash) noexcept {
   const HashKey& key = hashKey();
   const std::uint64_t upper = pairHash(key.pairs[0], seed, hash);
-  return static_cast<std::size_t>(upper << 32 | pairHash(key.pairs[1], seed, hash));
+  return static_cast<std::size_t>(scattered(upper << 32 | pairHash(key.pairs[1], seed, hash)));
 }
 
 std::size_t hashBytes(std::string_view bytes) noexcept {
