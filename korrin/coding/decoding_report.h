@@ -10,8 +10,6 @@
 #include "korrin/coding/json_scanner.h"
 #include "korrin/coding/key_path.h"
 
-#pragma GCC visibility push(default)
-
 namespace korrin::json {
 
 /// A place in a text as an editor shows it: both count from 1, columns in characters.
@@ -45,5 +43,3 @@ std::string shortened(std::string_view raw);
 std::string quoted(std::string_view raw);
 
 }  // namespace korrin::json
-
-#pragma GCC visibility pop

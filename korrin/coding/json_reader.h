@@ -24,8 +24,6 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
-#pragma GCC visibility push(default)
-
 namespace korrin::json {
 
 /// Thrown while reading in written order: the document is of no use.
@@ -260,5 +258,3 @@ class Reader {
 };
 
 }  // namespace korrin::json
-
-#pragma GCC visibility pop

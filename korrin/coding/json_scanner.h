@@ -12,8 +12,6 @@
 #include <string>
 #include <string_view>
 
-#pragma GCC visibility push(default)
-
 namespace korrin::json {
 
 /// A string as it stands between its quotation marks: well-formed, escapes not yet resolved.
@@ -188,5 +186,3 @@ class Scanner {
 };
 
 }  // namespace korrin::json
-
-#pragma GCC visibility pop

@@ -21,8 +21,6 @@
 #include "korrin/foundation/record.h"
 #include "korrin/foundation/text.h"
 
-#pragma GCC visibility push(default)
-
 namespace korrin::json {
 
 /// A field's key as it stands behind another member: `,"key":`. g++ would export it as it exports
@@ -166,5 +164,3 @@ class Writer {
 };
 
 }  // namespace korrin::json
-
-#pragma GCC visibility pop

@@ -15,8 +15,6 @@
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/record.h"
 
-#pragma GCC visibility push(default)
-
 namespace korrin::json {
 
 /// Whether values of this type hold records, which alone have keys.
@@ -107,5 +105,3 @@ class UnknownKeyWalk {
 };
 
 }  // namespace korrin::json
-
-#pragma GCC visibility pop

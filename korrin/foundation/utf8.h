@@ -10,8 +10,6 @@
 
 #include "korrin/foundation/words.h"
 
-#pragma GCC visibility push(default)
-
 namespace korrin::utf8 {
 
 /// One step through a text: a scalar value and the bytes it takes, or an ill-formed sequence.
@@ -50,5 +48,3 @@ inline bool allBytesBelow(std::string_view text, unsigned char limit) noexcept {
 inline bool isASCII(std::string_view text) noexcept { return allBytesBelow(text, 0x80); }
 
 }  // namespace korrin::utf8
-
-#pragma GCC visibility pop

@@ -233,15 +233,7 @@ TEST(Architecture, ShowsNoThirdPartyHeaderInAPublicOne) {
   EXPECT_EQ(seen, headers.size());
 }
 
-// Records of the libraries above the core are coded by templates that call these. They are exported
-// for those libraries and installed for nobody.
-const std::set<std::string> exportedForFloorFive = {
-    "korrin/coding/decoding_report.h",  "korrin/coding/json_reader.h",
-    "korrin/coding/json_scanner.h",     "korrin/coding/json_writer.h",
-    "korrin/coding/unknown_key_walk.h", "korrin/foundation/utf8.h",
-};
-
-TEST(Architecture, ExportsWhatAPublicHeaderOrFloorFiveDeclaresAndNothingElse) {
+TEST(Architecture, ExportsWhatAPublicHeaderDeclaresAndNothingElse) {
   const std::set<std::string> headers = publicHeaders();
   for (const File& file : library) {
     const auto push = std::ranges::find(file.lines, "#pragma GCC visibility push(default)");
@@ -249,8 +241,7 @@ TEST(Architecture, ExportsWhatAPublicHeaderOrFloorFiveDeclaresAndNothingElse) {
     const bool isExported = push < pop && pop != file.lines.end();
     // The header over everything declares nothing itself.
     const bool isPublic = headers.contains(file.path.string()) && !file.folder.empty();
-    EXPECT_EQ(isExported, isPublic || exportedForFloorFive.contains(file.path.string()))
-        << file.path;
+    EXPECT_EQ(isExported, isPublic) << file.path;
     if (!isExported) continue;
     const auto first = std::ranges::find_if(
         file.lines, [](const std::string& line) { return line.starts_with("namespace "); });
