@@ -92,10 +92,10 @@ class Blocks {
     constexpr std::array order = {16, 17, 18, 0, 8, 7, 9, 6, 10, 5, 11, 4, 12, 3, 13, 2, 14, 1};
     for (const int symbol : order)
       put(symbol == 16 ? 1 : symbol == 4 || symbol == 5 || symbol == 8 || symbol == 9 ? 3 : 0, 3);
-    lengths(6, 8, 226);
-    lengths(7, 9, 60);
-    lengths(4, 4, 2);
-    lengths(5, 5, 28);
+    lengths(6, 226);  // of 8
+    lengths(7, 60);   // of 9
+    lengths(4, 2);    // of 4
+    lengths(5, 28);   // of 5
     putCode(482, 9);  // the end of the block
   }
 
@@ -126,7 +126,7 @@ class Blocks {
 
  private:
   // `count` times the length with that code, most of them by repetition.
-  void lengths(unsigned code, int, unsigned count) {
+  void lengths(unsigned code, unsigned count) {
     putCode(code, 3);
     for (--count; count >= 3;) {
       const unsigned run = count >= 9 || count <= 6 ? std::min(count, 6u) : count - 3;
