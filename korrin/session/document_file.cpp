@@ -13,6 +13,12 @@ namespace korrin {
 
 namespace fs = std::filesystem;
 
+FileError::FileError(fs::path path, std::string remark, std::error_code code)
+    : std::runtime_error(files::shown(path) + " " + remark),
+      path_(std::move(path)),
+      remark_(std::move(remark)),
+      code_(code) {}
+
 DocumentFile::DocumentFile(fs::path path) : path_(std::move(path)) {
   std::error_code error;
   absolute_ = fs::absolute(path_, error);
@@ -60,8 +66,7 @@ void DocumentFile::write(std::string_view bytes, bool asks) {
   notKept_ = std::move(replaced.notKept);
   if (replaced.folderError != 0)
     throw FileError(path_,
-                    files::shown(path_) +
-                        " was saved, but a power cut may still undo that: the disk reports a fault",
+                    "was saved, but a power cut may still undo that: the disk reports a fault",
                     {replaced.folderError, std::generic_category()});
 }
 

@@ -29,18 +29,22 @@ namespace korrin {
 /// path holds: which file, what failed, and what to do where that is not plain.
 class FileError : public std::runtime_error {
  public:
-  /// `sentence` is whole, path included.
-  FileError(std::filesystem::path path, const std::string& sentence, std::error_code code = {})
-      : std::runtime_error(sentence), path_(std::move(path)), code_(code) {}
+  /// `remark` is the rest of a sentence that begins with the file's name.
+  FileError(std::filesystem::path path, std::string remark, std::error_code code = {});
 
   /// The file, as the host named it.
   const std::filesystem::path& path() const noexcept { return path_; }
+
+  /// The sentence without the file's name, for a host that shows this in its own way: "cannot be
+  /// read: Permission denied".
+  const std::string& remark() const noexcept { return remark_; }
 
   /// What the system answered; no error where the file was refused by what it is.
   const std::error_code& code() const noexcept { return code_; }
 
  private:
   std::filesystem::path path_;
+  std::string remark_;
   std::error_code code_;
 };
 

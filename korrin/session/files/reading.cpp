@@ -45,9 +45,9 @@ fs::path destinationOf(const fs::path& link, const fs::path& asNamed) {
 }
 
 Target targetAt(const fs::path& path, const fs::path& asNamed) {
-  if (path.empty()) throw FileError(asNamed, "a file without a name cannot be read or written");
+  if (path.empty()) throw FileError(asNamed, "is no name of a file: it is empty");
   if (path.native().find('\0') != std::string::npos)
-    throw FileError(asNamed, shown(asNamed) + " is no name of a file: it holds a NUL");
+    throw FileError(asNamed, "is no name of a file: it holds a NUL");
   if (!path.has_filename()) throw notAFile(asNamed, S_IFDIR);
   const fs::path folder = folderOf(path);
   Descriptor handle(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));

@@ -167,14 +167,13 @@ class FolderLock {
 };
 
 ChangedElsewhere isThereAlready(const Target& target) {
-  return ChangedElsewhere(target.path, shown(target.path) + " is there already and was not opened");
+  return ChangedElsewhere(target.path, "is there already and was not opened");
 }
 ChangedElsewhere isGone(const Target& target) {
-  return ChangedElsewhere(target.path,
-                          shown(target.path) + " is not there any more: somebody removed it");
+  return ChangedElsewhere(target.path, "is not there any more: somebody removed it");
 }
 ChangedElsewhere isChanged(const Target& target, const std::string& rest = "") {
-  return ChangedElsewhere(target.path, shown(target.path) + " was changed by somebody else" + rest);
+  return ChangedElsewhere(target.path, "was changed by somebody else" + rest);
 }
 
 void requireExpected(const Target& target, const std::optional<FoundFile>& file,
@@ -195,13 +194,11 @@ void requireUnprotected(const Target& target, const FoundFile& file) {
   if ((file.status.st_mode & anybody) != 0 &&
       ::faccessat(target.folderHandle.number(), target.name.c_str(), W_OK, AT_EACCESS) == 0)
     return;
-  throw FileError(target.path, shown(target.path) + " is protected against writing",
-                  {EACCES, std::generic_category()});
+  throw FileError(target.path, "is protected against writing", {EACCES, std::generic_category()});
 }
 
 void requireOwn(const Target& target, const FoundFile& file) {
-  if (file.status.st_uid != ::geteuid())
-    throw FileError(target.path, shown(target.path) + " belongs to somebody else");
+  if (file.status.st_uid != ::geteuid()) throw FileError(target.path, "belongs to somebody else");
 }
 
 bool isSameFile(int folder, const std::string& name, int handle) {

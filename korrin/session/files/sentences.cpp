@@ -8,36 +8,29 @@
 namespace korrin::files {
 namespace {
 
-// The reason, and what to do about it where that is not plain.
-std::string reasonOf(int error) {
+// What to do about it, where that is not plain.
+std::string_view adviceFor(int error) {
   switch (error) {
-    case ENOENT:
-      return "it does not exist, or the folder does not";
-    case EACCES:
-      return "permission is denied";
     case ENOSPC:
-      return "the disk is full; make room or choose another place";
     case EDQUOT:
-      return "your share of the disk is used up; make room or choose another place";
+      return "; make room or choose another place";
     case EFBIG:
-      return "it would be larger than the system allows; raise the limit or choose another place";
+      return "; raise the limit or choose another place";
     case EROFS:
-      return "the disk is read-only; choose another place";
     case EIO:
-      return "the disk reports a fault; choose another place";
-    case ENAMETOOLONG:
-      return "the name is too long";
-    case ELOOP:
-      return "its symbolic links lead nowhere, or are not to be trusted";
-    case ENOTDIR:
-      return "a part of the path is no folder";
+      return "; choose another place";
     default:
-      return std::generic_category().message(error);
+      return "";
   }
 }
 
+FileError failed(const std::filesystem::path& path, const char* what, int error) {
+  const std::error_code code(error, std::generic_category());
+  return FileError(path, what + code.message() + std::string(adviceFor(error)), code);
+}
+
 std::string_view kindOf(mode_t mode) {
-  if (S_ISDIR(mode)) return "a folder";
+  if (S_ISDIR(mode)) return "a directory";
   if (S_ISFIFO(mode)) return "a pipe";
   if (S_ISSOCK(mode)) return "a socket";
   if (S_ISLNK(mode)) return "a symbolic link";
@@ -64,26 +57,23 @@ std::string shown(const std::filesystem::path& path) {
 }
 
 FileError cannotRead(const std::filesystem::path& path, int error) {
-  return FileError(path, shown(path) + " cannot be read: " + reasonOf(error),
-                   {error, std::generic_category()});
+  return failed(path, "cannot be read: ", error);
 }
 
 FileError cannotWrite(const std::filesystem::path& path, int error) {
-  return FileError(path, shown(path) + " cannot be written: " + reasonOf(error),
-                   {error, std::generic_category()});
+  return failed(path, "cannot be written: ", error);
 }
 
 FileError cannotReach(const std::filesystem::path& path, int error) {
-  return FileError(path, shown(path) + " cannot be reached: " + reasonOf(error),
-                   {error, std::generic_category()});
+  return failed(path, "cannot be reached: ", error);
 }
 
 FileError notAFile(const std::filesystem::path& path, mode_t mode) {
-  return FileError(path, shown(path) + " is " + std::string(kindOf(mode)) + ", not a file");
+  return FileError(path, "is " + std::string(kindOf(mode)) + ", not a file");
 }
 
 FileError tooLarge(const std::filesystem::path& path, std::size_t limit) {
-  return FileError(path, shown(path) + " is larger than " + std::to_string(limit >> 20) + " MiB");
+  return FileError(path, "is larger than " + std::to_string(limit >> 20) + " MiB");
 }
 
 }  // namespace korrin::files

@@ -15,12 +15,12 @@ namespace korrin::files {
 /// The path between quotation marks, on one line and well-formed whatever bytes it holds.
 std::string shown(const std::filesystem::path& path);
 
-/// `"plot.json" cannot be read: it does not exist`, for an error number of the system.
+/// "plot.json" cannot be read: Permission denied; for an error number of the system.
 FileError cannotRead(const std::filesystem::path& path, int error);
 FileError cannotWrite(const std::filesystem::path& path, int error);
 FileError cannotReach(const std::filesystem::path& path, int error);
 
-/// `"plot.json" is a folder, not a plot`, and so on for all that is no regular file.
+/// "plot.json" is a directory, not a file; and so on for all that is no regular file.
 FileError notAFile(const std::filesystem::path& path, mode_t mode);
 
 /// For more bytes than `DocumentFile::maximumSize` or the limit given.
