@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "korrin/review/difference.h"
-#include "korrin/review/sentence_names.h"
 #include "korrin/review/record_walk.h"
+#include "korrin/review/sentence_names.h"
 #include "korrin/review/words.h"
 
 namespace korrin {

@@ -1,5 +1,5 @@
-// A host that stands on the three libraries above the core: opens a plot, edits it in a history, asks
-// what is to be done, compares, merges and draws it.
+// A host that stands on the three libraries above the core: opens a plot, edits it in a history,
+// asks what is to be done, compares, merges and draws it.
 
 #include <cstdlib>
 #include <filesystem>

@@ -54,8 +54,7 @@ TEST(Sheets, AreThoseThatTheReadmeShows) {
   // Drawn anew by `korrin render --page 1` when the drawing changes.
   const auto project = decodeJSON<KorrinProject>(
       test::contentOfSource("examples/documents/festival-main-stage.json"));
-  EXPECT_TRUE(drawPages(project).front() ==
-              test::contentOfSource("docs/images/example.svg"));
+  EXPECT_TRUE(drawPages(project).front() == test::contentOfSource("docs/images/example.svg"));
 }
 
 TEST(Sheets, AreOfThePaperThatTheSettingsName) {

@@ -9,9 +9,8 @@
 #include "korrin/coding/json.h"
 #include "korrin/templates/korrin_template.h"
 
-#include "tests/support/svg_reader.h"
-
 #include "scratch.h"
+#include "tests/support/svg_reader.h"
 
 namespace korrin::host {
 namespace {

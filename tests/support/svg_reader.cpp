@@ -19,17 +19,16 @@ class Fault : public std::runtime_error {
 };
 
 const std::set<std::string, std::less<>> elementNames = {
-    "svg",     "g",    "title", "rect",   "ellipse", "line",
-    "polygon", "text", "use",   "symbol", "image"};
+    "svg", "g", "title", "rect", "ellipse", "line", "polygon", "text", "use", "symbol", "image"};
 
 const std::set<std::string, std::less<>> numberNames = {
-    "x",  "y",  "width", "height", "cx", "cy",        "rx",           "ry",
+    "x",  "y",  "width", "height", "cx",        "cy",           "rx",          "ry",
     "x1", "y1", "x2",    "y2",     "font-size", "stroke-width", "fill-opacity"};
 
 const std::set<std::string, std::less<>> wordNames = {
-    "id",          "transform",       "fill",        "stroke",          "stroke-dasharray",
-    "points",      "viewBox",         "overflow",    "font-weight",     "font-family",
-    "text-anchor", "stroke-linejoin", "paint-order", "xlink:href",      "xmlns",
+    "id",          "transform",       "fill",        "stroke",      "stroke-dasharray",
+    "points",      "viewBox",         "overflow",    "font-weight", "font-family",
+    "text-anchor", "stroke-linejoin", "paint-order", "xlink:href",  "xmlns",
     "xmlns:xlink", "version"};
 
 bool isNameCharacter(char c) {
@@ -164,9 +163,9 @@ class Reader {
 
   static void requireColour(std::string_view value) {
     if (value == "none") return;
-    const bool isColour = (value.size() == 4 || value.size() == 7) && value[0] == '#' &&
-                          value.find_first_not_of("0123456789abcdefABCDEF", 1) ==
-                              std::string_view::npos;
+    const bool isColour =
+        (value.size() == 4 || value.size() == 7) && value[0] == '#' &&
+        value.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
     if (!isColour) throw Fault("no colour: " + std::string(value));
   }
 
