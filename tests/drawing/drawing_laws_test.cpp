@@ -1,0 +1,109 @@
+// What holds for every drawing, whoever wrote the plot.
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "korrin/drawing/outlines.h"
+#include "korrin/drawing/plot_drawing.h"
+
+#include "tests/support/effort.h"
+#include "tests/support/hostile_plots.h"
+#include "tests/support/image_builder.h"
+#include "tests/support/sample_project.h"
+#include "tests/support/svg_reader.h"
+
+namespace korrin {
+namespace {
+
+using test::readSvg;
+
+std::string imageBytes() {
+  std::string bytes;
+  for (const std::byte byte : test::png({.width = 40, .height = 30}))
+    bytes += static_cast<char>(byte);
+  return bytes;
+}
+
+TEST(DrawingLaws, GiveAFaultlessPictureOfAnyPlot) {
+  const std::string image = imageBytes();
+  const int count = test::repetitions(10'000, 150);
+  for (int seed = 1; seed <= count; ++seed) {
+    const KorrinProject project = test::HostilePlots(static_cast<unsigned>(seed)).next();
+    const DrawingOptions options = {
+        .utcOffset = std::chrono::minutes(seed % 3 == 0 ? 1'000'000 : seed),
+        .assetBytes = [&image, seed](const Text&) -> std::optional<std::string> {
+          if (seed % 2 == 0) return std::nullopt;
+          return image;
+        },
+        .labelScale = seed % 5 == 0 ? 1e300 : 1,
+        .patchNumbers = seed % 7 != 0,
+        .scaleBar = seed % 11 != 0};
+    for (const std::string& page : drawPages(project, options))
+      ASSERT_EQ(readSvg(page).fault, "") << "seed " << seed;
+    ASSERT_EQ(readSvg(drawPlot(project)).fault, "") << "seed " << seed;
+    ASSERT_EQ(readSvg(drawStackedPages(project)).fault, "") << "seed " << seed;
+    for (const PlotItem& item : project.items) {
+      ASSERT_EQ(readSvg(drawSymbol(item)).fault, "") << "seed " << seed;
+      itemsAt(project, outlineOf(item)[0]);
+    }
+  }
+}
+
+TEST(DrawingLaws, GiveTheSameBytesTwice) {
+  for (unsigned seed = 1; seed <= 50; ++seed) {
+    const KorrinProject project = test::HostilePlots(seed).next();
+    EXPECT_EQ(drawPages(project), drawPages(test::HostilePlots(seed).next())) << "seed " << seed;
+  }
+}
+
+/// So many labelled items with a row each: all in one spot, each of another size.
+KorrinProject crowd(std::size_t count) {
+  KorrinProject project = test::fixedExample();
+  PlotItem item = project.items[0];
+  InputChannel input = project.inputs[0];
+  project.items = {};
+  project.inputs = {};
+  for (std::size_t i = 0; i < count; ++i) {
+    item.id = test::identifier(i);
+    item.size.width = 100 + static_cast<double>(i) / 100;
+    item.label = "A label that takes two lines " + std::to_string(i);
+    project.items.push_back(item);
+    input.id = test::identifier(count + i);
+    input.plotItemID = item.id;
+    input.channel = static_cast<std::int64_t>(i);
+    project.inputs.push_back(input);
+  }
+  return project;
+}
+
+double secondsFor(std::size_t count) {
+  const KorrinProject project = crowd(count);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_FALSE(drawPages(project).empty());
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+TEST(DrawingLaws, TakeTimeInProportionToTheItems) {
+  const std::size_t many = static_cast<std::size_t>(test::repetitions(100'000, 8'000));
+  const double few = std::max(0.02, secondsFor(many / 8));
+  // Eight times as many may take eight times as long and some more, but not sixty-four times.
+  EXPECT_LT(secondsFor(many), 28 * few);
+}
+
+TEST(DrawingLaws, TakeNumbersOfOneItemInProportionToTheRows) {
+  KorrinProject project = crowd(4'000);
+  for (std::size_t i = 0; i < project.inputs.size(); ++i) {
+    project.inputs.edit(i).plotItemID = project.items[0].id;
+    project.inputs.edit(i).channel = static_cast<std::int64_t>(2 * i);
+  }
+  std::string all;
+  for (const std::string& text : test::textsOf(drawStackedPages(project))) all += text + " ";
+  EXPECT_NE(all.find("7998"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace korrin
