@@ -51,10 +51,11 @@ std::vector<test::SvgElement> elementsOf(const SvgWriter& content) {
 }
 
 TEST(Sheets, AreThoseThatTheReadmeShows) {
-  // Drawn anew by `korrin render --page 1` when the drawing changes.
+  // Drawn anew by `korrin render --page 1 --utc-offset +02:00` when the drawing changes.
   const auto project = decodeJSON<KorrinProject>(
       test::contentOfSource("examples/documents/festival-main-stage.json"));
-  EXPECT_TRUE(drawPages(project).front() == test::contentOfSource("docs/images/example.svg"));
+  EXPECT_TRUE(drawPages(project, {.utcOffset = 120min}).front() ==
+              test::contentOfSource("docs/images/example.svg"));
 }
 
 TEST(Sheets, AreOfThePaperThatTheSettingsName) {

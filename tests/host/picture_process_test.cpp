@@ -9,7 +9,9 @@
 #include "korrin/coding/json.h"
 #include "korrin/templates/korrin_template.h"
 
+#include "commands/utc_offset.h"
 #include "scratch.h"
+#include "terminal/failure.h"
 #include "tests/support/svg_reader.h"
 
 namespace korrin::host {
@@ -162,6 +164,81 @@ TEST(Render, ConvertsToPDFAndPNG) {
   EXPECT_THAT(png, StartsWith("\x89PNG"));
   // A4 on its long side at 192 pixels an inch is 2246 by 1588.
   EXPECT_THAT(png.substr(0, 24), testing::EndsWith(std::string("\0\0\x08\xC6\0\0\x06\x34", 8)));
+}
+
+TEST(Render, TakesTheFormatFromTheEndingOfTheOutput) {
+  const Scratch scratch;
+  EXPECT_EQ(scratch.korrin("render -o plot.SVG $D/festival-main-stage.json").status, 0);
+  EXPECT_THAT(contentOf(scratch.path("plot.SVG")), StartsWith("<?xml"));
+  for (const char* misuse : {"--pdf -o plot.svg", "--png -o plot.pdf", "--width 800 -o plot.svg",
+                             "--width 0 -o plot.png", "--width many -o plot.png"})
+    EXPECT_EQ(scratch.korrin("render $D/festival-main-stage.json " + std::string(misuse)).status,
+              64)
+        << misuse;
+  EXPECT_THAT(scratch.korrin("render --pdf -o plot.svg $D/festival-main-stage.json").err,
+              HasSubstr("--pdf contradicts the ending of \"plot.svg\""));
+  EXPECT_EQ(scratch.fileCount(), 1u);
+  if (!canConvert()) GTEST_SKIP() << "rsvg-convert is not installed";
+  EXPECT_EQ(scratch.korrin("render -o plot.pdf $D/festival-main-stage.json").err, "");
+  EXPECT_THAT(contentOf(scratch.path("plot.pdf")), StartsWith("%PDF-"));
+  EXPECT_EQ(
+      scratch.korrin("render --width 640 -o plot.png --page 1 $D/festival-main-stage.json").err,
+      "");
+  EXPECT_THAT(contentOf(scratch.path("plot.png")).substr(16, 4),
+              testing::Eq(std::string("\0\0\x02\x80", 4)));
+}
+
+TEST(Render, WritesTheTitleOfThePlotIntoAPDF) {
+  if (!canConvert()) GTEST_SKIP() << "rsvg-convert is not installed";
+  const Scratch scratch;
+  scratch.korrin("render -o plot.pdf $D/festival-main-stage.json");
+  // "Somm" in UTF-16.
+  EXPECT_THAT(contentOf(scratch.path("plot.pdf")), HasSubstr("/Title <FEFF0053006F006D006D"));
+}
+
+TEST(Render, PrintsLocalTime) {
+  const Scratch scratch;
+  const std::string plot = " --page 1 $D/festival-main-stage.json";
+  EXPECT_THAT(textsOf(scratch.korrin("render --utc-offset +02:00" + plot).out),
+              Contains("2026-07-18 20:30 UTC+02:00"));
+  EXPECT_THAT(textsOf(scratch.korrin("render --utc-offset -0930" + plot).out),
+              Contains("2026-07-18 09:00 UTC-09:30"));
+  EXPECT_EQ(scratch.korrin("render --utc-offset 2" + plot).status, 64);
+}
+
+TEST(Render, DrawsEmbeddedImagesThatFoldersHold) {
+  const Scratch scratch;
+  const std::string plot = " --plot-only $D/trio-with-artwork.json";
+  EXPECT_THAT(scratch.korrin("render" + plot).out, testing::Not(HasSubstr("data:")));
+  EXPECT_THAT(scratch.korrin("render --assets $D/../assets" + plot).out,
+              HasSubstr("data:image/png;base64,"));
+  EXPECT_EQ(scratch.korrin("render --assets absent" + plot).status, 2);
+}
+
+struct OffsetRow {
+  const char* name;
+  const char* word;
+  int minutes;
+};
+
+class UtcOffsets : public testing::TestWithParam<OffsetRow> {};
+
+TEST_P(UtcOffsets, AreReadAsPeopleWriteThem) {
+  EXPECT_EQ(utcOffsetFrom(GetParam().word).count(), GetParam().minutes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , UtcOffsets,
+    testing::Values(OffsetRow{"Colon", "+02:00", 120}, OffsetRow{"Plain", "-0930", -570},
+                    OffsetRow{"Hours", "+2", 120}, OffsetRow{"TwoDigits", "-05", -300},
+                    OffsetRow{"Short", "+5:45", 345}, OffsetRow{"UTC", "UTC", 0},
+                    OffsetRow{"Z", "Z", 0}, OffsetRow{"Most", "+18:00", 1080}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(UtcOffset, RefusesAllOtherWords) {
+  for (const char* word : {"", "2", "+", "02:00", "+18:01", "+2:5", "+2:60", "+02:000", "+ 2",
+                           "+-2", "+02:00x", "CET"})
+    EXPECT_THROW(utcOffsetFrom(word), UsageError) << word;
 }
 
 TEST(Render, SaysWhenTheConverterIsNotInstalled) {

@@ -4,11 +4,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "commands/pdf_title.h"
 #include "documents/document_file.h"
 
 namespace korrin::host {
@@ -61,21 +63,28 @@ void run(std::vector<std::string> arguments) {
 
 }  // namespace
 
-std::string convertPictures(const std::vector<std::string>& pictures, PictureFormat format) {
+std::string convertPictures(const std::vector<std::string>& pictures, PictureFormat format,
+                            const PictureDetails& details) {
   const TemporaryFolder folder;
   const std::string result = folder.file("result");
   std::vector<std::string> arguments = {program, "--output", result};
+  // A plot whose lists are long, or whose images are large, is no attack on this program.
+  arguments.push_back("--unlimited");
   if (format == PictureFormat::pdf) {
     arguments.insert(arguments.end(), {"--format", "pdf"});
   } else {
     arguments.insert(arguments.end(), {"--format", "png", "--dpi-x", "192", "--dpi-y", "192"});
+    if (details.pixelWidth)
+      arguments.insert(arguments.end(),
+                       {"--width", std::to_string(*details.pixelWidth), "--keep-aspect-ratio"});
   }
   for (std::size_t i = 0; i < pictures.size(); ++i) {
     arguments.push_back(folder.file(std::to_string(i) + ".svg"));
     replaceFile(arguments.back(), pictures[i]);
   }
   run(arguments);
-  return readFile(result);
+  std::string bytes = readFile(result);
+  return format == PictureFormat::pdf ? withTitle(std::move(bytes), details.title) : bytes;
 }
 
 }  // namespace korrin::host

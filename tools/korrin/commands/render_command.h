@@ -2,10 +2,11 @@
 
 // korrin render: a plot as a picture that a venue can read.
 
-#include <array>
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "korrin/coding/coding_options.h"
 
@@ -20,11 +21,16 @@ struct RenderOptions {
   std::optional<std::size_t> page = std::nullopt;         ///< Counted from 1; absent for all.
   bool isPlotOnly = false;                                ///< The drawing without page and lists.
   std::optional<PictureFormat> converted = std::nullopt;  ///< Absent for SVG.
-  DateStrategy dates = DateStrategy::iso8601;             ///< How the dates are read.
+  std::optional<unsigned> pixelWidth = std::nullopt;      ///< Of a PNG.
+  /// Of printed dates; absent for that of this machine on the day of the event.
+  std::optional<std::chrono::minutes> utcOffset = std::nullopt;
+  std::vector<std::string> assetFolders = {};  ///< Where embedded images are looked for.
+  DateStrategy dates = DateStrategy::iso8601;  ///< How the dates are read.
 };
 
-/// Opens and validates the plot, draws it and writes the picture. A file is replaced all at once
-/// or, when anything fails, left alone; a plot is never replaced by a picture.
+/// Opens and validates the plot, draws it and writes the picture, in the format that the output's
+/// ending names. Throws UsageError where options contradict each other. A file is replaced all at
+/// once or, when anything fails, left alone; a plot is never replaced by a picture.
 ExitCode render(const RenderOptions& options, Console& console);
 
 Command renderCommand();
