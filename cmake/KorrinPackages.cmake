@@ -42,6 +42,9 @@ if(KORRIN_BUILD_TOOL)
   list(APPEND CPACK_COMPONENTS_ALL tool)
   set(CPACK_DEBIAN_TOOL_PACKAGE_NAME korrin)
   set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
+  # PDF and PNG, and characters of most scripts and emoji in them.
+  set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "librsvg2-bin, fonts-dejavu-core, fonts-noto-core, \
+fonts-noto-cjk, fonts-noto-color-emoji")
   set(CPACK_COMPONENT_TOOL_DESCRIPTION "The command-line host: checks, formats, edits, draws and makes stage
 plots, which a touring act sends to a venue.")
 endif()

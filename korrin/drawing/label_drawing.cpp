@@ -14,25 +14,35 @@ constexpr double largestLabel = 16;
 constexpr double lineHeight = 1.2;
 constexpr std::string_view numberColour = "#1f5fa8";
 
+/// Where a symbol has most of its lines: corners are empty or look alike.
+Box core(const Box& box) {
+  constexpr double rim = 0.12;
+  return {box.x + rim * box.width, box.y + rim * box.height, box.width * (1 - 2 * rim),
+          box.height * (1 - 2 * rim)};
+}
+
 /// Below, above, right and left of the symbol; a riser's inside its lower or upper edge first,
 /// since what stands on it covers its middle.
-std::vector<Box> candidates(const PlotItem& item, const Box& symbol, double width, double height) {
+std::vector<LabelCandidate> candidates(const PlotItem& item, const Box& symbol, double width,
+                                       double height) {
   constexpr double gap = 0.7;
   const Place centre = symbol.centre();
   const double x = centre.x - width / 2;
   const double y = centre.y - height / 2;
-  std::vector<Box> boxes;
+  std::vector<LabelCandidate> boxes;
   if (item.kind == PlotItemKind::riser && width < symbol.width && height * 3 < symbol.height) {
-    boxes.push_back({x, symbol.bottom() - height - gap, width, height});
-    boxes.push_back({x, symbol.y + gap, width, height});
+    boxes.push_back({{x, symbol.bottom() - height - gap, width, height}});
+    boxes.push_back({{x, symbol.y + gap, width, height}});
   }
-  boxes.push_back({x, symbol.bottom() + gap, width, height});
-  boxes.push_back({x, symbol.y - height - gap, width, height});
-  boxes.push_back({symbol.right() + gap, y, width, height});
-  boxes.push_back({symbol.x - width - gap, y, width, height});
+  boxes.push_back({{x, symbol.bottom() + gap, width, height}});
+  boxes.push_back({{x, symbol.y - height - gap, width, height}});
+  boxes.push_back({{symbol.right() + gap, y, width, height}});
+  boxes.push_back({{symbol.x - width - gap, y, width, height}});
   for (const double away : {1.0, 2.0, 3.0}) {
-    boxes.push_back({x, symbol.bottom() + gap + away * height, width, height});
-    boxes.push_back({x, symbol.y - gap - (away + 1) * height, width, height});
+    // Rather touch another symbol than stand where nobody knows whose label it is.
+    const double cost = 30 * away;
+    boxes.push_back({{x, symbol.bottom() + gap + away * height, width, height}, cost});
+    boxes.push_back({{x, symbol.y - gap - (away + 1) * height, width, height}, cost});
   }
   return boxes;
 }
@@ -65,7 +75,7 @@ void LabelDrawing::draw(const KorrinProject& project, std::span<const PlotItem* 
     if (item->kind == PlotItemKind::riser) {
       avoidEdges(view_.around(*item));
     } else {
-      places_.avoid(view_.around(*item));
+      places_.avoid(core(view_.around(*item)));
     }
   }
   const PatchNumbers numbers(project);

@@ -64,14 +64,14 @@ Box LabelPlaces::movedInside(Box box) const {
 
 void LabelPlaces::avoid(const Box& symbol) { add({symbol, symbolWeight}); }
 
-Box LabelPlaces::take(std::span<const Box> candidates) {
-  Box best = movedInside(candidates.front());
+Box LabelPlaces::take(std::span<const LabelCandidate> candidates) {
+  Box best = movedInside(candidates.front().box);
   double bestCost = std::numeric_limits<double>::infinity();
-  for (const Box& candidate : candidates) {
+  for (const LabelCandidate& candidate : candidates) {
     if (comparisonsLeft_ == 0) break;
-    const Box moved = movedInside(candidate);
-    const double drift = std::hypot(moved.x - candidate.x, moved.y - candidate.y);
-    const double total = cost(moved) + drift;
+    const Box moved = movedInside(candidate.box);
+    const double drift = std::hypot(moved.x - candidate.box.x, moved.y - candidate.box.y);
+    const double total = cost(moved) + drift + candidate.cost;
     if (total < bestCost) {
       best = moved;
       bestCost = total;

@@ -10,6 +10,12 @@
 
 namespace korrin::drawing {
 
+/// A place that a label may take.
+struct LabelCandidate {
+  Box box;
+  double cost = 0;  ///< What choosing it costs, in square millimetres of a symbol covered.
+};
+
 class LabelPlaces {
  public:
   /// Labels keep inside `region`.
@@ -22,7 +28,7 @@ class LabelPlaces {
   /// earlier the better. It is taken from then on. Time does not grow with crowding: what lies
   /// beyond a bound in one spot counts as full, and once very many comparisons were made, on a
   /// sheet that nobody can read, every label takes its first candidate.
-  Box take(std::span<const Box> candidates);
+  Box take(std::span<const LabelCandidate> candidates);
 
  private:
   struct Obstacle {

@@ -77,10 +77,12 @@ class Sheets {
                                 paper_.width - textWidth(date_, 3.6, true) - 4);
     changed_ = "Last change " + momentText(metadata.modifiedAt, offset) + " · Page ";
     const double room = paper_.width - textWidth(changed_ + "0000 of 0000", 2.8) - 4;
-    contact_ = shortened_.fitLine(
-        joined({prefixed("Prepared by ", metadata.preparedBy), metadata.contactEmail,
-                prefixed("Revision ", metadata.revision)}),
-        2.8, room);
+    const Text contact = joined({prefixed("Prepared by ", metadata.preparedBy),
+                                 metadata.contactEmail, prefixed("Revision ", metadata.revision)});
+    // On narrow paper it takes a line of its own above the page's number.
+    const bool isBeside = fittedLine(contact, 2.8, room) == paperLine(contact);
+    contactLift_ = isBeside ? 0 : 3.7;
+    contact_ = shortened_.fitLine(contact, 2.8, isBeside ? room : paper_.width);
   }
 
   /// The drawing and, beside or below it, the legend.
@@ -131,7 +133,8 @@ class Sheets {
 
   /// The number of pages is known only when all are drawn.
   void drawFooter(SvgWriter& svg, std::size_t page) const {
-    svg.text({paper_.x, paper_.bottom()}, contact_, {.size = 2.8, .colour = mutedColour});
+    svg.text({paper_.x, paper_.bottom() - contactLift_}, contact_,
+             {.size = 2.8, .colour = mutedColour});
     svg.text({paper_.right(), paper_.bottom()},
              changed_ + std::to_string(page) + " of " + std::to_string(pageCount_),
              {.size = 2.8, .anchor = Anchor::end, .colour = mutedColour});
@@ -169,6 +172,7 @@ class Sheets {
   Box paper_{};
   Box content_{};
   std::string title_, facts_, date_, contact_, changed_;
+  double contactLift_ = 0;
   ShortenedTexts shortened_;
   std::deque<SvgWriter> pages_;  // stacked: one
   std::size_t pageCount_ = 0;

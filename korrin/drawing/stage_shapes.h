@@ -35,7 +35,6 @@ inline constexpr std::array choirRiserShapes = {
     rectangle(-0.5, -0.5, 0.5, 0.5, Ink::body),
     line(-0.5, -0.167, 0.5, -0.167, Ink::boldLines),
     line(-0.5, 0.167, 0.5, 0.167, Ink::boldLines),
-    polygon(Ink::solid, {{0, -0.42}, {0.05, -0.3}, {-0.05, -0.3}}),
     line(-0.5, -0.47, 0.5, -0.47, Ink::lines),
 };
 

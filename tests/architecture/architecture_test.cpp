@@ -35,7 +35,7 @@ const std::vector<std::set<std::string>> floors = {
 const std::vector<std::set<std::string>> hostFloors = {
     {"terminal"},
     {"documents"},
-    {"assets", "render"},
+    {"assets"},
     {"findings"},
     {"editing", "revisions", "schema"},
     {"commands"},

@@ -142,7 +142,7 @@ TEST(Sheets, ListWhatIsOnNoSheet) {
   EXPECT_THAT(textsOfAll(project), Not(Contains("Not on the drawing")));
   project.items.edit(0).layerID = UUID({99});
   const std::vector<std::string> texts = textsOfAll(project);
-  EXPECT_THAT(texts, Contains("1 not shown: see the last page"));
+  EXPECT_THAT(texts, Contains("1 not drawn: see lists"));
   EXPECT_THAT(texts, Contains("Not on the drawing"));
   EXPECT_THAT(texts, Contains("DRUMS"));
   EXPECT_THAT(texts, Contains("its layer does not exist"));

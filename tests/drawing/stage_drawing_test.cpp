@@ -327,7 +327,8 @@ TEST(StageDrawing, SurvivesTheLargestAndSmallestValidGeometry) {
 TEST(StageDrawing, KeepsLabelsApart) {
   LabelPlaces places({0, 0, 100, 100});
   places.avoid({40, 40, 20, 20});
-  const std::vector<Box> candidates = {{40, 60, 20, 5}, {40, 35, 20, 5}, {60, 47, 20, 5}};
+  const std::vector<LabelCandidate> candidates = {
+      {{40, 60, 20, 5}}, {{40, 35, 20, 5}}, {{60, 47, 20, 5}}};
   std::vector<Box> taken;
   for (int i = 0; i < 3; ++i) {
     const Box place = places.take(candidates);
@@ -338,7 +339,7 @@ TEST(StageDrawing, KeepsLabelsApart) {
 
 TEST(StageDrawing, MovesLabelsOntoThePaper) {
   LabelPlaces places({0, 0, 100, 100});
-  const std::vector<Box> candidates = {{95, -3, 20, 5}};
+  const std::vector<LabelCandidate> candidates = {{{95, -3, 20, 5}}};
   const Box place = places.take(candidates);
   EXPECT_EQ(place.x, 80);
   EXPECT_EQ(place.y, 0);
