@@ -1,5 +1,5 @@
-// Any bytes that decode to a project can be drawn, safe to open or not: the pictures are closed, hold
-// no script and no reference but to themselves, and are the same twice.
+// Any bytes that decode to a project can be drawn, safe to open or not: the pictures are closed,
+// hold no script and no reference but to themselves, and are the same twice.
 
 #include <cstddef>
 #include <cstdint>
@@ -27,9 +27,8 @@ void check(const std::string& picture) {
 }
 
 void draw(const KorrinProject& project) {
-  const DrawingOptions options = {.assetBytes = [](const Text& sha256) {
-    return std::optional<std::string>(sha256.str());
-  }};
+  const DrawingOptions options = {
+      .assetBytes = [](const Text& sha256) { return std::optional<std::string>(sha256.str()); }};
   for (const std::string& page : drawPages(project, options)) check(page);
   const std::string plot = drawPlot(project);
   check(plot);

@@ -33,11 +33,7 @@ const std::vector<std::set<std::string>> floors = {
 
 // The same of the command-line host's folders.
 const std::vector<std::set<std::string>> hostFloors = {
-    {"terminal"},
-    {"documents"},
-    {"assets"},
-    {"findings"},
-    {"editing", "revisions", "schema"},
+    {"terminal"}, {"documents"}, {"assets"}, {"findings"}, {"editing", "revisions", "schema"},
     {"commands"},
 };
 
