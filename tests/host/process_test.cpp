@@ -1,6 +1,7 @@
 // The built program as its callers see it: arguments in; output, messages and exit status out.
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <set>
 #include <string>
@@ -128,6 +129,26 @@ TEST(Check, ReportsTheWorstOfSeveralFilesAndGoesOn) {
   EXPECT_THAT(outcome.err, HasSubstr("korrin: broken.json: is not a plot"));
   EXPECT_THAT(outcome.out, HasSubstr("club-night-with-findings.json: 9 errors"));
   EXPECT_THAT(outcome.out, HasSubstr("festival-main-stage.json: 0 errors"));
+}
+
+TEST(Check, TakesFoldersAndSeveralPlotsAtOnceAndSumsUp) {
+  const Scratch scratch;
+  std::filesystem::create_directories(scratch.path("tour/autumn"));
+  for (const char* name : {"tour/a.json", "tour/autumn/b.json", "tour/c.json"})
+    scratch.write(name, exampleDocument("club-night-with-findings"));
+  scratch.write("tour/broken.json", "{");
+  const Outcome one = scratch.korrin("check tour");
+  EXPECT_EQ(one.status, 2);
+  EXPECT_THAT(one.out, HasSubstr("tour/autumn/b.json: 9 errors"));
+  EXPECT_THAT(one.out, HasSubstr("\n4 plots: 27 errors, "));
+  EXPECT_THAT(one.out, EndsWith("; 1 not opened\n"));
+  const Outcome several = scratch.korrin("check -j 3 tour");
+  EXPECT_EQ(several.status, one.status);
+  EXPECT_EQ(several.out, one.out);
+  EXPECT_EQ(several.err, one.err);
+  EXPECT_EQ(scratch.korrin("check --format json --jobs 2 tour").out,
+            scratch.korrin("check --format json tour").out);
+  EXPECT_EQ(scratch.korrin("check -j 0 tour").status, 64);
 }
 
 TEST(Check, ReportsRefusedFilesInJsonToo) {

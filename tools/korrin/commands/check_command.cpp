@@ -1,5 +1,7 @@
 #include "commands/check_command.h"
 
+#include <charconv>
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <utility>
@@ -14,6 +16,7 @@
 #include "commands/parameters.h"
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
+#include "documents/plot_files.h"
 #include "documents/waiver_file.h"
 #include "findings/finding_rows.h"
 #include "findings/findings_json.h"
@@ -23,6 +26,7 @@
 #include "findings/sarif.h"
 #include "terminal/display_text.h"
 #include "terminal/failure.h"
+#include "terminal/in_order.h"
 
 namespace korrin::host {
 namespace {
@@ -105,25 +109,67 @@ void printReport(CheckFormat format, const std::vector<FileFindings>& files, Exi
   if (format == CheckFormat::junit) out << junitReport(files);
 }
 
+/// What the findings of several plots come to.
+class CheckTotals {
+ public:
+  void add(const FileFindings& file) {
+    ++plots_;
+    if (file.refusal) ++refused_;
+    const SeverityCounts counts = file.counts();
+    for (std::size_t i = 0; i < counts.size(); ++i) counts_[i] += counts[i];
+  }
+
+  std::string sentence() const {
+    const auto [errors, warnings, information] = counts_;
+    return std::to_string(plots_) + " plots: " + std::to_string(errors) +
+           (errors == 1 ? " error, " : " errors, ") + std::to_string(warnings) +
+           (warnings == 1 ? " warning, " : " warnings, ") + std::to_string(information) +
+           " for information; " + std::to_string(refused_) + " not opened";
+  }
+
+ private:
+  std::size_t plots_ = 0;
+  std::size_t refused_ = 0;
+  SeverityCounts counts_ = {};
+};
+
+/// How many plots are checked at once.
+std::size_t workerCount(const std::string& word) {
+  constexpr std::size_t most = 64;
+  std::size_t count = 0;
+  const auto end = std::from_chars(word.data(), word.data() + word.size(), count);
+  if (end.ec != std::errc() || end.ptr != word.data() + word.size() || count < 1 || count > most)
+    throw UsageError("\"" + word + "\" is no number of workers from 1 to " + std::to_string(most));
+  return count;
+}
+
 ExitCode checkFiles(const CheckOptions& options, Console& console) {
   if (options.explained) {
     console.out << explanationOf(*options.explained);
     return ExitCode::clean;
   }
   if (options.files.empty()) throw UsageError("FILE is required");
-  if (options.waivers && options.files.size() > 1)
+  if (options.waivers && plotFiles(options.files).size() > 1)
     throw UsageError("--waivers goes with one FILE; each plot has findings of its own");
   const KnownAssets known = knownAssets(options.assets);
   AssetFolders folders(options.assetFolders);
   ExitCode result = ExitCode::clean;
   std::vector<FileFindings> reported;
-  Progress progress(console, options.files.size());
-  for (const std::string& path : options.files) {
-    progress.step(inputName(path));
-    FileFindings file = inspect(path, options, known);
+  const std::vector<std::string> files = plotFiles(options.files);
+  const bool isParallel = options.workers > 1;
+  CheckTotals totals;
+  Progress progress(console, files.size());
+  const auto inspectFile = [&](std::size_t i) {
+    if (!isParallel) progress.step(inputName(files[i]));
+    return inspect(files[i], options, known);
+  };
+  // Folders of images remember what they have read: one thread looks into them.
+  const auto takeFile = [&](std::size_t i, FileFindings file) {
+    if (isParallel) progress.step(inputName(files[i]));
     if (!options.assetFolders.empty() && !file.refusal)
       file.assets = checkManifest(file.project, folders);
     result = worse(result, file.exitCode());
+    totals.add(file);
     if (options.format == CheckFormat::text) {
       progress.clear();
       print(file, console);
@@ -132,8 +178,11 @@ ExitCode checkFiles(const CheckOptions& options, Console& console) {
         file.project = KorrinProject{};  // the report needs the findings only
       reported.push_back(std::move(file));
     }
-  }
+  };
+  inOrder(files.size(), options.workers, inspectFile, takeFile);
   progress.clear();
+  if (options.format == CheckFormat::text && files.size() > 1)
+    console.out << totals.sentence() << '\n';
   printReport(options.format, reported, result, console.out);
   return result;
 }
@@ -149,13 +198,15 @@ Command checkCommand() {
   CommandPage page{
       .name = "check",
       .summary = "Say what plots still lack or get wrong.",
-      .arguments = {inputFiles("Plots to check; - is standard input", options->files)},
+      .arguments = {inputFiles("Plots to check, and folders of them; - is standard input",
+                               options->files)},
       .options = knownAssetOptions(options->assets),
       .passages = {
           {.prose = "Without known assets the rule missingAsset is not run. With --assets, each "
                     "image of a plot's manifest must be in a folder (not in one inside it), as "
                     "long as the manifest says, and safe to draw, by itself and together with the "
-                    "others. The first of several words is the default."},
+                    "others. Of a folder all files are checked whose names end in .json, also in "
+                    "folders inside it. The first of several words is the default."},
           {.heading = "Examples",
            .rows = {{"korrin check --builtin-assets plot.json",
                      "what a venue's crew would trip over"},
@@ -178,6 +229,12 @@ Command checkCommand() {
                                 "Say what a rule is about and how to mend what it finds",
                                 options->explained));
   page.options.push_back(choice("--format", "FORMAT", "How findings are printed", options->format));
+  page.options.push_back({.names = {"-j", "--jobs"},
+                          .valueName = "NUMBER",
+                          .text = "How many plots are checked at once; 1 when absent",
+                          .take = [options = options.get()](const std::string& word) {
+                            options->workers = workerCount(word);
+                          }});
   page.options.push_back(dates(options->dates, "How dates stand in the plots"));
   return {std::move(page), [options](Console& console) { return check(*options, console); }};
 }

@@ -2,6 +2,7 @@
 
 // korrin check: what plots still lack or get wrong.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +18,8 @@ namespace korrin::host {
 enum class CheckFormat { text, json, sarif, junit };
 
 struct CheckOptions {
-  std::vector<std::string> files;  ///< "-" is standard input.
+  std::vector<std::string> files;  ///< Folders are searched for plots; "-" is standard input.
+  std::size_t workers = 1;         ///< How many files are read and inspected at once.
   AssetOptions assets = {};
   /// Where the images of the plots' manifests are looked for; none for not at all.
   std::vector<std::string> assetFolders = {};
