@@ -5,4 +5,5 @@
 
 #include "korrin/drawing/outlines.h"
 #include "korrin/drawing/plot_drawing.h"
+#include "korrin/drawing/revision_marks.h"
 #include "korrin/drawing/symbol_catalogue.h"

@@ -10,7 +10,10 @@
 
 namespace korrin {
 
-std::string drawPlot(const KorrinProject& project, const DrawingOptions& options) {
+namespace {
+
+std::string plotWith(const KorrinProject& project, const DrawingOptions& options,
+                     const RevisionMarks* marks) {
   using namespace drawing;
   constexpr double longest = 240;
   constexpr double shortest = 90;
@@ -21,9 +24,20 @@ std::string drawPlot(const KorrinProject& project, const DrawingOptions& options
   SvgWriter svg;
   ShortenedTexts shortened;
   svg.beginDocument(box.width, box.height, paperLine(project.metadata.title));
-  drawStage(svg, project, options, box.inset(3), shortened);
+  drawStage(svg, project, options, box.inset(3), shortened, marks);
   svg.endDocument();
   return svg.take();
+}
+
+}  // namespace
+
+std::string drawPlot(const KorrinProject& project, const DrawingOptions& options) {
+  return plotWith(project, options, nullptr);
+}
+
+std::string drawMarkedPlot(const KorrinProject& project, const RevisionMarks& marks,
+                           const DrawingOptions& options) {
+  return plotWith(project, options, &marks);
 }
 
 std::vector<std::string> drawPages(const KorrinProject& project, const DrawingOptions& options) {
@@ -32,6 +46,17 @@ std::vector<std::string> drawPages(const KorrinProject& project, const DrawingOp
 
 std::string drawStackedPages(const KorrinProject& project, const DrawingOptions& options) {
   return std::move(drawing::drawSheets(project, options, drawing::Binding::stacked).front());
+}
+
+std::vector<std::string> drawMarkedPages(const KorrinProject& project, const RevisionMarks& marks,
+                                         const DrawingOptions& options) {
+  return drawing::drawSheets(project, options, drawing::Binding::separate, &marks);
+}
+
+std::string drawMarkedStackedPages(const KorrinProject& project, const RevisionMarks& marks,
+                                   const DrawingOptions& options) {
+  return std::move(
+      drawing::drawSheets(project, options, drawing::Binding::stacked, &marks).front());
 }
 
 std::string drawSymbol(const PlotItem& item) {

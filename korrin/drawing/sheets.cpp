@@ -46,8 +46,9 @@ Text prefixed(const std::string& prefix, const Text& text) {
 
 class Sheets {
  public:
-  Sheets(const KorrinProject& project, const DrawingOptions& options, Binding binding)
-      : project_(project), options_(options), binding_(binding) {
+  Sheets(const KorrinProject& project, const DrawingOptions& options, Binding binding,
+         const RevisionMarks* marks)
+      : project_(project), options_(options), binding_(binding), marks_(marks) {
     const auto [shorter, longer] = upright(project.exportSettings.paperSize);
     isUpright_ = project.stage.size.height > project.stage.size.width;
     width_ = isUpright_ ? shorter : longer;
@@ -61,6 +62,7 @@ class Sheets {
   std::vector<std::string> draw() {
     const DrawnStage drawn = drawStageSheet();
     std::vector<ListTable> tables = includedLists(project_);
+    if (marks_ != nullptr && !marks_->sentences.empty()) tables.push_back(changes());
     for (ListTable& table : remarks(drawn, shortened_)) tables.push_back(std::move(table));
     flowTables(tables, content_, [this]() -> SvgWriter& { return newPage(); });
     return finished();
@@ -85,6 +87,13 @@ class Sheets {
     contact_ = shortened_.fitLine(contact, 2.8, isBeside ? room : paper_.width);
   }
 
+  ListTable changes() const {
+    const std::vector<Text>& sentences = marks_->sentences;
+    return {"Changes", {"What changed"}, sentences.size(), [&sentences](std::size_t row) {
+              return Cells{sentences[row]};
+            }};
+  }
+
   /// The drawing and, beside or below it, the legend.
   DrawnStage drawStageSheet() {
     Box box = content_;
@@ -94,7 +103,7 @@ class Sheets {
         isUpright_ ? Box{content_.x, content_.bottom() - legendHeight, content_.width, legendHeight}
                    : Box{content_.right() - legendWidth, content_.y, legendWidth, content_.height};
     SvgWriter& page = newPage();
-    DrawnStage drawn = drawStage(page, project_, options_, box, shortened_);
+    DrawnStage drawn = drawStage(page, project_, options_, box, shortened_, marks_);
     drawLegend(page, drawn, legend, shortened_);
     return drawn;
   }
@@ -166,6 +175,7 @@ class Sheets {
   const KorrinProject& project_;
   const DrawingOptions& options_;
   Binding binding_;
+  const RevisionMarks* marks_;  // null for none
   bool isUpright_ = false;
   double width_ = 0;
   double height_ = 0;
@@ -181,8 +191,8 @@ class Sheets {
 }  // namespace
 
 std::vector<std::string> drawSheets(const KorrinProject& project, const DrawingOptions& options,
-                                    Binding binding) {
-  return Sheets(project, options, binding).draw();
+                                    Binding binding, const RevisionMarks* marks) {
+  return Sheets(project, options, binding, marks).draw();
 }
 
 }  // namespace korrin::drawing

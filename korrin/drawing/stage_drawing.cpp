@@ -6,6 +6,7 @@
 #include "korrin/drawing/label_drawing.h"
 #include "korrin/drawing/left_out_items.h"
 #include "korrin/drawing/lengths.h"
+#include "korrin/drawing/mark_drawing.h"
 #include "korrin/drawing/stage_frame.h"
 #include "korrin/drawing/text_fit.h"
 #include "korrin/model/stacking.h"
@@ -48,7 +49,7 @@ std::string nameOf(const PlotItem& item) {
 }
 
 DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const DrawingOptions& options,
-                     const Box& box, ShortenedTexts& shortened) {
+                     const Box& box, ShortenedTexts& shortened, const RevisionMarks* marks) {
   const std::vector<const PlotItem*> visible = visibleItemsInStackingOrder(project);
   const Box canvas = {box.x, box.y, box.width, box.height - captionHeight};
   const StageView view = viewOf(project.stage, visible, canvas, frameWidth);
@@ -76,6 +77,7 @@ DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const Drawing
     if (items.draw(*item)) drawn.looks.insert(lookOf(*item));
   }
   LabelDrawing(svg, options, view, frame.texts(), shortened).draw(project, visible);
+  if (marks != nullptr) drawMarks(svg, view, visible, *marks);
   svg.endClipped();
   frame.drawCaption(box, options.scaleBar, shortened);
   return drawn;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "korrin/drawing/plot_drawing.h"
+#include "korrin/drawing/revision_marks.h"
 #include "korrin/drawing/shortened_texts.h"
 #include "korrin/drawing/stage_view.h"
 #include "korrin/drawing/svg_writer.h"
@@ -29,9 +30,11 @@ struct DrawnStage {
 };
 
 /// Draws the stage as large as a customary scale allows into the box, with its name, measures and
-/// scale below. Texts that have to be shortened are noted. The project must outlive the result.
+/// scale below, and the marks of a revision where there are any. Texts that have to be shortened
+/// are noted. The project must outlive the result.
 DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const DrawingOptions& options,
-                     const Box& box, ShortenedTexts& shortened);
+                     const Box& box, ShortenedTexts& shortened,
+                     const RevisionMarks* marks = nullptr);
 
 /// What lists call an item: its label or, where that is blank, what its symbol is called.
 std::string nameOf(const PlotItem& item);

@@ -155,6 +155,23 @@ TEST(Merge, TakesAnEmptyBaseForNone) {
   EXPECT_EQ(decodeJSON<KorrinProject>(outcome.out), decodeJSON<KorrinProject>(festival()));
 }
 
+TEST(Render, MarksWhatChangedSinceAnEarlierRevision) {
+  const Scratch scratch;
+  scratch.write("old.json", festival());
+  const std::string moved = replaced(festival(), "\"x\": -3600,\n        \"y\": 1200",
+                                     "\"x\": -3000,\n        \"y\": 1200");
+  scratch.write("new.json", withMicrophone(moved, "Beta 52A"));
+  const Outcome plain = scratch.korrin("render new.json");
+  EXPECT_THAT(plain.out, Not(HasSubstr(">moved<")));
+  const Outcome marked = scratch.korrin("render --since old.json new.json");
+  EXPECT_EQ(marked.status, 0) << marked.err;
+  EXPECT_THAT(marked.out, HasSubstr(">moved<"));
+  EXPECT_THAT(marked.out, HasSubstr("What changed"));
+  EXPECT_THAT(marked.out, HasSubstr("Beta 52A"));
+  EXPECT_EQ(scratch.korrin("render --since new.json new.json").out, plain.out);
+  EXPECT_EQ(scratch.korrin("render --since nowhere.json new.json").status, 2);
+}
+
 /// A repository with the festival plot in it, and korrin set up as the page about git says.
 class Git : public testing::Test {
  protected:

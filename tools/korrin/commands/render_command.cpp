@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "korrin/drawing/plot_drawing.h"
+#include "korrin/drawing/revision_marks.h"
 #include "korrin/model/document_coding.h"
 
 #include "assets/asset_folders.h"
@@ -15,6 +15,7 @@
 #include "commands/utc_offset.h"
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
+#include "revisions/plot_revisions.h"
 #include "terminal/failure.h"
 
 namespace korrin::host {
@@ -42,12 +43,12 @@ DrawingOptions drawingOptions(const KorrinProject& project, const RenderOptions&
 }
 
 /// The pictures that together are the result: several only for PDF, which has pages of its own.
-std::vector<std::string> drawPictures(const KorrinProject& project, const RenderOptions& options,
-                                      const DrawingOptions& drawing) {
-  if (options.isPlotOnly) return {drawPlot(project, drawing)};
+std::vector<std::string> drawPictures(const KorrinProject& project, const RevisionMarks& marks,
+                                      const RenderOptions& options, const DrawingOptions& drawing) {
+  if (options.isPlotOnly) return {drawMarkedPlot(project, marks, drawing)};
   if (!options.page && options.converted != PictureFormat::pdf)
-    return {drawStackedPages(project, drawing)};
-  std::vector<std::string> pages = drawPages(project, drawing);
+    return {drawMarkedStackedPages(project, marks, drawing)};
+  std::vector<std::string> pages = drawMarkedPages(project, marks, drawing);
   const std::size_t count = pages.size();
   if (!options.page) return pages;
   if (*options.page < 1 || *options.page > count)
@@ -129,9 +130,15 @@ ExitCode render(const RenderOptions& given, Console& console) {
   return sayingFailures(console, current, [&] {
     const KorrinProject project = decodeDocument(readDocument(options.file), options.dates);
     requireValid(project);
+    RevisionMarks marks;
+    if (options.since) {
+      current = inputName(*options.since);
+      marks = marksSince(decodeDocument(readDocument(*options.since), options.dates), project);
+      current = inputName(options.file);
+    }
     AssetFolders folders(options.assetFolders);
     const std::vector<std::string> pictures =
-        drawPictures(project, options, drawingOptions(project, options, folders));
+        drawPictures(project, marks, options, drawingOptions(project, options, folders));
     current = isToConsole ? "standard output" : *options.output;
     if (!isToConsole) requireNoPlot(current);
     const std::string destination = current;
@@ -196,6 +203,9 @@ Command renderCommand() {
       .arguments = {inputFile("Plot to draw; - is standard input", options->file)},
       .options = {output(options->output), std::move(page), std::move(plotOnly), std::move(pdf),
                   std::move(png), std::move(width), std::move(offset), std::move(assets),
+                  option({"--since"}, "FILE",
+                         "Mark what changed since this former revision of the plot",
+                         options->since),
                   dates(options->dates)},
       .passages = {
           {.prose = "The plot's export settings say on which paper and with which lists. The plot "
@@ -205,6 +215,8 @@ Command renderCommand() {
                     "is a frame with its name. The first of several words is the default."},
           {.heading = "Examples",
            .rows = {{"korrin render -o plot.pdf plot.json", "for the venue"},
+                    {"korrin render --since monday.json -o plot.svg friday.json",
+                     "new, moved and gone symbols are marked, all changes listed"},
                     {"korrin render --plot-only plot.json >plot.svg", "for a page of one's own"}}},
           exitStatuses()}};
   return {std::move(described), [options](Console& console) { return render(*options, console); }};

@@ -24,8 +24,9 @@ struct RenderOptions {
   std::optional<unsigned> pixelWidth = std::nullopt;      ///< Of a PNG.
   /// Of printed dates; absent for that of this machine on the day of the event.
   std::optional<std::chrono::minutes> utcOffset = std::nullopt;
-  std::vector<std::string> assetFolders = {};  ///< Where embedded images are looked for.
-  DateStrategy dates = DateStrategy::iso8601;  ///< How the dates are read.
+  std::vector<std::string> assetFolders = {};       ///< Where embedded images are looked for.
+  std::optional<std::string> since = std::nullopt;  ///< A former revision, to mark changes.
+  DateStrategy dates = DateStrategy::iso8601;       ///< How the dates are read.
 };
 
 /// Opens and validates the plot, draws it and writes the picture, in the format that the output's

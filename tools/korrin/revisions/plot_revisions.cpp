@@ -1,8 +1,12 @@
 #include "revisions/plot_revisions.h"
 
+#include <map>
+#include <set>
 #include <utility>
 
 #include <nlohmann/json.hpp>
+
+#include "korrin/model/stacking.h"
 
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
@@ -72,6 +76,35 @@ std::string RevisionReport::json() const {
                                      {"after", valueOf(one.after)},
                                      {"sentence", sentences(one)}});
   return report.dump(2, ' ', false, Json::error_handler_t::replace);
+}
+
+RevisionMarks marksSince(const KorrinProject& before, const KorrinProject& after) {
+  std::map<UUID, const PlotItem*> former;
+  for (const PlotItem* item : visibleItemsInStackingOrder(before)) former.emplace(item->id, item);
+  const DifferenceSentences sentences(before, after);
+  RevisionMarks marks;
+  const std::vector<Difference> all = differences(before, after);
+  const auto isMove = [](const Difference& one) { return one.field == "position"; };
+  // One mark an item: a moved one is marked as moved, whatever else changed.
+  std::set<std::string> marked;
+  std::set<std::string> moved;
+  for (const Difference& one : all)
+    if (isMove(one)) moved.insert(one.id);
+  for (const Difference& one : all) {
+    marks.sentences.emplace_back(sentences(one));
+    const auto id = UUID::fromText(one.id);
+    if (one.list != "items" || !id || one.kind == DifferenceKind::moved) continue;
+    if (moved.contains(one.id) && !isMove(one)) continue;
+    if (!marked.insert(one.id).second) continue;
+    const auto found = former.find(*id);
+    if (one.kind == DifferenceKind::added)
+      marks.added.push_back(*id);
+    else if (one.kind == DifferenceKind::changed && !isMove(one))
+      marks.changed.push_back(*id);
+    else if (found != former.end())
+      (isMove(one) ? marks.moved : marks.gone).push_back(*found->second);
+  }
+  return marks;
 }
 
 std::string headingOf(std::string_view list) {

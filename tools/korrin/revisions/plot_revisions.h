@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "korrin/coding/coding_options.h"
+#include "korrin/drawing/revision_marks.h"
 #include "korrin/review/difference.h"
 
 namespace korrin::host {
@@ -40,6 +41,9 @@ class RevisionReport {
   bool isGone_;
   std::vector<Difference> differences_;
 };
+
+/// What to mark on a drawing of `after`.
+RevisionMarks marksSince(const KorrinProject& before, const KorrinProject& after);
 
 /// "Monitor mixes" for "monitorMixes": the heading of a list.
 std::string headingOf(std::string_view list);
