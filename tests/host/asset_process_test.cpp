@@ -156,7 +156,7 @@ TEST(Asset, SaysWhatItCannotReadAndGoesOn) {
       {"absent", "absent: cannot be read: No such file or directory"},
       {".", ".: cannot be read: it is a directory"},
       {"huge.tif", "huge.tif: cannot be read: it is larger than 256 MiB"},
-      {"/dev/zero", "/dev/zero: cannot be read: it is larger than 256 MiB"},
+      {"/dev/zero", "/dev/zero: cannot be read: it is a device"},
       {"- <&-", "standard input: cannot be read: Bad file descriptor"},
   };
   for (const auto& [argument, sentence] : rows) {

@@ -1,6 +1,5 @@
 // The command-line host: the table of its commands, and what surrounds the one that runs.
 
-#include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
@@ -22,6 +21,7 @@
 #include "commands/schema_command.h"
 #include "commands/templates_command.h"
 #include "commands/waive_command.h"
+#include "terminal/signals.h"
 
 namespace {
 
@@ -50,8 +50,7 @@ void occupyStandardDescriptors() {
 
 int main(int argc, char** argv) {
   occupyStandardDescriptors();
-  // A reader that went away shows as a failed write, like a full disk.
-  std::signal(SIGPIPE, SIG_IGN);
+  prepareForSignals();
   std::ios::sync_with_stdio(false);
   Console console{std::cout, std::cerr, Terminal::of(STDOUT_FILENO), Terminal::of(STDERR_FILENO)};
   ExitCode result = ExitCode::unusable;

@@ -22,8 +22,7 @@ KorrinProject newProject(const NewOptions& options) {
 
 bool isThere(const std::string& path) {
   std::error_code error;
-  return std::filesystem::symlink_status(path, error).type() !=
-         std::filesystem::file_type::not_found;
+  return std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found;
 }
 
 }  // namespace
@@ -43,7 +42,11 @@ ExitCode makeNew(const NewOptions& options, Console& console) {
     if (!options.isForced && isThere(path))
       throw FileError("is there already; --force replaces it");
     requireReplaceable(path);
-    replaceFile(path, document);
+    // Of two that begin the same plot at once, one finds the other's here.
+    if (options.isForced)
+      replaceFile(path, document);
+    else
+      makeFile(path, document);
     return ExitCode::clean;
   });
 }

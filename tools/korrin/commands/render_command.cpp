@@ -99,14 +99,22 @@ unsigned pixelWidth(const std::string& word) {
   return width;
 }
 
-/// A slip of the hand would otherwise lose the plot itself.
+/// Whether the bytes are nothing, or begin like what this command writes.
+bool isPicture(std::string_view bytes) {
+  bytes.remove_prefix(std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size()));
+  return bytes.empty() || bytes.starts_with('<') || bytes.starts_with("%PDF-") ||
+         bytes.starts_with("\x89PNG");
+}
+
+/// A slip of the hand would otherwise lose the plot itself, whole or damaged.
 void requireNoPlot(const std::string& path) {
   const std::optional<std::string> bytes = readFileIfPresent(path);
   if (!bytes) return;
   try {
     peekVersions(*bytes);
   } catch (const DecodingError&) {
-    return;
+    if (isPicture(*bytes)) return;
+    throw FileError("is no picture and is not replaced by one; remove it first");
   }
   throw FileError("is a plot and is not replaced by a picture");
 }

@@ -37,11 +37,16 @@ std::string readFile(const std::string& path, std::size_t limit = largestFile);
 /// As `readFile`; nothing when there is no such file.
 std::optional<std::string> readFileIfPresent(const std::string& path);
 
+/// Makes a new file. Throws FileError, "is there already", where there is one: of two that make it
+/// at once, one succeeds.
+void makeFile(const std::string& path, std::string_view bytes);
+
 /// Makes `bytes` the file's whole content: written beside it, flushed to the disk and renamed over
 /// it, so that whoever opens the path finds the old content or the new one, whatever goes wrong.
-/// The permission bits of a file that was there are kept; a symbolic link to a file stays, and the
-/// file it leads to is replaced. Throws FileError, and then the old content still stands, when a
-/// step fails or the path names something that is not a regular file.
+/// The permissions of a file that was there are kept, and owner and attributes where the system
+/// allows; a symbolic link stays, and the file it leads to is written, there or not. Throws
+/// FileError, and then the old content still stands, when a step fails or the path names something
+/// that is not a regular file. Signals that end the program wait until the file is whole.
 void replaceFile(const std::string& path, std::string_view bytes);
 
 }  // namespace korrin::host

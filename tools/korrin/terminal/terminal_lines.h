@@ -9,7 +9,8 @@
 namespace korrin::host {
 
 /// Reads lines from the terminal that is standard input, with editing and a history of the lines
-/// before. There may be one at a time. It sets the process's character type to UTF-8 where the
+/// before. There may be one at a time, and while it is there an interruption ends a line, not the
+/// program. It sets the process's character type to UTF-8 where the
 /// environment names none, as documents are.
 class TerminalLines {
  public:
@@ -19,7 +20,8 @@ class TerminalLines {
   TerminalLines(const TerminalLines&) = delete;
   TerminalLines& operator=(const TerminalLines&) = delete;
 
-  /// The next line without its line break; nothing when the person has ended the input.
+  /// The next line without its line break; nothing when the person has ended the input. A line that
+  /// is interrupted (Ctrl-C) is dropped: it comes back empty.
   std::optional<std::string> next();
 
  private:
