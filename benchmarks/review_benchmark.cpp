@@ -9,7 +9,7 @@
 
 #include "benchmarks/support/plot_generator.h"
 
-namespace korrin {
+namespace korrin::benchmarks {
 namespace {
 
 KorrinProject unshared(const KorrinProject& project) {
@@ -62,6 +62,6 @@ BENCHMARK(mergeSides<true, false>)->Name("merge/one changed/three files")->Apply
 BENCHMARK(mergeSides<false, false>)->Name("merge/a tenth changed/three files")->Apply(sizes);
 
 }  // namespace
-}  // namespace korrin
+}  // namespace korrin::benchmarks
 
 BENCHMARK_MAIN();
