@@ -209,7 +209,7 @@ TEST_F(Edit, UndoesEveryEditByItsName) {
   const KorrinProject start = plotIn(scratch, "plot.json");
   for (const std::string& edit : edits) {
     const std::string line = edit == "link input 17 GTR" ? "link input Talkback GTR" : edit;
-    const Outcome outcome = run(line + "\nsave changed.json\nhistory\nundo\nsave undone.json\n");
+    const Outcome outcome = run(line + "\nsave! changed.json\nhistory\nundo\nsave! undone.json\n");
     EXPECT_EQ(outcome.err, "") << line;
     EXPECT_THAT(outcome.out, HasSubstr("done    " + line + "\n"));
     EXPECT_THAT(outcome.out, HasSubstr("undone: " + line + "\n"));

@@ -172,7 +172,8 @@ TEST(Check, RefusesWhatCannotBeOpened) {
                                          "\"width\": -1"));
   const std::vector<std::pair<std::string, std::string>> rows = {
       {"absent", "absent: cannot be read: No such file or directory"},
-      {".", ".: cannot be read: it is a directory"},
+      {"/dev/null", "/dev/null: is not a plot: it is empty"},
+      {"/dev/zero", "/dev/zero: cannot be read: it is a device"},
       {"empty", "empty: is not a plot: it is empty"},
       {"-", "standard input: is not a plot: it is empty"},
       {"- <&-", "standard input: cannot be read: Bad file descriptor"},

@@ -69,7 +69,7 @@ FileFindings inspect(const std::string& path, const CheckOptions& options,
   FileFindings file{inputName(path), std::nullopt, KorrinProject{}, {}, known.notRunReason};
   file.isStrict = options.isStrict;
   try {
-    file.project = decodeDocument(readDocument(path), options.dates);
+    file.project = decodeDocument(readDocument(path).bytes, options.dates);
     requireValid(file.project);
     file.issues = PreflightEngine::inspect(file.project, known.identifiers);
     std::optional<WaiverList> waivers;

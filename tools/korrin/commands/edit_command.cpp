@@ -69,8 +69,7 @@ ExitCode runScript(EditSession& session, const std::string& script, Console& con
   return ExitCode::clean;
 }
 
-KorrinProject open(const EditOptions& options, Console& console) {
-  const std::string bytes = readDocument(options.file);
+KorrinProject projectIn(std::string_view bytes, const EditOptions& options, Console& console) {
   KorrinProject project = decodeDocument(bytes, options.dates);
   requireValid(project);
   const std::string dropped = droppedKeysSentence(bytes);
@@ -97,7 +96,11 @@ ExitCode edit(const EditOptions& options, Console& console) {
                                    .isInteractive = isTyped,
                                    .savesAtTheEnd = options.isAllOrNothing};
     current = inputName(options.file);
-    EditSession session(std::move(settings), open(options, console), console);
+    Input input = readDocument(options.file);
+    KorrinProject project = projectIn(input.bytes, options, console);
+    if (isIndented(input.bytes)) settings.encoding.prettyPrinted = true;
+    settings.opened = std::move(input.file);
+    EditSession session(std::move(settings), std::move(project), console);
     current = inputName(script);
     const ExitCode result =
         isTyped ? runTyped(session, console) : runScript(session, script, console);
@@ -121,10 +124,15 @@ Command editCommand() {
   for (Parameter& known : knownAssetOptions(options->assets))
     page.options.push_back(std::move(known));
   page.options.push_back(dates(options->dates));
-  page.options.push_back(flag({"--pretty"}, "Save the plot indented", options->isPretty));
+  page.options.push_back(
+      flag({"--pretty"}, "Save the plot indented even if it was not", options->isPretty));
   page.options.push_back(flag({"--all-or-nothing"},
                               "Save at the end of the script, and nothing if a line is refused",
                               options->isAllOrNothing));
+  page.passages.push_back(
+      {.prose = "A plot that somebody else has changed since it was opened, a file that was not "
+                "opened here and one that is protected against writing are not saved over, except "
+                "by save!. Plots stay indented or on one line, as they were."});
   page.passages.push_back(
       {.prose = "A script ends at the first line that is refused, with exit status 2; what it "
                 "saved before stays saved. Keys that the format does not know are dropped when the "

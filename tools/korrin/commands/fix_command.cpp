@@ -160,8 +160,8 @@ class Mending {
 ExitCode fix(const FixOptions& options, Console& console) {
   std::string current = inputName(options.file);
   return sayingFailures(console, current, [&] {
-    const std::string bytes = readDocument(options.file);
-    const KorrinProject project = decodeDocument(bytes, options.dates);
+    const Input input = readDocument(options.file);
+    const KorrinProject project = decodeDocument(input.bytes, options.dates);
     requireValid(project);
     if (options.findings.empty() && !options.fixesAllSafe)
       return listAll(project, options, console.out);
@@ -184,11 +184,10 @@ ExitCode fix(const FixOptions& options, Console& console) {
     const std::string target = options.output.value_or(options.file);
     if (target == standardStream)
       throw Failure("was read from standard input; name a file with --output");
-    const std::string dropped = droppedKeysSentence(bytes);
+    const std::string dropped = droppedKeysSentence(input.bytes);
     if (!dropped.empty()) complain(console, current + ": " + dropped);
     current = target;
-    requireReplaceable(target);
-    replaceFile(target, document);
+    writeDocument(target, document, input, console);
     return ExitCode::clean;
   });
 }

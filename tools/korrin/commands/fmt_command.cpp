@@ -16,16 +16,15 @@ ExitCode format(const FormatOptions& options, Console& console) {
   const bool isToConsole = !options.output || *options.output == standardStream;
   std::string current = inputName(options.file);
   return sayingFailures(console, current, [&] {
-    const std::string bytes = readDocument(options.file);
-    const KorrinProject project = decodeDocument(bytes, options.dates);
-    const std::string dropped = droppedKeysSentence(bytes);
+    const Input input = readDocument(options.file);
+    const KorrinProject project = decodeDocument(input.bytes, options.dates);
+    const std::string dropped = droppedKeysSentence(input.bytes);
     const std::string document = encodeJSON(project, options.encoding) + "\n";
     if (isToConsole) {
       console.out << document;
     } else {
       current = *options.output;
-      requireReplaceable(current);
-      replaceFile(current, document);
+      writeDocument(current, document, input, console);
     }
     if (!dropped.empty()) complain(console, inputName(options.file) + ": " + dropped);
     return ExitCode::clean;

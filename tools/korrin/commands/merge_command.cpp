@@ -16,13 +16,6 @@
 namespace korrin::host {
 namespace {
 
-/// Whether the document has more than one line.
-bool isPretty(std::string_view document) {
-  const std::size_t lineBreak = document.find('\n');
-  return lineBreak != std::string_view::npos &&
-         document.find_first_not_of(" \t\r\n", lineBreak) != std::string_view::npos;
-}
-
 /// The plot in the file, of which keys may be lost.
 KorrinProject readSide(const std::string& bytes, const std::string& name, DateStrategy dates,
                        Console& console) {
@@ -47,25 +40,25 @@ ExitCode merge(const MergeOptions& options, Console& console) {
     const KorrinProject base =
         baseBytes.empty() ? KorrinProject{} : decodeDocument(baseBytes, options.dates);
     current = inputName(options.ours);
-    const std::string ourBytes = readDocument(options.ours);
-    const KorrinProject ours = readSide(ourBytes, current, options.dates, console);
+    const Input ourInput = readDocument(options.ours);
+    const KorrinProject ours = readSide(ourInput.bytes, current, options.dates, console);
     current = inputName(options.theirs);
     const KorrinProject theirs =
-        readSide(readDocument(options.theirs), current, options.dates, console);
+        readSide(readDocument(options.theirs).bytes, current, options.dates, console);
 
     current = "the merged plot";
     const MergeResult result = korrin::merge(base, ours, theirs);
     requireValid(result.project);
     const std::string document =
-        encodeJSON(result.project, {.prettyPrinted = isPretty(ourBytes), .dates = options.dates}) +
+        encodeJSON(result.project,
+                   {.prettyPrinted = isIndented(ourInput.bytes), .dates = options.dates}) +
         "\n";
     const bool isToConsole = output == standardStream;
     if (isToConsole) {
       console.out << document;
     } else {
       current = output;
-      requireReplaceable(output);
-      replaceFile(output, document);
+      writeDocument(output, document, ourInput, console);
     }
     printConflicts(isToConsole ? console.err : console.out, options.path.value_or(options.ours),
                    result.conflicts, {base, ours, theirs});

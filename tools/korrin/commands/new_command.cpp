@@ -41,10 +41,9 @@ ExitCode makeNew(const NewOptions& options, Console& console) {
   return sayingFailures(console, path, [&] {
     if (!options.isForced && isThere(path))
       throw FileError("is there already; --force replaces it");
-    requireReplaceable(path);
     // Of two that begin the same plot at once, one finds the other's here.
     if (options.isForced)
-      replaceFile(path, document);
+      writeDocument(path, document, {}, console);
     else
       makeFile(path, document);
     return ExitCode::clean;

@@ -136,12 +136,13 @@ ExitCode render(const RenderOptions& given, Console& console) {
   const bool isToConsole = !options.output || *options.output == standardStream;
   std::string current = inputName(options.file);
   return sayingFailures(console, current, [&] {
-    const KorrinProject project = decodeDocument(readDocument(options.file), options.dates);
+    const KorrinProject project = decodeDocument(readDocument(options.file).bytes, options.dates);
     requireValid(project);
     RevisionMarks marks;
     if (options.since) {
       current = inputName(*options.since);
-      marks = marksSince(decodeDocument(readDocument(*options.since), options.dates), project);
+      marks =
+          marksSince(decodeDocument(readDocument(*options.since).bytes, options.dates), project);
       current = inputName(options.file);
     }
     AssetFolders folders(options.assetFolders);

@@ -33,7 +33,7 @@ ExitCode waive(const WaiveOptions& options, Console& console) {
     throw UsageError("standard input has no file beside it; name one with --waivers");
   std::string current = inputName(options.file);
   return sayingFailures(console, current, [&] {
-    const KorrinProject project = decodeDocument(readDocument(options.file), options.dates);
+    const KorrinProject project = decodeDocument(readDocument(options.file).bytes, options.dates);
     requireValid(project);
     const std::string path = options.waivers.value_or(waiverFileFor(options.file));
     WaiverList list = readWaivers(path).value_or(

@@ -8,8 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "korrin/session/document_file.h"
-
 #include "terminal/signals.h"
 
 namespace korrin::host {
@@ -21,8 +19,9 @@ constexpr std::string_view noFile = "/dev/null";
 /// A failure of the library in the words of this program: what was tried, and why not.
 FileError failed(const std::string& verb, const korrin::FileError& error) {
   const std::string& remark = error.remark();
-  if (remark.starts_with(verb)) return FileError(remark);
-  if (error.code()) return FileError(verb + ": " + error.code().message());
+  if (remark.starts_with("cannot be reached"))
+    return FileError(verb + ": " + error.code().message());
+  if (!remark.starts_with("is ")) return FileError(remark);
   constexpr std::string_view rest = ", not a file";
   const std::size_t end = remark.ends_with(rest) ? remark.size() - rest.size() : remark.size();
   return FileError(verb + ": it " + remark.substr(0, end));
@@ -44,17 +43,21 @@ std::string readStandardInput(std::size_t limit) {
   return readStream(std::cin, standardStream, limit);
 }
 
-void write(const std::string& path, std::string_view bytes, bool isNew) {
+bool isProtected(const korrin::FileError& error) {
+  return error.code() == std::errc::permission_denied && error.remark().starts_with("is ");
+}
+
+void write(DocumentFile& file, std::string_view bytes, Replacing replacing) {
   const EndSignalsHeld untilTheFileIsWhole;
   try {
-    DocumentFile file(path);
-    if (isNew)
-      file.saveBytes(bytes);
-    else
+    if (replacing == Replacing::anything)
       file.saveBytesAnyway(bytes);
-  } catch (const ChangedElsewhere&) {
-    throw FileError("is there already");
+    else
+      file.saveBytes(bytes);
+  } catch (const ChangedElsewhere& error) {
+    throw NotReplaced(error.remark());
   } catch (const korrin::FileError& error) {
+    if (isProtected(error)) throw NotReplaced(error.remark());
     throw failed("cannot be written", error);
   }
 }
@@ -66,26 +69,53 @@ std::string inputName(const std::string& path) {
 }
 
 std::string readFile(const std::string& path, std::size_t limit) {
-  if (path == noFile) return "";
+  return readInput(path, limit).bytes;
+}
+
+Input readInput(const std::string& path, std::size_t limit) {
+  if (path == noFile) return {};
   try {
-    if (path == standardStream) return readStandardInput(limit);
-    return DocumentFile(path).openBytes(limit);
+    if (path == standardStream) return {readStandardInput(limit), std::nullopt};
+    DocumentFile file(path);
+    std::string bytes = file.openBytes(limit);
+    return {std::move(bytes), std::move(file)};
   } catch (const korrin::FileError& error) {
     throw failed("cannot be read", error);
   }
 }
 
 std::optional<std::string> readFileIfPresent(const std::string& path) {
+  DocumentFile file(path);
+  return openIfPresent(file);
+}
+
+std::optional<std::string> openIfPresent(DocumentFile& file) {
   try {
-    return DocumentFile(path).openBytes();
+    return file.openBytes();
   } catch (const korrin::FileError& error) {
     if (error.code() == std::errc::no_such_file_or_directory) return std::nullopt;
     throw failed("cannot be read", error);
   }
 }
 
-void makeFile(const std::string& path, std::string_view bytes) { write(path, bytes, true); }
+void makeFile(const std::string& path, std::string_view bytes) {
+  DocumentFile file(path);
+  try {
+    write(file, bytes, Replacing::whatWasOpened);
+  } catch (const NotReplaced&) {
+    throw FileError("is there already");
+  }
+}
 
-void replaceFile(const std::string& path, std::string_view bytes) { write(path, bytes, false); }
+void replaceFile(const std::string& path, std::string_view bytes) {
+  DocumentFile file(path);
+  write(file, bytes, Replacing::anything);
+}
+
+void save(DocumentFile& file, std::string_view bytes, Replacing replacing, Console& console) {
+  write(file, bytes, replacing);
+  for (const std::string& sentence : file.notKept())
+    complain(console, file.path().string() + ": " + sentence);
+}
 
 }  // namespace korrin::host

@@ -7,7 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "korrin/session/document_file.h"
+
 #include "terminal/failure.h"
+#include "terminal/terminal.h"
 
 namespace korrin::host {
 
@@ -16,6 +19,13 @@ namespace korrin::host {
 class FileError : public Failure {
  public:
   using Failure::Failure;
+};
+
+/// A file that stands as it was, since it is not what was opened, or is protected against writing.
+/// The user may want it replaced all the same.
+class NotReplaced : public FileError {
+ public:
+  using FileError::FileError;
 };
 
 /// The path that stands for standard input or standard output.
@@ -34,8 +44,20 @@ inline constexpr std::size_t largestAsset = std::size_t{256} << 20;
 /// directory, or is larger than `limit` bytes.
 std::string readFile(const std::string& path, std::size_t limit = largestFile);
 
+/// What was read.
+struct Input {
+  std::string bytes;
+  std::optional<DocumentFile> file;  ///< Where it came from, opened; absent for standard input.
+};
+
+/// As `readFile`, for what may be saved in its place.
+Input readInput(const std::string& path, std::size_t limit = largestFile);
+
 /// As `readFile`; nothing when there is no such file.
 std::optional<std::string> readFileIfPresent(const std::string& path);
+
+/// The same of a file that may be saved in its place.
+std::optional<std::string> openIfPresent(DocumentFile& file);
 
 /// Makes a new file. Throws FileError, "is there already", where there is one: of two that make it
 /// at once, one succeeds.
@@ -48,5 +70,15 @@ void makeFile(const std::string& path, std::string_view bytes);
 /// FileError, and then the old content still stands, when a step fails or the path names something
 /// that is not a regular file. Signals that end the program wait until the file is whole.
 void replaceFile(const std::string& path, std::string_view bytes);
+
+/// What saving may replace.
+enum class Replacing {
+  whatWasOpened,  ///< Nothing but what `file` opened or saved last, unless it is protected.
+  anything,       ///< Any regular file.
+};
+
+/// Replaces the file as `replaceFile` does, and says what of the old one could not be kept: its
+/// owner or its other names, for instance. Throws NotReplaced where `replacing` forbids it.
+void save(DocumentFile& file, std::string_view bytes, Replacing replacing, Console& console);
 
 }  // namespace korrin::host

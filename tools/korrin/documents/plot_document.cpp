@@ -6,8 +6,6 @@
 #include "korrin/model/document_coding.h"
 #include "korrin/validation/document_validation.h"
 
-#include "documents/document_file.h"
-
 namespace korrin::host {
 namespace {
 
@@ -45,17 +43,43 @@ Refusal notAPlot(const DecodingError& error, const std::string& hint = {}) {
                  error.keyPath());
 }
 
+/// The file, opened if it is there.
+DocumentFile openedToReplace(const std::string& path) {
+  DocumentFile file(path);
+  std::optional<std::string> bytes;
+  try {
+    bytes = openIfPresent(file);
+  } catch (const FileError& error) {
+    throw Refusal(RefusalReason::unreadable, std::string("is not replaced, as it ") + error.what());
+  }
+  if (!bytes) return file;
+  DocumentVersions versions{};
+  try {
+    versions = peekVersions(*bytes);
+  } catch (const DecodingError&) {
+    return file;  // not a plot of any version: what becomes of it is the caller's wish
+  }
+  requireReadableVersion(versions);
+  return file;
+}
+
 }  // namespace
 
-std::string readDocument(const std::string& path) {
-  std::string bytes;
+Input readDocument(const std::string& path) {
+  Input input;
   try {
-    bytes = readFile(path);
+    input = readInput(path);
   } catch (const FileError& error) {
     throw Refusal(RefusalReason::unreadable, error.what());
   }
-  if (bytes.empty()) throw Refusal(RefusalReason::notAPlot, "is not a plot: it is empty");
-  return bytes;
+  if (input.bytes.empty()) throw Refusal(RefusalReason::notAPlot, "is not a plot: it is empty");
+  return input;
+}
+
+bool isIndented(std::string_view document) {
+  const std::size_t lineBreak = document.find('\n');
+  return lineBreak != std::string_view::npos &&
+         document.find_first_not_of(" \t\r\n", lineBreak) != std::string_view::npos;
 }
 
 KorrinProject decodeDocument(std::string_view bytes, DateStrategy dates) {
@@ -79,21 +103,13 @@ void requireValid(const KorrinProject& project) {
   }
 }
 
-void requireReplaceable(const std::string& path) {
-  std::optional<std::string> bytes;
-  try {
-    bytes = readFileIfPresent(path);
-  } catch (const FileError& error) {
-    throw Refusal(RefusalReason::unreadable, std::string("is not replaced, as it ") + error.what());
-  }
-  if (!bytes) return;
-  DocumentVersions versions{};
-  try {
-    versions = peekVersions(*bytes);
-  } catch (const DecodingError&) {
-    return;  // not a plot of any version: what becomes of it is the caller's wish
-  }
-  requireReadableVersion(versions);
+void requireReplaceable(const std::string& path) { openedToReplace(path); }
+
+void writeDocument(const std::string& path, std::string_view bytes, const Input& input,
+                   Console& console) {
+  const bool isInPlace = input.file && input.file->path() == path;
+  DocumentFile file = isInPlace ? *input.file : openedToReplace(path);
+  save(file, bytes, Replacing::whatWasOpened, console);
 }
 
 }  // namespace korrin::host

@@ -10,6 +10,7 @@
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
 
+#include "documents/document_file.h"
 #include "terminal/failure.h"
 
 namespace korrin::host {
@@ -41,7 +42,10 @@ class Refusal : public Failure {
 };
 
 /// The bytes of a file, or of standard input for "-". Throws Refusal, also when there are none.
-std::string readDocument(const std::string& path);
+Input readDocument(const std::string& path);
+
+/// Whether a document has more than one line, as an indented one.
+bool isIndented(std::string_view document);
 
 /// The project that the bytes hold, not yet validated. The versions are looked at before anything
 /// else, so that a newer document is not taken for a broken one. Throws Refusal.
@@ -53,6 +57,12 @@ void requireValid(const KorrinProject& project);
 /// Throws Refusal when writing to `path` would replace a document that needs a newer version, or a
 /// file that cannot be looked at.
 void requireReplaceable(const std::string& path);
+
+/// Makes `bytes` the whole content of `path`, and says what of the old file could not be kept. When
+/// that is the file that `input` was read from, it must still hold what was read; another must not
+/// hold a document that needs a newer version. Throws Refusal or FileError.
+void writeDocument(const std::string& path, std::string_view bytes, const Input& input,
+                   Console& console);
 
 }  // namespace korrin::host
 

@@ -67,6 +67,7 @@ const std::vector<EditCommand>& editCommands() {
       {"history", "", "the edits that can be undone and done again", 0, 0, listEdits},
       {"preflight", "", "what the plot still lacks or gets wrong", 0, 0, preflightPlot},
       {"save", "[FILE]", "write the plot back, or to another file", 0, 1, savePlot},
+      {"save!", "[FILE]", "the same, whatever the file holds by now", 0, 1, savePlotAnyway},
       {"help", "", "this list", 0, 0, printHelp},
       {"quit", "", "end without saving", 0, 0, quitSession},
   };

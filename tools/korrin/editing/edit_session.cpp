@@ -45,7 +45,9 @@ const EditCommand& commandFor(const std::string& name, std::size_t wordCount) {
 }  // namespace
 
 EditSession::EditSession(Settings settings, KorrinProject project, Console& console)
-    : settings_(std::move(settings)), history_(std::move(project)), console_(console) {}
+    : settings_(std::move(settings)), history_(std::move(project)), console_(console) {
+  if (settings_.opened) files_.emplace(settings_.file, *settings_.opened);
+}
 
 void EditSession::run(std::string_view line) {
   Words words = wordsOf(line);
@@ -129,17 +131,24 @@ void EditSession::printChanges(const ChangeSet& changes, const KorrinProject& be
 }
 
 void EditSession::write(const Save& save) {
+  // Another file is one that was never opened, until it has been saved once.
+  DocumentFile& file = files_.try_emplace(save.file, DocumentFile(save.file)).first->second;
   try {
     requireReplaceable(save.file);
-    replaceFile(save.file, save.bytes);
+    host::save(file, save.bytes, save.replacing, console_);
+  } catch (const NotReplaced& failure) {
+    throw LineError(save.file + ": " + failure.what() +
+                    (save.file == settings_.file
+                         ? "; save! replaces it, save FILE writes another"
+                         : "; save! FILE replaces it, another FILE leaves it"));
   } catch (const Failure& failure) {
     throw LineError(save.file + ": " + failure.what(), failure.exitCode());
   }
 }
 
-void EditSession::save(const std::string& file) {
+void EditSession::save(const std::string& file, Replacing replacing) {
   if (file == standardStream) throw LineError("save needs a file: the plot came from a stream");
-  Save save{file, encodeJSON(project(), settings_.encoding) + "\n"};
+  Save save{file, encodeJSON(project(), settings_.encoding) + "\n", replacing};
   if (settings_.savesAtTheEnd)
     saves_.push_back(std::move(save));
   else
@@ -166,7 +175,10 @@ void undoEdit(EditSession& session, const Words&) { session.undo(); }
 void redoEdit(EditSession& session, const Words&) { session.redo(); }
 void listEdits(EditSession& session, const Words&) { session.listEdits(); }
 void savePlot(EditSession& session, const Words& words) {
-  session.save(words.empty() ? session.settings().file : words[0]);
+  session.save(words.empty() ? session.settings().file : words[0], Replacing::whatWasOpened);
+}
+void savePlotAnyway(EditSession& session, const Words& words) {
+  session.save(words.empty() ? session.settings().file : words[0], Replacing::anything);
 }
 void printHelp(EditSession& session, const Words&) {
   session.console().out << textOf(editCommandsHelp());

@@ -3,6 +3,8 @@
 // A plot being edited by commands: what they share, and how a line is carried out.
 
 #include <cstddef>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +14,7 @@
 #include "korrin/session/edit_history.h"
 
 #include "assets/known_assets.h"
+#include "documents/document_file.h"
 #include "terminal/terminal.h"
 
 namespace korrin::host {
@@ -19,9 +22,10 @@ namespace korrin::host {
 class EditSession {
  public:
   struct Settings {
-    std::string file;               ///< Where `save` writes; "-" when the plot came from a stream.
-    KnownAssets assets = {};        ///< For `preflight`.
-    EncodingOptions encoding = {};  ///< For `save`.
+    std::string file;  ///< Where `save` writes; "-" when the plot came from a stream.
+    std::optional<DocumentFile> opened = {};  ///< The same, as it was opened.
+    KnownAssets assets = {};                  ///< For `preflight`.
+    EncodingOptions encoding = {};            ///< For `save`.
     /// Whether somebody is there to think again when unsaved changes would be lost.
     bool isInteractive = false;
     /// Whether `save` waits until `finish`.
@@ -57,7 +61,8 @@ class EditSession {
   void redo();
   /// Prints the names of the edits that can be undone, and of those that can be done again.
   void listEdits();
-  void save(const std::string& file);
+  /// Throws LineError, also where `replacing` forbids it.
+  void save(const std::string& file, Replacing replacing);
   /// Ends the session; where changes would be lost and somebody is there, only when asked twice.
   void quit();
 
@@ -68,6 +73,7 @@ class EditSession {
   struct Save {
     std::string file;
     std::string bytes;
+    Replacing replacing;
   };
 
   void write(const Save& save);
@@ -76,6 +82,7 @@ class EditSession {
 
   Settings settings_;
   EditHistory history_;
+  std::map<std::string, DocumentFile> files_;  // that were opened or saved here, by their paths
   Console& console_;
   std::vector<std::string> names_;  // of the edits, those that can be done again at the end
   PlotFragment clipboard_;

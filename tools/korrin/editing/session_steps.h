@@ -16,7 +16,10 @@ void printHelp(EditSession& session, const EditCommand::Words& words);
 void quitSession(EditSession& session, const EditCommand::Words& words);
 /// @}
 
+/// @{
 /// [FILE]
 void savePlot(EditSession& session, const EditCommand::Words& words);
+void savePlotAnyway(EditSession& session, const EditCommand::Words& words);
+/// @}
 
 }  // namespace korrin::host
