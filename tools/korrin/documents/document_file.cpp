@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <iostream>
 #include <system_error>
+#include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>
