@@ -11,7 +11,6 @@
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
-#include "documents/dropped_keys.h"
 #include "documents/plot_document.h"
 #include "editing/edit_commands.h"
 #include "editing/edit_session.h"
@@ -70,11 +69,11 @@ ExitCode runScript(EditSession& session, const std::string& script, Console& con
 }
 
 KorrinProject projectIn(std::string_view bytes, const EditOptions& options, Console& console) {
-  KorrinProject project = decodeDocument(bytes, options.dates);
-  requireValid(project);
-  const std::string dropped = droppedKeysSentence(bytes);
+  Plot plot = readPlot(bytes, options.dates);
+  requireValid(plot.value);
+  const std::string dropped = droppedKeysSentence(plot.unknownKeys);
   if (!dropped.empty()) complain(console, inputName(options.file) + ": " + dropped);
-  return project;
+  return std::move(plot.value);
 }
 
 }  // namespace

@@ -13,7 +13,6 @@
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
-#include "documents/dropped_keys.h"
 #include "documents/plot_document.h"
 #include "findings/finding_rows.h"
 #include "terminal/display_text.h"
@@ -161,7 +160,8 @@ ExitCode fix(const FixOptions& options, Console& console) {
   std::string current = inputName(options.file);
   return sayingFailures(console, current, [&] {
     const Input input = readDocument(options.file);
-    const KorrinProject project = decodeDocument(input.bytes, options.dates);
+    const Plot plot = readPlot(input.bytes, options.dates);
+    const KorrinProject& project = plot.value;
     requireValid(project);
     if (options.findings.empty() && !options.fixesAllSafe)
       return listAll(project, options, console.out);
@@ -184,7 +184,7 @@ ExitCode fix(const FixOptions& options, Console& console) {
     const std::string target = options.output.value_or(options.file);
     if (target == standardStream)
       throw Failure("was read from standard input; name a file with --output");
-    const std::string dropped = droppedKeysSentence(input.bytes);
+    const std::string dropped = droppedKeysSentence(plot.unknownKeys);
     if (!dropped.empty()) complain(console, current + ": " + dropped);
     current = target;
     writeDocument(target, document, input, console);

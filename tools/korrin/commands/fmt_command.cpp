@@ -6,7 +6,6 @@
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
-#include "documents/dropped_keys.h"
 #include "documents/plot_document.h"
 #include "terminal/failure.h"
 
@@ -17,9 +16,9 @@ ExitCode format(const FormatOptions& options, Console& console) {
   std::string current = inputName(options.file);
   return sayingFailures(console, current, [&] {
     const Input input = readDocument(options.file);
-    const KorrinProject project = decodeDocument(input.bytes, options.dates);
-    const std::string dropped = droppedKeysSentence(input.bytes);
-    const std::string document = encodeJSON(project, options.encoding) + "\n";
+    const Plot plot = readPlot(input.bytes, options.dates);
+    const std::string dropped = droppedKeysSentence(plot.unknownKeys);
+    const std::string document = encodeJSON(plot.value, options.encoding) + "\n";
     if (isToConsole) {
       console.out << document;
     } else {

@@ -8,7 +8,6 @@
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
-#include "documents/dropped_keys.h"
 #include "documents/plot_document.h"
 #include "revisions/conflict_lines.h"
 #include "terminal/failure.h"
@@ -19,10 +18,10 @@ namespace {
 /// The plot in the file, of which keys may be lost.
 KorrinProject readSide(const std::string& bytes, const std::string& name, DateStrategy dates,
                        Console& console) {
-  KorrinProject project = decodeDocument(bytes, dates);
-  const std::string dropped = droppedKeysSentence(bytes);
+  Plot plot = readPlot(bytes, dates);
+  const std::string dropped = droppedKeysSentence(plot.unknownKeys);
   if (!dropped.empty()) complain(console, name + ": " + dropped);
-  return project;
+  return std::move(plot.value);
 }
 
 }  // namespace

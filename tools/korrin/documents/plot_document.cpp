@@ -1,10 +1,15 @@
 #include "documents/plot_document.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "korrin/coding/json.h"
 #include "korrin/model/document_coding.h"
 #include "korrin/validation/document_validation.h"
+
+#include "terminal/display_text.h"
 
 namespace korrin::host {
 namespace {
@@ -63,6 +68,20 @@ DocumentFile openedToReplace(const std::string& path) {
   return file;
 }
 
+/// A key's path for all elements of its lists: "items[].glow" for "items[3].glow".
+std::string withoutNumbers(std::string_view path) {
+  std::string text;
+  bool isQuoted = false;
+  bool isEscaped = false;
+  for (const char c : path) {
+    if (c == '"' && !isEscaped) isQuoted = !isQuoted;
+    isEscaped = c == '\\' && !isEscaped;
+    if (!isQuoted && c == ']') text.erase(text.find_last_not_of("0123456789") + 1);
+    text += c;
+  }
+  return text;
+}
+
 }  // namespace
 
 Input readDocument(const std::string& path) {
@@ -82,17 +101,48 @@ bool isIndented(std::string_view document) {
          document.find_first_not_of(" \t\r\n", lineBreak) != std::string_view::npos;
 }
 
-KorrinProject decodeDocument(std::string_view bytes, DateStrategy dates) {
+Plot readPlot(std::string_view bytes, DateStrategy dates) {
   try {
     requireReadableVersion(peekVersions(bytes));
   } catch (const DecodingError& error) {
     throw notAPlot(error);
   }
   try {
-    return decodeJSON<KorrinProject>(bytes, {.dates = dates, .nonFinite = NonFinite::fail});
+    return decodeJSONWithUnknownKeys<KorrinProject>(bytes,
+                                                    {.dates = dates, .nonFinite = NonFinite::fail});
   } catch (const DecodingError& error) {
     throw notAPlot(error, dateHint(bytes, dates));
   }
+}
+
+KorrinProject decodeDocument(std::string_view bytes, DateStrategy dates) {
+  return readPlot(bytes, dates).value;
+}
+
+std::string droppedKeysSentence(const UnknownKeys& keys) {
+  constexpr std::size_t mostNamed = 5;
+  constexpr std::size_t longestName = 80;
+  if (keys.count == 0) return "";
+  std::vector<std::pair<std::string, std::size_t>> named;  // with how often each stands
+  std::size_t unnamed = keys.count;
+  for (const std::string& path : keys.paths) {
+    const std::string name = withoutNumbers(path);
+    auto known = std::ranges::find(named, name, &std::pair<std::string, std::size_t>::first);
+    if (known == named.end()) {
+      if (named.size() == mostNamed) continue;
+      known = named.insert(named.end(), {name, 0});
+    }
+    ++known->second;
+    --unnamed;
+  }
+  std::string sentence = "writing drops keys that the format does not know";
+  for (const auto& [name, times] : named) {
+    sentence +=
+        (&name == &named.front().first ? ": " : ", ") + shortened(printable(name), longestName);
+    if (times > 1) sentence += " (" + std::to_string(times) + " times)";
+  }
+  if (unnamed > 0) sentence += " and " + std::to_string(unnamed) + " more";
+  return sentence;
 }
 
 void requireValid(const KorrinProject& project) {

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "korrin/coding/coding_options.h"
+#include "korrin/coding/unknown_keys.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
 
@@ -47,9 +48,19 @@ Input readDocument(const std::string& path);
 /// Whether a document has more than one line, as an indented one.
 bool isIndented(std::string_view document);
 
-/// The project that the bytes hold, not yet validated. The versions are looked at before anything
+/// A plot that is going to be written: the project, and what writing it drops.
+using Plot = DecodedWithUnknownKeys<KorrinProject>;
+
+/// The plot that the bytes hold, not yet validated. The versions are looked at before anything
 /// else, so that a newer document is not taken for a broken one. Throws Refusal.
+Plot readPlot(std::string_view bytes, DateStrategy dates);
+
+/// The project alone.
 KorrinProject decodeDocument(std::string_view bytes, DateStrategy dates);
+
+/// What writing a plot drops, such as "writing drops keys that the format does not know: futureKey,
+/// items[].opacity (12 times) and 3 more"; empty when that is nothing.
+std::string droppedKeysSentence(const UnknownKeys& keys);
 
 /// Throws Refusal when the project is not safe to open.
 void requireValid(const KorrinProject& project);
