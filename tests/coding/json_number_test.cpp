@@ -201,8 +201,8 @@ TEST(ScaledInteger, IsNothingWhereRoundingUpWouldNotFit) {
 
 TEST(NearestDouble, EndsWithItsText) {
   const std::string_view text = "1.2345";
-  EXPECT_EQ(nearestDouble(text.substr(0, 3)), 1.2);
-  EXPECT_EQ(nearestDouble(text.substr(0, 1)), 1.0);
+  EXPECT_EQ(json::nearestDouble(text.substr(0, 3)), 1.2);
+  EXPECT_EQ(json::nearestDouble(text.substr(0, 1)), 1.0);
 }
 
 }  // namespace
