@@ -194,8 +194,10 @@ class Reader {
   void requireCharacters() const {
     // A text replaces what is ill-formed.
     if (Text(rest_).str() != rest_) throw Fault("no well-formed UTF-8");
-    for (const unsigned char byte : rest_)
+    for (const char character : rest_) {
+      const auto byte = static_cast<unsigned char>(character);
       if ((byte < 0x20 && byte != '\n') || byte == 0x7F) throw Fault("a control character");
+    }
     for (const std::string_view none : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
       if (rest_.find(none) != std::string_view::npos) throw Fault("a character that is none");
   }
