@@ -24,7 +24,7 @@ namespace korrin {
 /// The inverse deletes the inserted identifiers, with all that a deletion entails: what an inserted
 /// item replaced does not come back.
 struct InsertItems {
-  static constexpr std::string_view name = "insertItems";
+  static constexpr std::string_view name = "insertItems";  ///< As `caseName()` gives it.
   List<PlotItem> items;  ///< In the order in which they are appended.
 };
 
@@ -36,8 +36,8 @@ struct InsertItems {
 ///
 /// The inverse is the whole former project, its `modifiedAt` included.
 struct DeleteItems {
-  static constexpr std::string_view name = "deleteItems";
-  IDSet itemIDs;  ///< Unknown ones are passed over.
+  static constexpr std::string_view name = "deleteItems";  ///< As `caseName()` gives it.
+  IDSet itemIDs;                                           ///< Unknown ones are passed over.
 };
 
 /// Overwrites items in their places, every field. Where the project holds an identifier more than
@@ -45,68 +45,68 @@ struct DeleteItems {
 ///
 ///     items  A B C        replace C' X A'   ->   A' B C'
 struct ReplaceItems {
-  static constexpr std::string_view name = "replaceItems";
-  List<PlotItem> items;  ///< Each in its new state.
+  static constexpr std::string_view name = "replaceItems";  ///< As `caseName()` gives it.
+  List<PlotItem> items;                                     ///< Each in its new state.
 };
 
 /// Puts another list of groups in the place of the present one. The `groupID` of items stays.
 struct ReplaceGroups {
-  static constexpr std::string_view name = "replaceGroups";
-  List<PlotGroup> groups;  ///< All groups from then on.
+  static constexpr std::string_view name = "replaceGroups";  ///< As `caseName()` gives it.
+  List<PlotGroup> groups;                                    ///< All groups from then on.
 };
 
 /// Puts another list of layers in the place of the present one. The `layerID` of items stays.
 struct ReplaceLayers {
-  static constexpr std::string_view name = "replaceLayers";
-  List<PlotLayer> layers;  ///< All layers from then on.
+  static constexpr std::string_view name = "replaceLayers";  ///< As `caseName()` gives it.
+  List<PlotLayer> layers;                                    ///< All layers from then on.
 };
 
 /// Puts another list of embedded images in the place of the present one.
 struct ReplaceAssetManifest {
-  static constexpr std::string_view name = "replaceAssetManifest";
-  List<AssetManifestEntry> entries;  ///< All entries from then on.
+  static constexpr std::string_view name = "replaceAssetManifest";  ///< As `caseName()` gives it.
+  List<AssetManifestEntry> entries;                                 ///< All entries from then on.
 };
 
 /// Replaces the metadata, all but `modifiedAt`, which is the current instant afterwards.
 struct ReplaceMetadata {
-  static constexpr std::string_view name = "replaceMetadata";
-  ProjectMetadata metadata;  ///< Its `modifiedAt` is not used.
+  static constexpr std::string_view name = "replaceMetadata";  ///< As `caseName()` gives it.
+  ProjectMetadata metadata;                                    ///< Its `modifiedAt` is not used.
 };
 
 /// Replaces the stage.
 struct ReplaceStage {
-  static constexpr std::string_view name = "replaceStage";
-  StageDefinition stage;  ///< The stage from then on.
+  static constexpr std::string_view name = "replaceStage";  ///< As `caseName()` gives it.
+  StageDefinition stage;                                    ///< The stage from then on.
 };
 
 /// Puts another input list in the place of the present one.
 struct ReplaceInputs {
-  static constexpr std::string_view name = "replaceInputs";
-  List<InputChannel> inputs;  ///< All inputs from then on.
+  static constexpr std::string_view name = "replaceInputs";  ///< As `caseName()` gives it.
+  List<InputChannel> inputs;                                 ///< All inputs from then on.
 };
 
 /// Puts another list of monitor mixes in the place of the present one.
 struct ReplaceMonitorMixes {
-  static constexpr std::string_view name = "replaceMonitorMixes";
-  List<MonitorMix> monitorMixes;  ///< All mixes from then on.
+  static constexpr std::string_view name = "replaceMonitorMixes";  ///< As `caseName()` gives it.
+  List<MonitorMix> monitorMixes;                                   ///< All mixes from then on.
 };
 
 /// Puts another list of equipment in the place of the present one.
 struct ReplaceEquipment {
-  static constexpr std::string_view name = "replaceEquipment";
-  List<EquipmentRequirement> equipmentRequirements;  ///< All lines from then on.
+  static constexpr std::string_view name = "replaceEquipment";  ///< As `caseName()` gives it.
+  List<EquipmentRequirement> equipmentRequirements;             ///< All lines from then on.
 };
 
 /// Puts another list of notes in the place of the present one.
 struct ReplaceNotes {
-  static constexpr std::string_view name = "replaceNotes";
-  List<ProjectNote> notes;  ///< All notes from then on.
+  static constexpr std::string_view name = "replaceNotes";  ///< As `caseName()` gives it.
+  List<ProjectNote> notes;                                  ///< All notes from then on.
 };
 
 /// Puts another project in the place of the present one, its `modifiedAt` included.
 struct ReplaceProject {
-  static constexpr std::string_view name = "replaceProject";
-  KorrinProject project;  ///< The project from then on, whole.
+  static constexpr std::string_view name = "replaceProject";  ///< As `caseName()` gives it.
+  KorrinProject project;                                      ///< The project from then on, whole.
 };
 
 /// Applies commands one after the other. Compounds nest to any depth. The inverse holds the
@@ -116,8 +116,8 @@ struct ReplaceProject {
 ///
 /// An empty compound changes nothing.
 struct Compound {
-  static constexpr std::string_view name = "compound";
-  std::vector<DocumentCommand> commands;  ///< In the order in which they are applied.
+  static constexpr std::string_view name = "compound";  ///< As `caseName()` gives it.
+  std::vector<DocumentCommand> commands;                ///< In the order in which they are applied.
 };
 
 /// One of the cases; `index()` counts them from 0 in this order.
