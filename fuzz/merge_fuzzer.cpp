@@ -7,6 +7,7 @@
 
 #include "korrin/foundation/precondition.h"
 
+#include "fuzz/choices.h"
 #include "tests/support/random_revisions.h"
 #include "tests/support/review_laws.h"
 
@@ -14,28 +15,6 @@ namespace korrin::fuzz {
 namespace {
 
 void require(const testing::AssertionResult& law) { precondition(law, law.message()); }
-
-/// Makes choices of bytes, and always the first choice once they are used up.
-class Choices {
- public:
-  explicit Choices(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
-
-  int below(int limit) {
-    int value = next();
-    if (limit > 256) value = value << 8 | next();
-    return value % limit;
-  }
-
- private:
-  int next() {
-    if (bytes_.empty()) return 0;
-    const int byte = bytes_.front();
-    bytes_ = bytes_.subspan(1);
-    return byte;
-  }
-
-  std::span<const std::uint8_t> bytes_;
-};
 
 void run(std::span<const std::uint8_t> bytes) {
   Choices choices(bytes);
