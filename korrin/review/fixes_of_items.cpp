@@ -6,12 +6,13 @@
 #include "korrin/preflight/stage_bounds.h"
 #include "korrin/review/fix_rules.h"
 #include "korrin/review/record_names.h"
+#include "korrin/review/words.h"
 
 namespace korrin::fixes {
 namespace {
 
 using names::nameOf;
-using names::quoted;
+using revision::quoted;
 
 bool isFinite(const StagePoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 bool isFinite(const StageSize& size) {
@@ -91,8 +92,8 @@ std::optional<Fix> moveTo(const KorrinProject& project, std::size_t index, Stage
                           const Environment& environment) {
   PlotItem item = project.items[index];
   const std::string title = "Move " + nameOf(item) + " inside the stage, to x " +
-                            names::number(position.x) + " mm, y " + names::number(position.y) +
-                            " mm";
+                            revision::numberText(position.x) + " mm, y " +
+                            revision::numberText(position.y) + " mm";
   item.position = position;
   return Fix{.title = title,
              .command = replacingItem(project, index, std::move(item), environment)};

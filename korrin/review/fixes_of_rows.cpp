@@ -7,12 +7,13 @@
 
 #include "korrin/review/fix_rules.h"
 #include "korrin/review/record_names.h"
+#include "korrin/review/words.h"
 
 namespace korrin::fixes {
 namespace {
 
 using names::nameOf;
-using names::quoted;
+using revision::quoted;
 
 Fix replacingInput(const KorrinProject& project, std::size_t index, InputChannel input,
                    std::string title) {

@@ -1,13 +1,15 @@
 #include "korrin/review/record_names.h"
 
-#include <array>
-#include <charconv>
 #include <cstdint>
 #include <optional>
 
 #include "korrin/review/words.h"
 
 namespace korrin::names {
+
+using revision::numberText;
+using revision::quoted;
+
 namespace {
 
 std::string numberedName(const char* kind, const std::optional<std::int64_t>& number,
@@ -20,14 +22,6 @@ std::string numberedName(const char* kind, const std::optional<std::int64_t>& nu
 }
 
 }  // namespace
-
-std::string quoted(std::string_view text) { return revision::quoted(text); }
-
-std::string number(double value) {
-  std::array<char, 32> text;
-  const auto end = std::to_chars(text.begin(), text.end(), value);
-  return {text.begin(), end.ptr};
-}
 
 std::string nameOf(const InputChannel& input, std::size_t index) {
   return numberedName("input", input.channel, input.source, index);
@@ -45,7 +39,8 @@ std::string nameOf(const EquipmentRequirement& line, std::size_t index) {
 std::string nameOf(const PlotItem& item) {
   std::string text(rawValue(item.kind));
   if (!item.label.isBlank()) return text + " " + quoted(item.label);
-  return text + " at x " + number(item.position.x) + " mm, y " + number(item.position.y) + " mm";
+  return text + " at x " + numberText(item.position.x) + " mm, y " + numberText(item.position.y) +
+         " mm";
 }
 
 std::string nameOf(const PlotLayer& layer) { return "layer " + quoted(layer.name); }

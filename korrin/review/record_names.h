@@ -1,23 +1,14 @@
 #pragma once
 
 // What the records of a plot are called in sentences. Documents come from strangers: a name is one
-// line, of bounded length, and holds nothing that a terminal would obey.
+// line, of bounded length, and holds nothing that a terminal would obey; words.h sees to that.
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "korrin/model/project.h"
 
 namespace korrin::names {
-
-/// The text between quotation marks, on one line: control characters, line separators and
-/// characters that reorder text stand as "\n" or "\u{1B}", and what is longer than 60 characters is
-/// cut, with an ellipsis at its end.
-std::string quoted(std::string_view text);
-
-/// The shortest decimal form that reads back exactly, whatever the locale.
-std::string number(double value);
 
 /// `input 7 "Bass DI"`, or as much of it as there is; `input in row 3` for one with neither.
 std::string nameOf(const InputChannel& input, std::size_t index);
