@@ -1,6 +1,7 @@
 // From findings to a mended plot: subjects, fixes, the audit and waivers.
 
 #include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -20,8 +21,20 @@ void show(const PreflightIssue& issue, const KorrinProject& plot) {
   // [/subject]
 }
 
+/// Identifiers that count up. Findings of one kind come in the order of their identifiers, so this
+/// program prints the same at every run.
+Environment counting() {
+  Environment environment = Environment::system();
+  environment.makeUUID = [last = std::uint8_t{0}]() mutable {
+    UUID::Bytes bytes{};
+    bytes.back() = ++last;
+    return UUID(bytes);
+  };
+  return environment;
+}
+
 int main() {
-  KorrinProject plot = KorrinProject::template_(KorrinTemplateID::powerTrio);
+  KorrinProject plot = KorrinProject::template_(KorrinTemplateID::powerTrio, counting());
   plot.inputs.edit(0).channel = 2;
   plot.items.edit(0).position.x = -20'000;
 
