@@ -5,6 +5,7 @@
 #include <istream>
 #include <utility>
 
+#include "korrin/foundation/environment.h"
 #include "korrin/session/files/reading.h"
 #include "korrin/session/files/replacing.h"
 #include "korrin/session/files/sentences.h"
@@ -18,6 +19,26 @@ FileError::FileError(fs::path path, std::string remark, std::error_code code)
       path_(std::move(path)),
       remark_(std::move(remark)),
       code_(code) {}
+
+namespace {
+
+// Whether a path could not be followed because nothing stands there.
+bool findsNothing(const FileError& error) {
+  return error.code() == std::errc::no_such_file_or_directory ||
+         error.code() == std::errc::not_a_directory;
+}
+
+// As `files::followed`, for a file that was there.
+files::Target followedAgain(const fs::path& absolute, const fs::path& path) {
+  try {
+    return files::followed(absolute, path);
+  } catch (const FileError& error) {
+    if (!findsNothing(error)) throw;
+    throw ChangedElsewhere(path, "is not there any more, and neither is its folder", error.code());
+  }
+}
+
+}  // namespace
 
 DocumentFile::DocumentFile(fs::path path) : path_(std::move(path)) {
   std::error_code error;
@@ -47,21 +68,23 @@ bool DocumentFile::hasChangedElsewhere() const {
     if (!file) return known_.has_value();
     return !known_ || files::digestOf(*file) != known_;
   } catch (const FileError& error) {
-    const bool holdsNone = error.code() == std::errc::no_such_file_or_directory ||
-                           error.code() == std::errc::not_a_directory;
-    return !holdsNone || known_.has_value();
+    return !findsNothing(error) || known_.has_value();
   }
 }
 
 void DocumentFile::write(std::string_view bytes, bool asks) {
   if (bytes.size() > maximumSize) throw files::tooLarge(path_, maximumSize);
   const files::ContentDigest digest = files::digestOf(bytes);
+  // The system's own time for files lags by some milliseconds. With an exact one a recovery that
+  // was noted just before the save is seen to be older, and one noted meanwhile to be newer.
   const files::Replacement replacement = {.bytes = bytes,
                                           .asks = asks,
                                           .expected = known_,
                                           .isPrivate = false,
-                                          .modified = std::nullopt};
-  files::Replaced replaced = files::replace(files::followed(absolute_, path_), replacement);
+                                          .modified = Environment::system().now()};
+  files::Replaced replaced = files::replace(
+      asks && known_ ? followedAgain(absolute_, path_) : files::followed(absolute_, path_),
+      replacement);
   known_ = digest;
   notKept_ = std::move(replaced.notKept);
   if (replaced.folderError != 0)

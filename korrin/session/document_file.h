@@ -93,7 +93,8 @@ class DocumentFile {
   /// (A `FileError` that says that the new content may be lost in a power cut is the exception: it
   /// is thrown after the replacement.) Permissions are kept and, where the process may, owner,
   /// group and extended attributes; a symbolic link stays and its target is written, whether it is
-  /// there or not.
+  /// there or not. The file's time of modification is that of the call, to the nanosecond where the
+  /// file system can keep that, so that `recoveryOf` knows what was noted before and what after.
   void save(const KorrinProject& project, const EncodingOptions& options = prettyPrinted);
 
   /// As `save`, without asking whether the file has changed or is protected.

@@ -265,6 +265,21 @@ TEST_F(RecoveryOf, ADocumentIsNothingWhereItWasSavedLater) {
   EXPECT_EQ(recovered(), "nothing");
 }
 
+// Both within a few microseconds, of which the system's time for files knows nothing.
+TEST_F(RecoveryOf, ADocumentGoesByTheOrderOfNoteAndSaveHoweverFastTheyFollow) {
+  DocumentFile file(document);
+  Autosave autosave(recovery, 1h);
+  for (int round = 0; round < 20; ++round) {
+    autosave.note(second);
+    autosave.flush();
+    file.save(first);
+    EXPECT_EQ(recovered(), "nothing");
+    autosave.note(second);
+    autosave.flush();
+    EXPECT_EQ(recovered(), "second");
+  }
+}
+
 TEST_F(RecoveryOf, ADocumentIsNothingWhereOnlyTheTimeOfTheLastEditDiffers) {
   KorrinProject edited = first;
   edited.metadata.modifiedAt += 1h;

@@ -250,6 +250,51 @@ TEST(DocumentFile, RefusesWhatIsNoFileAtOnce) {
   EXPECT_EQ(folder.count(), 1u);
 }
 
+TEST(DocumentFile, NamesWhatALinkOfTheSystemLeadsTo) {
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  DocumentFile file("/proc/self/fd/" + std::to_string(ends[0]));
+  try {
+    file.open();
+    FAIL();
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.remark(), "is a pipe, not a file");
+  }
+  EXPECT_THROW(file.saveAnyway(first), FileError);
+  ::close(ends[0]);
+  ::close(ends[1]);
+}
+
+TEST(DocumentFile, AsksWhereTheFolderHasGoneWithTheFile) {
+  const test::Folder folder;
+  fs::create_directory(folder / "tour");
+  fs::create_symlink(folder / "tour", folder / "link");
+  DocumentFile file(folder.write("tour/plot.json", firstBytes));
+  DocumentFile linked(folder / "link/plot.json");
+  file.open();
+  linked.open();
+  fs::remove_all(folder / "tour");
+  for (DocumentFile* const gone : {&file, &linked}) {
+    EXPECT_TRUE(gone->hasChangedElsewhere());
+    EXPECT_THROW(gone->save(second), ChangedElsewhere);
+    EXPECT_THROW(gone->saveAnyway(second), FileError);
+  }
+  EXPECT_FALSE(DocumentFile(file.path()).hasChangedElsewhere());
+  fs::create_directory(folder / "tour");
+  EXPECT_THROW(file.save(second), ChangedElsewhere);
+  file.saveAnyway(second);
+  EXPECT_EQ(contentOf(file.path()), secondBytes);
+}
+
+TEST(DocumentFile, SeesAtOnceThatAFileHasGrownBeyondAnyPlot) {
+  const test::Folder folder;
+  DocumentFile file(folder.write("plot.json", firstBytes));
+  file.open();
+  fs::resize_file(file.path(), std::uintmax_t{1} << 40);  // a hole, which takes no room
+  EXPECT_TRUE(file.hasChangedElsewhere());
+  EXPECT_THROW(file.save(second), ChangedElsewhere);
+}
+
 TEST(DocumentFile, RefusesWhatIsLargerThanAnyPlot) {
   const test::Folder folder;
   const fs::path path = folder.write("plot.json", "");

@@ -70,6 +70,9 @@ Target followed(const fs::path& absolute, const fs::path& asNamed) {
         !S_ISLNK(status.st_mode))
       return target;
     if (!isTrusted(path, status)) break;
+    // The links of /proc to pipes and devices read like names, of which nothing stands there.
+    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+      throw notAFile(asNamed, status.st_mode);
     path = destinationOf(path, asNamed);
   }
   throw cannotReach(asNamed, ELOOP);
@@ -168,6 +171,7 @@ std::string contentOf(const FoundFile& file, const fs::path& path, std::size_t l
 
 std::optional<ContentDigest> digestOf(const FoundFile& file) {
   if (!file.handle.isOpen()) return std::nullopt;
+  if (file.status.st_size > static_cast<off_t>(DocumentFile::maximumSize)) return std::nullopt;
   if (::lseek(file.handle.number(), 0, SEEK_SET) != 0) return std::nullopt;
   ContentDigester digester;
   std::array<char, 32 * 1024> buffer;

@@ -25,12 +25,6 @@ namespace {
 constexpr EncodingOptions recoveryEncoding = {.nonFinite = NonFinite::strings};
 constexpr DecodingOptions recoveryDecoding = {.nonFinite = NonFinite::strings};
 
-struct timespec timeOf(Instant instant) {
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(instant);
-  return {.tv_sec = static_cast<time_t>(seconds.time_since_epoch().count()),
-          .tv_nsec = static_cast<long>((instant - seconds).count())};
-}
-
 // Nothing for a time that no instant can hold.
 std::optional<Instant> instantOf(const struct timespec& time) {
   constexpr auto limit = std::chrono::floor<std::chrono::seconds>(Instant::max());
@@ -91,7 +85,7 @@ void writeRecovery(const fs::path& file, const KorrinProject& project, Instant n
                                    .asks = false,
                                    .expected = std::nullopt,
                                    .isPrivate = true,
-                                   .modified = timeOf(notedAt)};
+                                   .modified = notedAt};
   const Replaced replaced = replace(unfollowed(file), replacement);
   if (replaced.folderError != 0) throw cannotWrite(file, replaced.folderError);
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <ctime>
 #include <thread>
 #include <utility>
 
@@ -50,6 +51,12 @@ class FileSizeSignal {
   bool wasPending_ = false;
   bool isBlocked_ = false;
 };
+
+struct timespec timeOf(Instant instant) {
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(instant);
+  return {.tv_sec = static_cast<time_t>(seconds.time_since_epoch().count()),
+          .tv_nsec = static_cast<long>((instant - seconds).count())};
+}
 
 std::string freshName() { return ".korrin-" + Environment::system().makeUUID().text(); }
 
@@ -263,10 +270,11 @@ Replaced replace(const Target& target, const Replacement& replacement) {
   NewFile file(target, isNew ? asTheUserAsksFor : ownOnly);
   file.write(replacement.bytes);
   if (old && !replacement.isPrivate) replaced.notKept = copyTraits(*old, file.number());
-  if (replacement.modified) {
-    const struct timespec times[2] = {*replacement.modified, *replacement.modified};
-    if (::futimens(file.number(), times) != 0) throw cannotWrite(target.path, errno);
-  }
+  const struct timespec modified = timeOf(replacement.modified);
+  const struct timespec times[2] = {modified, modified};
+  // A recovery without its time would be taken for something else.
+  if (::futimens(file.number(), times) != 0 && replacement.isPrivate)
+    throw cannotWrite(target.path, errno);
   file.flush();
 
   const FolderLock lock(target);

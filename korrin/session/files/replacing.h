@@ -2,12 +2,12 @@
 
 // Putting new content in a file's place in one step.
 
-#include <ctime>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "korrin/foundation/instant.h"
 #include "korrin/session/files/content_digest.h"
 #include "korrin/session/files/reading.h"
 
@@ -17,9 +17,9 @@ namespace korrin::files {
 struct Replacement {
   std::string_view bytes;
   bool asks;  ///< Whether anything else than `expected`, or a protected file, is refused.
-  std::optional<ContentDigest> expected;    ///< Absent: no file.
-  bool isPrivate;                           ///< For this user only, in place of this user's only.
-  std::optional<struct timespec> modified;  ///< The time that the file is to bear.
+  std::optional<ContentDigest> expected;  ///< Absent: no file.
+  bool isPrivate;                         ///< For this user only, in place of this user's only.
+  Instant modified;  ///< The time that the file is to bear, where the file system can do that.
 };
 
 /// What there is to say of a replacement that was made.

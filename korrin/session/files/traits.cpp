@@ -31,6 +31,12 @@ void copyOwner(const struct stat& from, int to, mode_t& mode, std::vector<std::s
   }
 }
 
+bool holds(int file, const char* name, std::string_view value) {
+  std::string own(value.size() + 1, '\0');
+  const ssize_t size = ::fgetxattr(file, name, own.data(), own.size());
+  return size >= 0 && std::string_view(own.data(), static_cast<std::size_t>(size)) == value;
+}
+
 void copyAttributes(const FoundFile& from, int to, std::vector<std::string>& notKept) {
   // A folder may have given the new file an access list of its own.
   ::fremovexattr(to, accessList);
@@ -48,8 +54,12 @@ void copyAttributes(const FoundFile& from, int to, std::vector<std::string>& not
     const char* const name = names.c_str() + at;
     const ssize_t size = ::fgetxattr(from.handle.number(), name, value.data(), value.size());
     if (size < 0 && errno == ENODATA) continue;
-    if (size < 0 || ::fsetxattr(to, name, value.data(), static_cast<std::size_t>(size), 0) != 0)
-      notKept.push_back("the file has lost its extended attribute " + std::string(name));
+    const bool isKept =
+        size >= 0 &&
+        (::fsetxattr(to, name, value.data(), static_cast<std::size_t>(size), 0) == 0 ||
+         // A security label that the system gave by itself may be one that nobody may set.
+         holds(to, name, std::string_view(value.data(), static_cast<std::size_t>(size))));
+    if (!isKept) notKept.push_back("the file has lost its extended attribute " + std::string(name));
   }
 }
 
