@@ -43,6 +43,15 @@ struct UnsafeDocument {
 /// What became of an attempt to open: one of four, never half a document.
 using OpenOutcome = std::variant<OpenedDocument, NewerDocument, UnreadableDocument, UnsafeDocument>;
 
+/// What became of an attempt to read a plot that need not be safe: the first of three where it was
+/// read whole.
+using ReadOutcome =
+    std::variant<DecodedWithUnknownKeys<KorrinProject>, NewerDocument, UnreadableDocument>;
+
+/// As `openDocument`, but without the validation at its end: for tools that show or mend what no
+/// editor opens. Throws nothing but `std::bad_alloc`.
+ReadOutcome readWithoutValidating(std::string_view bytes, const DecodingOptions& options = {});
+
 /// Opens the plot that `bytes` hold. Looks at the two versions first, as a newer document may hold
 /// words that this version could only call mistakes; then decodes, then validates. `bytes` are not
 /// kept. Throws nothing but `std::bad_alloc`.
@@ -51,6 +60,10 @@ OpenOutcome openDocument(std::string_view bytes, const DecodingOptions& options 
 /// The layout of saved plots: one member a line, indented, so that a person or a version control
 /// system can compare two of them.
 inline constexpr EncodingOptions prettyPrinted = {.prettyPrinted = true};
+
+/// Whether a document is laid out on several lines, for a host that saves as it found: any line
+/// break with something behind it counts. One at the end does not.
+bool isPrettyPrinted(std::string_view bytes) noexcept;
 
 /// The bytes of a document that `openDocument` opens again. Validates first, then encodes. A
 /// `schemaVersion` above the current one is written as the current one, which is what the bytes
