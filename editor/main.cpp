@@ -1,7 +1,9 @@
 // korrin-editor [PLOT]: draws a stage plot in a window.
 
 #include <QApplication>
+#include <QTimer>
 
+#include "editor/files/plot_files.h"
 #include "editor/main_window.h"
 
 int main(int argc, char** argv) {
@@ -9,7 +11,13 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("korrin-editor");
   QApplication::setOrganizationName("Korrin");
   QApplication::setApplicationDisplayName("Korrin");
+  QApplication::setDesktopFileName("korrin-editor");
   korrin::editor::MainWindow window;
   window.show();
+  // Questions come up over a window that is there.
+  QTimer::singleShot(0, &window, [&window] {
+    const QString path = QApplication::arguments().value(1);
+    if (auto* files = window.findChild<korrin::editor::PlotFiles*>()) files->start(path);
+  });
   return QApplication::exec();
 }

@@ -2,8 +2,12 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QMenu>
 
+#include "editor/files/file_questions.h"
+#include "editor/files/plot_files.h"
+#include "editor/files/recent_files.h"
 #include "editor/main_window.h"
 
 namespace korrin::editor {
@@ -11,12 +15,50 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("FileMenu", text); }
 
+void listRecentFiles(QMenu& menu, PlotFiles* files) {
+  menu.clear();
+  const QStringList paths = recentFiles();
+  for (qsizetype i = 0; i < paths.size(); ++i) {
+    const QString path = paths[i];
+    // A name may hold the sign that marks a key in menus.
+    const QString name = plain(QFileInfo(path).fileName()).replace('&', "&&");
+    QAction* action = menu.addAction(QString("&%1  %2").arg((i + 1) % 10).arg(name), files,
+                                     [files, path] { files->open(path); });
+    action->setStatusTip(plain(path));
+  }
+  menu.setEnabled(!paths.isEmpty());
+}
+
 }  // namespace
 
 void addFileMenu(MainWindow& window) {
-  QAction* close =
-      window.fileMenu().addAction(tr("&Quit"), QKeySequence::Quit, &window, &QWidget::close);
+  auto* files = new PlotFiles(window.plot(), &window);
+  QMenu& menu = window.fileMenu();
+  QAction* begin =
+      menu.addAction(tr("&New…"), QKeySequence::New, files, [files] { files->begin(); });
+  begin->setObjectName("new");
+  menu.addAction(tr("&Open…"), QKeySequence::Open, files, [files] { files->openAnother(); })
+      ->setObjectName("open");
+  QMenu* recent = menu.addMenu(tr("Open &Recent"));
+  QObject::connect(files, &PlotFiles::recentFilesChanged, recent,
+                   [recent, files] { listRecentFiles(*recent, files); });
+  listRecentFiles(*recent, files);
+  menu.addSeparator();
+  menu.addAction(tr("&Save"), QKeySequence::Save, files, [files] { files->save(); })
+      ->setObjectName("save");
+  menu.addAction(tr("Save &As…"), QKeySequence::SaveAs, files, [files] { files->saveAs(); })
+      ->setObjectName("saveAs");
+  menu.addSeparator();
+  QAction* close = menu.addAction(tr("&Quit"), QKeySequence::Quit, &window, &QWidget::close);
+  close->setObjectName("quit");
   close->setMenuRole(QAction::QuitRole);
+
+  QObject::connect(files, &PlotFiles::said, &window, &MainWindow::say);
+  window.setCloseQuestion([files] {
+    if (!files->mayForget()) return false;
+    files->safetyCopy().forget();
+    return true;
+  });
 }
 
 }  // namespace korrin::editor
