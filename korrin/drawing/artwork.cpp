@@ -62,8 +62,9 @@ const Artwork::Image* Artwork::imageOf(const PlotItem& item, SvgWriter& svg) {
 }
 
 Artwork::Image Artwork::load(const Text& sha256, const AssetManifestEntry* entry, SvgWriter& svg) {
-  const bool hasFileName = entry != nullptr && !entry->filename.isBlank();
-  Image image{.name = paperLine(hasFileName ? entry->filename : sha256), .kept = std::nullopt};
+  Image image{.name = entry != nullptr ? paperLine(entry->filename) : "", .kept = std::nullopt};
+  // There may be no name, or none that can be seen.
+  if (image.name.empty()) image.name = paperLine(sha256);
   if (!options_.assetBytes) return image;
   const std::optional<std::string> bytes = options_.assetBytes(sha256);
   if (!bytes) return image;

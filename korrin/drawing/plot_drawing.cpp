@@ -73,7 +73,9 @@ std::string drawSymbol(const PlotItem& item) {
   svg.beginSymbol(width, height, nameOf(item));
   svg.beginPlaced({width / 2, height / 2}, 0, item.isFlippedHorizontally, item.isFlippedVertically);
   if (!isBuiltIn(item.assetID) && isDigest(item.assetID)) {
+    svg.beginTitled(item.assetID);
     drawFrame(svg, width - rim, height - rim);
+    svg.endGroup();
   } else {
     drawLook(svg, lookOf(item), width - rim, height - rim, item.style.tintHex);
   }

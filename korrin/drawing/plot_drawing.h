@@ -51,7 +51,8 @@ std::vector<std::string> drawPages(const KorrinProject& project,
 std::string drawStackedPages(const KorrinProject& project, const DrawingOptions& options = {});
 
 /// The item alone, filling the picture: upright, flipped as it is, without its label, for palettes
-/// and canvases. Position and rotation do not matter. Embedded images are shown as a frame.
+/// and canvases. Position and rotation do not matter. An embedded image is shown as a frame that
+/// bears its digest as a title.
 std::string drawSymbol(const PlotItem& item);
 
 }  // namespace korrin

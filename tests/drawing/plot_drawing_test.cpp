@@ -117,6 +117,20 @@ TEST(DrawPlot, NamesAFrameByItsDigestWithoutAFileName) {
   EXPECT_THAT(drawPlot(project), HasSubstr(digest));
 }
 
+TEST(DrawPlot, NamesAFrameByItsDigestWhereTheFileNameCannotBeSeen) {
+  KorrinProject project = withImage();
+  for (const char* name : {"", "  ", "\x01", "\u202E"}) {
+    project.assetManifest.edit(project.assetManifest.size() - 1).filename = name;
+    EXPECT_THAT(drawPlot(project), HasSubstr("<title>" + std::string(digest)));
+  }
+}
+
+TEST(DrawSymbol, FramesAnImageAndBearsItsDigest) {
+  const std::string svg = drawSymbol(withImage().items[0]);
+  EXPECT_EQ(readSvg(svg).fault, "");
+  EXPECT_THAT(svg, HasSubstr("<title>" + std::string(digest)));
+}
+
 TEST(DrawPlot, StopsAtTheTotalOfPixels) {
   KorrinProject project = fixedExample();
   for (const std::size_t i : {0u, 1u, 2u}) {
