@@ -42,9 +42,10 @@ if(KORRIN_BUILD_TOOL)
   list(APPEND CPACK_COMPONENTS_ALL tool)
   set(CPACK_DEBIAN_TOOL_PACKAGE_NAME korrin)
   set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
-  # PDF and PNG, and characters of most scripts and emoji in them.
+  # PDF and PNG, and characters of most scripts and emoji in them. rsvg-convert draws outlines: of fonts of coloured emoji
+  # it would draw blots.
   set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "librsvg2-bin, fonts-dejavu-core, fonts-noto-core, \
-fonts-noto-cjk, fonts-noto-color-emoji")
+fonts-noto-cjk, fonts-symbola")
   set(CPACK_COMPONENT_TOOL_DESCRIPTION "The command-line host: checks, formats, edits, draws and makes stage
 plots, which a touring act sends to a venue.")
 endif()

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "korrin/drawing/text_fit.h"
+
 namespace korrin::drawing {
 namespace {
 
@@ -81,6 +83,8 @@ void ItemDrawing::drawName(const PlotItem& item, const std::string& name) {
   double y = box.centre().y - step * static_cast<double>(lines.size()) / 2 + 0.8 * size;
   svg_.beginHaloTexts();
   for (const std::string& line : lines) {
+    const double width = textWidth(line, size, true);
+    names_.push_back({box.centre().x - width / 2, y - 0.8 * size, width, size});
     svg_.haloText({box.centre().x, y}, line, {.size = size, .colour = mutedColour});
     y += step;
   }

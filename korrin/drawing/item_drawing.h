@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "korrin/drawing/artwork.h"
 #include "korrin/drawing/shortened_texts.h"
@@ -24,6 +25,9 @@ class ItemDrawing {
   /// Draws the item's symbol or embedded image. Returns whether it was a symbol.
   bool draw(const PlotItem& item);
 
+  /// Where the names of frames are written.
+  const std::vector<Box>& names() const { return names_; }
+
  private:
   /// Symbols that look the same are written once. Sizes count in thousandths of a millimetre.
   using LookKey = std::tuple<LookIndex, std::int64_t, std::int64_t, std::string>;
@@ -37,6 +41,7 @@ class ItemDrawing {
   ShortenedTexts& shortened_;
   Artwork artwork_;
   std::map<LookKey, std::size_t> drawn_;
+  std::vector<Box> names_;
 };
 
 /// The frame of an embedded image that cannot be shown, about (0, 0).

@@ -31,8 +31,26 @@ class LabelDrawing {
     std::string_view colour;
   };
 
-  void avoidEdges(const Box& box);
-  std::vector<Line> linesOf(const PlotItem& item, const Box& symbol, const PatchNumbers& numbers);
+  /// A label as it may be written, and how much worse that is than the usual way.
+  struct Form {
+    std::vector<Line> lines;
+    double width = 0;
+    double height = 0;
+    double cost = 0;
+  };
+  /// What a label may be made of.
+  struct Texts {
+    Text label;
+    double size;
+    std::string numbers;
+  };
+
+  void avoidEdges(const Box& box, double thick);
+  static void addLine(Form& form, Line line);
+  Texts textsOf(const PlotItem& item, const PatchNumbers& numbers) const;
+  Form usualForm(const Texts& texts, const Box& symbol);
+  std::vector<Form> smallForms(const Texts& texts, const Box& symbol) const;
+  double roomFor(const Box& symbol, double size) const;
   void drawLabel(const PlotItem& item, const PatchNumbers& numbers);
 
   SvgWriter& svg_;

@@ -64,21 +64,19 @@ Box LabelPlaces::movedInside(Box box) const {
 
 void LabelPlaces::avoid(const Box& symbol) { add({symbol, symbolWeight}); }
 
-Box LabelPlaces::take(std::span<const LabelCandidate> candidates) {
-  Box best = movedInside(candidates.front().box);
-  double bestCost = std::numeric_limits<double>::infinity();
+LabelCandidate LabelPlaces::find(std::span<const LabelCandidate> candidates) {
+  LabelCandidate best = {movedInside(candidates.front().box),
+                         std::numeric_limits<double>::infinity()};
   for (const LabelCandidate& candidate : candidates) {
     if (comparisonsLeft_ == 0) break;
     const Box moved = movedInside(candidate.box);
     const double drift = std::hypot(moved.x - candidate.box.x, moved.y - candidate.box.y);
     const double total = cost(moved) + drift + candidate.cost;
-    if (total < bestCost) {
-      best = moved;
-      bestCost = total;
-    }
+    if (total < best.cost) best = {moved, total};
   }
-  add({best.inset(-rim), labelWeight});
   return best;
 }
+
+void LabelPlaces::take(const Box& box) { add({box.inset(-rim), labelWeight}); }
 
 }  // namespace korrin::drawing

@@ -25,10 +25,13 @@ class LabelPlaces {
   void avoid(const Box& symbol);
 
   /// The best of the candidates (at least one), moved into the region where it sticks out, the
-  /// earlier the better. It is taken from then on. Time does not grow with crowding: what lies
-  /// beyond a bound in one spot counts as full, and once very many comparisons were made, on a
-  /// sheet that nobody can read, every label takes its first candidate.
-  Box take(std::span<const LabelCandidate> candidates);
+  /// earlier the better, with its cost. Time does not grow with crowding: what lies beyond a bound
+  /// in one spot counts as full, and once very many comparisons were made, on a sheet that nobody
+  /// can read, every label gets its first candidate at an infinite cost.
+  LabelCandidate find(std::span<const LabelCandidate> candidates);
+
+  /// A label stands here from then on.
+  void take(const Box& box);
 
  private:
   struct Obstacle {

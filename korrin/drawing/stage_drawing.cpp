@@ -76,7 +76,9 @@ DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const Drawing
         drawn.risers.push_back(std::move(text));
     if (items.draw(*item)) drawn.looks.insert(lookOf(*item));
   }
-  LabelDrawing(svg, options, view, frame.texts(), shortened).draw(project, visible);
+  std::vector<Box> texts = frame.texts();
+  texts.insert(texts.end(), items.names().begin(), items.names().end());
+  LabelDrawing(svg, options, view, texts, shortened).draw(project, visible);
   if (marks != nullptr) drawMarks(svg, view, visible, *marks);
   svg.endClipped();
   frame.drawCaption(box, options.scaleBar, shortened);

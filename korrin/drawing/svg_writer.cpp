@@ -11,11 +11,10 @@ namespace {
 // Beyond this renderers lose precision or overflow; no paper is a kilometre wide.
 constexpr double farAway = 1e6;
 
-// Renderers take for each character the first font that has it; the names after the first are fonts
-// of many scripts and of emoji on the usual systems.
+// Renderers take for each character the first font that has it, whatever is generic last. Fonts of
+// coloured emoji are not named: they hold digits, which would be taken from them.
 constexpr std::string_view fonts =
-    "sans-serif, 'DejaVu Sans', 'Noto Sans', 'Noto Sans CJK JP', 'Noto Color Emoji', "
-    "'Apple Color Emoji', 'Segoe UI Emoji', Symbola";
+    "sans-serif, 'DejaVu Sans', 'Noto Sans', 'Liberation Sans', 'Noto Sans CJK JP', Symbola";
 
 // Room for the height of a picture that is known only when all is written.
 constexpr std::size_t gapLength = 64;

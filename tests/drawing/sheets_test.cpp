@@ -51,10 +51,10 @@ std::vector<test::SvgElement> elementsOf(const SvgWriter& content) {
 }
 
 TEST(Sheets, AreThoseThatTheReadmeShows) {
-  // Drawn anew by `korrin render --page 1 --utc-offset +02:00` when the drawing changes.
+  // Drawn anew by `korrin render --utc-offset +02:00` when the drawing changes.
   const auto project = decodeJSON<KorrinProject>(
       test::contentOfSource("examples/documents/festival-main-stage.json"));
-  EXPECT_TRUE(drawPages(project, {.utcOffset = 120min}).front() ==
+  EXPECT_TRUE(drawStackedPages(project, {.utcOffset = 120min}) ==
               test::contentOfSource("docs/images/example.svg"));
 }
 

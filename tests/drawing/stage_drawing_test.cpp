@@ -331,16 +331,68 @@ TEST(StageDrawing, KeepsLabelsApart) {
       {{40, 60, 20, 5}}, {{40, 35, 20, 5}}, {{60, 47, 20, 5}}};
   std::vector<Box> taken;
   for (int i = 0; i < 3; ++i) {
-    const Box place = places.take(candidates);
+    const Box place = places.find(candidates).box;
+    places.take(place);
     for (const Box& other : taken) EXPECT_EQ(overlap(other, place), 0);
     taken.push_back(place);
   }
 }
 
+TEST(StageDrawing, LabelsRowsOfSingersBelowEachSinger) {
+  KorrinProject project = oneItem();
+  project.inputs = {};
+  project.monitorMixes = {};
+  PlotItem singer = project.items[0];
+  singer.kind = PlotItemKind::performer;
+  singer.assetID = "krn.people.performer.v1";
+  singer.size = {.width = 450, .height = 450};
+  project.items = {};
+  std::map<std::string, Place> places;
+  for (int i = 0; i < 24; ++i) {
+    singer.id = UUID({static_cast<std::uint8_t>(i)});
+    singer.position = {.x = -3500.0 + (i % 8) * 1000,
+                       .y = -2000.0 + static_cast<double>(i / 8) * 900};
+    singer.label = "Alto " + std::to_string(i + 1);
+    project.items.push_back(singer);
+    // The stage's centre lies at 110, 76.5 on this paper, at 1:60.
+    places[singer.label.str()] = {110 + singer.position.x / 60, 76.5 + singer.position.y / 60};
+  }
+  const std::string svg = draw(project).content;
+  for (const auto& [label, place] : places) {
+    const Place text = placeOf(svg, label);
+    EXPECT_NEAR(text.x, place.x, 0.01) << label;
+    EXPECT_GT(text.y, place.y + 3.75) << label;
+    EXPECT_LT(text.y, place.y + 3.75 + 4) << label;
+  }
+}
+
+TEST(StageDrawing, BreaksAndShrinksALabelBeforeItCoversAnother) {
+  KorrinProject project = oneItem();
+  project.inputs = {};
+  project.monitorMixes = {};
+  PlotItem item = project.items[0];
+  item.size = {.width = 400, .height = 400};
+  project.items = {};
+  for (int i = 0; i < 5; ++i) {
+    item.id = UUID({static_cast<std::uint8_t>(i)});
+    item.position = {.x = -1200.0 + 600 * i, .y = 0};
+    item.label = "Second soprano";
+    project.items.push_back(item);
+  }
+  std::vector<std::string> texts = draw(project).texts;
+  EXPECT_GT(std::ranges::count(texts, "Second"), 0);
+  EXPECT_EQ(std::ranges::count(texts, "Second"), std::ranges::count(texts, "soprano"));
+}
+
+TEST(StageDrawing, NamesNoFontOfColouredEmoji) {
+  // Its digits would be taken for those of texts.
+  EXPECT_THAT(draw(fixedExample()).content, Not(HasSubstr("Emoji")));
+}
+
 TEST(StageDrawing, MovesLabelsOntoThePaper) {
   LabelPlaces places({0, 0, 100, 100});
   const std::vector<LabelCandidate> candidates = {{{95, -3, 20, 5}}};
-  const Box place = places.take(candidates);
+  const Box place = places.find(candidates).box;
   EXPECT_EQ(place.x, 80);
   EXPECT_EQ(place.y, 0);
 }
