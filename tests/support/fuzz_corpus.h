@@ -5,29 +5,31 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <vector>
-
-#include "tests/support/files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace korrin::test {
 
+/// An input of a fuzz target, with its name in the archive.
+struct FuzzInput {
+  std::string name;
+  std::vector<std::uint8_t>
+      bytes;  ///< Without spare room, so that reading beyond the end is noticed.
+};
+
+/// The inputs committed for a target, from `fuzz/corpus/TARGET.tar.gz`. Throws std::runtime_error
+/// when the archive is missing or damaged.
+std::vector<FuzzInput> fuzzInputs(const std::string& target);
+
 /// Replays the committed inputs of a target, which ends the program when it finds a fault, and
 /// returns their number.
 inline std::size_t replayFuzzCorpus(const std::string& target) {
-  std::size_t count = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(
-           std::filesystem::path(KORRIN_SOURCE_DIR) / "fuzz" / "corpus" / target)) {
-    const std::string content = contentOf(entry.path());
-    // On the heap and no longer, so that a read beyond the end is noticed.
-    const std::vector<std::uint8_t> bytes(content.begin(), content.end());
-    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
-    ++count;
-  }
-  return count;
+  const std::vector<FuzzInput> inputs = fuzzInputs(target);
+  for (const FuzzInput& input : inputs)
+    LLVMFuzzerTestOneInput(input.bytes.data(), input.bytes.size());
+  return inputs.size();
 }
 
 }  // namespace korrin::test

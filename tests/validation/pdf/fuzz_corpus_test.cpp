@@ -1,7 +1,7 @@
 // Replays what fuzzing has collected, without the fuzzer.
 
-#include <filesystem>
-#include <fstream>
+#include "tests/support/fuzz_corpus.h"
+
 #include <string>
 
 #include <gtest/gtest.h>
@@ -12,19 +12,15 @@ namespace korrin {
 namespace {
 
 TEST(FuzzCorpus, HasAnOutcomeForEachFile) {
-  const std::filesystem::path folder = std::filesystem::path(KORRIN_SOURCE_DIR) / "fuzz/corpus/pdf";
-  std::size_t files = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    std::ifstream file(entry.path(), std::ios::binary);
-    const std::string content{std::istreambuf_iterator<char>(file), {}};
-    const PdfPage page = test::pageOf(content);
-    EXPECT_FALSE(page.width < 0 || page.height < 0) << entry.path();
+  const std::vector<test::FuzzInput> inputs = test::fuzzInputs("pdf");
+  for (const auto& [name, bytes] : inputs) {
+    const PdfPage page = test::pageOf(std::string(bytes.begin(), bytes.end()));
+    EXPECT_FALSE(page.width < 0 || page.height < 0) << name;
     if (page.outcome != PdfOutcome::box) {
-      EXPECT_TRUE(page.width == 0 && page.height == 0) << entry.path();
+      EXPECT_TRUE(page.width == 0 && page.height == 0) << name;
     }
-    ++files;
   }
-  EXPECT_GE(files, 100u);
+  EXPECT_GE(inputs.size(), 100u);
 }
 
 }  // namespace
