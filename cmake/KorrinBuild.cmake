@@ -3,6 +3,15 @@
 function(korrin_compile_options target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # Sizes of files and instants have 64 bits all the same.
+    target_compile_definitions(${target} PRIVATE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "86|AMD64")
+      # The old floating-point unit of x86 computes with more digits than a double has, and rounds when
+      # it runs out of registers: results would differ from one compiler to the next.
+      target_compile_options(${target} PRIVATE -msse2 -mfpmath=sse)
+    endif()
+  endif()
   if(PROJECT_IS_TOP_LEVEL)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
     # g++ 12 sees overlaps in std::string's operator+ that cannot be; later versions do not.

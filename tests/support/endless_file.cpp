@@ -9,7 +9,8 @@
 namespace korrin::test {
 namespace {
 
-constexpr std::size_t length = std::size_t{16} << 30;
+// As long as the machine's addresses allow.
+constexpr std::size_t length = std::size_t{1} << (sizeof(std::size_t) > 4 ? 34 : 30);
 constexpr std::size_t readableLength = std::size_t{1} << 20;
 
 void require(bool succeeded) {

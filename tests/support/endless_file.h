@@ -7,8 +7,9 @@
 
 namespace korrin::test {
 
-/// A file of 16 GiB of which only the first MiB may be looked at: reading a byte after that ends
-/// the program. What a reader makes of such a file does not depend on the file's length.
+/// A file of 16 GiB, or of 1 GiB where addresses have 32 bits, of which only the first MiB may be
+/// looked at: reading a byte after that ends the program. What a reader makes of such a file does
+/// not depend on the file's length.
 class EndlessFile {
  public:
   /// `beginning`, followed by `part` over and over. Throws std::system_error when there is no such

@@ -20,10 +20,10 @@ bool isEntry(std::string_view file, std::size_t offset) {
          entry[16] == ' ' && (entry[17] == 'n' || entry[17] == 'f');
 }
 
-std::size_t field(std::span<const std::byte> row, std::size_t offset, std::size_t width) {
-  std::size_t value = 0;
+std::uint64_t field(std::span<const std::byte> row, std::size_t offset, std::size_t width) {
+  std::uint64_t value = 0;
   for (const std::byte byte : row.subspan(offset, width))
-    value = value << 8 | static_cast<std::size_t>(byte);
+    value = value << 8 | static_cast<std::uint64_t>(byte);
   return value;
 }
 
@@ -55,11 +55,12 @@ std::optional<std::size_t> CrossReferences::startOffset() {
   if (keyword == file_.npos) return std::nullopt;
   Scanner scanner(file_, *budget_, file_.size() - window + keyword);
   scanner.next();
-  const auto offset = scanner.takeCount();
-  if (!offset) return std::nullopt;
-  if (headerOffset_ != 0 && !beginsSection(*offset) && beginsSection(*offset + headerOffset_))
+  const auto stated = scanner.takeCount();
+  if (!stated) return std::nullopt;
+  const std::size_t offset = asOffset(*stated);
+  if (headerOffset_ != 0 && !beginsSection(offset) && beginsSection(offset + headerOffset_))
     shift_ = headerOffset_;
-  return *offset + shift_;
+  return offset + shift_;
 }
 
 bool CrossReferences::beginsSection(std::size_t offset) {
@@ -114,7 +115,7 @@ std::optional<CrossReferences::Subsection> CrossReferences::takeSubsection(Scann
   if (*count == 0) return Subsection{*first, 0, entries, 0};
   if (*count > file_.size() / entrySize || !isEntry(file_, entries)) return std::nullopt;
   for (const std::size_t stride : {std::size_t{20}, std::size_t{19}, std::size_t{21}}) {
-    const std::size_t last = entries + (*count - 1) * stride;
+    const std::size_t last = asOffset(entries + (*count - 1) * stride);
     if (!isEntry(file_, last) || (*count > 1 && !isEntry(file_, entries + stride))) continue;
     scanner.moveTo(last + entrySize);
     return Subsection{*first, *count, entries, stride};
@@ -129,8 +130,8 @@ std::optional<std::array<std::size_t, 3>> CrossReferences::takeWidths(const Valu
   scanner.next();
   for (std::size_t& width : result) {
     const auto stated = scanner.takeCount();
-    if (!stated || *stated > sizeof(std::size_t)) return std::nullopt;
-    width = *stated;
+    if (!stated || *stated > sizeof(std::uint64_t)) return std::nullopt;
+    width = static_cast<std::size_t>(*stated);
   }
   if (result[0] + result[1] + result[2] == 0) return std::nullopt;
   return result;
@@ -183,13 +184,13 @@ std::optional<ObjectPlace> CrossReferences::find(const TableSection& section,
     if (!subsection) return std::nullopt;
     if (number < subsection->first || number - subsection->first >= subsection->count) continue;
     const std::size_t entry =
-        subsection->entries + (number - subsection->first) * subsection->stride;
+        asOffset(subsection->entries + (number - subsection->first) * subsection->stride);
     if (!isEntry(file_, entry)) return ObjectPlace{};
     // The mark of the list of free objects belongs to object 0 alone; at any other number the
     // whole table is off by one.
     if (number != 0 && file_.substr(entry, entrySize) == "0000000000 65535 f") return ObjectPlace{};
     scanner.moveTo(entry);
-    const std::size_t offset = scanner.takeCount().value_or(0);
+    const std::size_t offset = asOffset(scanner.takeCount().value_or(0));
     if (file_[entry + entrySize - 1] == 'f' || offset == 0)
       return ObjectPlace{ObjectPlace::Kind::free};
     return ObjectPlace{ObjectPlace::Kind::ordinary, offset + shift_, 0, 0};
@@ -201,11 +202,11 @@ std::optional<ObjectPlace> CrossReferences::find(const StreamSection& section,
                                                  std::uint32_t number) {
   const auto [typeWidth, secondWidth, thirdWidth] = section.widths;
   const std::size_t rowSize = typeWidth + secondWidth + thirdWidth;
-  std::size_t row = number;
+  std::uint64_t row = number;
   if (section.indexes) {
     Scanner scanner(file_, *budget_, *section.indexes);
     scanner.next();
-    std::size_t rowsBefore = 0;
+    std::uint64_t rowsBefore = 0;
     while (true) {
       const auto first = scanner.takeCount();
       const auto count = scanner.takeCount();
@@ -220,15 +221,16 @@ std::optional<ObjectPlace> CrossReferences::find(const StreamSection& section,
     }
   }
   if (row >= section.rows.size() / rowSize) return std::nullopt;
-  const std::span<const std::byte> fields = std::span(section.rows).subspan(row * rowSize, rowSize);
-  const std::size_t type = typeWidth == 0 ? 1 : field(fields, 0, typeWidth);
-  const std::size_t second = field(fields, typeWidth, secondWidth);
-  const std::size_t third = field(fields, typeWidth + secondWidth, thirdWidth);
-  if (type == 1)
-    return ObjectPlace{ObjectPlace::Kind::ordinary, std::min(second, file_.size()) + shift_, 0, 0};
+  const std::span<const std::byte> fields =
+      std::span(section.rows).subspan(static_cast<std::size_t>(row) * rowSize, rowSize);
+  const std::uint64_t type = typeWidth == 0 ? 1 : field(fields, 0, typeWidth);
+  const std::uint64_t second = field(fields, typeWidth, secondWidth);
+  const std::uint64_t third = field(fields, typeWidth + secondWidth, thirdWidth);
+  if (type == 1) return ObjectPlace{ObjectPlace::Kind::ordinary, asOffset(second) + shift_, 0, 0};
   // No object stream has the number 0, which belongs to the list of free objects.
   if (type == 2 && second > 0 && second <= std::numeric_limits<std::uint32_t>::max())
-    return ObjectPlace{ObjectPlace::Kind::compressed, 0, static_cast<std::uint32_t>(second), third};
+    return ObjectPlace{ObjectPlace::Kind::compressed, 0, static_cast<std::uint32_t>(second),
+                       asOffset(third)};
   return ObjectPlace{ObjectPlace::Kind::free};
 }
 

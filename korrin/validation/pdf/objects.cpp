@@ -133,7 +133,7 @@ std::optional<Scanner> Objects::openCompressed(const ObjectPlace& place, std::ui
     const auto entryOffset = scanner.takeCount();
     if (!entryNumber || !entryOffset) break;
     if (*entryNumber != number) continue;
-    offset = *entryOffset;
+    offset = asOffset(*entryOffset);
     if (i == place.index) break;
   }
   if (!offset) {
@@ -156,7 +156,7 @@ std::optional<Value> Objects::objectAround(Place place) {
     if (!number || !offset || *number > std::numeric_limits<std::uint32_t>::max()) break;
     if (container->first + *offset > place.offset || *offset < nearestOffset) continue;
     nearest = static_cast<std::uint32_t>(*number);
-    nearestOffset = *offset;
+    nearestOffset = asOffset(*offset);
   }
   return nearest ? std::optional(Value::referenceTo(*nearest)) : std::nullopt;
 }

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 
 namespace korrin::pdf {
@@ -82,8 +83,10 @@ inline constexpr std::size_t sortedObject = 64;
 
 /// What is left of the limits above while one document is read.
 class Budget {
+  using Count = std::uint64_t;  // the same on every machine, however large its addresses
+
  public:
-  explicit constexpr Budget(std::size_t inputSize)
+  explicit constexpr Budget(Count inputSize)
       : steps_(inputSize < unlimited / (2 * limits::stepsPerInputByte)
                    ? inputSize * limits::stepsPerInputByte + limits::stepsBase
                    : unlimited) {}
@@ -93,19 +96,19 @@ class Budget {
 
   /// Each of these pays for something before it is done, or for a bounded piece of it afterwards,
   /// and says whether that could be paid.
-  constexpr bool payFor(std::size_t count, std::size_t priceOfOne) {
+  constexpr bool payFor(Count count, Count priceOfOne) {
     if (count > unlimited / priceOfOne) exhausted_ = true;
     return take(steps_, count * priceOfOne);
   }
-  constexpr bool payForBytes(std::size_t count) { return payFor(count, price::byte); }
-  constexpr bool payForTokens(std::size_t count) { return payFor(count, price::token); }
+  constexpr bool payForBytes(Count count) { return payFor(count, price::byte); }
+  constexpr bool payForTokens(Count count) { return payFor(count, price::token); }
   /// Part of a compressed block that turned `consumed` bytes into `made` bytes.
-  constexpr bool payForUnpacking(std::size_t consumed, std::size_t made) {
-    const std::size_t tables = std::min(price::block, consumed * price::blockByte);
-    const std::size_t symbols = std::min(made, consumed * price::symbolsPerByte);
+  constexpr bool payForUnpacking(Count consumed, Count made) {
+    const Count tables = std::min<Count>(price::block, consumed * price::blockByte);
+    const Count symbols = std::min(made, consumed * price::symbolsPerByte);
     return payFor(tables + symbols * price::symbol + made * price::unpackedByte, 1);
   }
-  constexpr bool payForKeeping(std::size_t crossReferenceBytes) {
+  constexpr bool payForKeeping(Count crossReferenceBytes) {
     return take(kept_, crossReferenceBytes);
   }
   constexpr bool payForLookUp() { return take(lookUps_, 1) && payFor(1, price::lookUp); }
@@ -113,20 +116,20 @@ class Budget {
   constexpr bool payForCrossReferenceSection() { return take(sections_, 1); }
 
  private:
-  static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+  static constexpr Count unlimited = std::numeric_limits<Count>::max();
 
-  constexpr bool take(std::size_t& left, std::size_t amount) {
+  constexpr bool take(Count& left, Count amount) {
     if (amount > left) exhausted_ = true;
     if (exhausted_) return false;
     left -= amount;
     return true;
   }
 
-  std::size_t steps_;
-  std::size_t kept_ = limits::crossReferenceBytes;
-  std::size_t lookUps_ = limits::lookUps;
-  std::size_t treeNodes_ = limits::treeNodes;
-  std::size_t sections_ = limits::crossReferenceSections;
+  Count steps_;
+  Count kept_ = limits::crossReferenceBytes;
+  Count lookUps_ = limits::lookUps;
+  Count treeNodes_ = limits::treeNodes;
+  Count sections_ = limits::crossReferenceSections;
   bool exhausted_ = false;
 };
 

@@ -4,8 +4,10 @@
 // after the other and builds nothing. Every byte it passes is paid for; when the budget is used up
 // it reports the end.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -27,6 +29,13 @@ bool isWhiteSpace(char c);
 /// Neither white space nor one of the delimiters ( ) < > [ ] { } / %.
 bool isRegular(char c);
 bool isDigit(char c);
+
+/// A stated number as an offset into a file. Every number beyond all files that fit in memory
+/// stands for one such, to which a shift may still be added.
+inline std::size_t asOffset(std::uint64_t stated) {
+  constexpr std::uint64_t beyondAllFiles = std::numeric_limits<std::ptrdiff_t>::max();
+  return static_cast<std::size_t>(std::min(stated, beyondAllFiles));
+}
 
 /// Where `word`, which is not empty, stands first in `text`, npos where it does not. Takes time in
 /// proportion to the text whatever is in it, unlike the search of the text itself.

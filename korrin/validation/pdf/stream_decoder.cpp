@@ -159,8 +159,9 @@ bool undoPredictor(Bytes& bytes, const Predictor& predictor, Budget& budget) {
   if (colors < 1 || colors > 32 || bits < 1 || bits > 16 || columns < 1 || columns > largest)
     return false;
   const std::size_t pixelSize = (colors * bits + 7) / 8;
-  const std::size_t rowSize = (colors * bits * columns + 7) / 8;
-  if (rowSize > largest) return false;
+  const std::uint64_t bitsOfARow = std::uint64_t{colors} * bits * columns;
+  if (bitsOfARow > largest * std::uint64_t{8}) return false;
+  const auto rowSize = static_cast<std::size_t>((bitsOfARow + 7) / 8);
   if (!budget.payFor(bytes.size(), price::predictedByte) ||
       !budget.payFor(bytes.size() / rowSize + 1, price::predictedRow))
     return false;

@@ -165,7 +165,7 @@ Name::Name(std::string_view token) {
 std::optional<std::size_t> Value::asSize() const {
   constexpr double largest = 9007199254740992.0;
   if (kind == Kind::number && number >= 0 && number <= largest && std::trunc(number) == number)
-    return static_cast<std::size_t>(number);
+    return asOffset(static_cast<std::uint64_t>(number));
   return std::nullopt;
 }
 

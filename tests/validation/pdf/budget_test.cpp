@@ -415,10 +415,10 @@ TEST(Budget, PaysForNothingOnceItIsUsedUp) {
 }
 
 TEST(Budget, OfAnInputOfAnySizeDoesNotOverflow) {
-  Budget budget(static_cast<std::size_t>(-1));
-  EXPECT_TRUE(budget.payForBytes(std::size_t{1} << 62));
+  Budget budget(~std::uint64_t{0});
+  EXPECT_TRUE(budget.payForBytes(std::uint64_t{1} << 62));
   Budget other(0);
-  EXPECT_FALSE(other.payFor(static_cast<std::size_t>(-1) / 2, 3));
+  EXPECT_FALSE(other.payFor(~std::uint64_t{0} / 2, 3));
 }
 
 TEST(Budget, AllowsSoManyRecoveredObjects) {

@@ -153,6 +153,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Samples{"OfMoreColors", "/Colors 33", 33, unreadable},
                     Samples{"WithAPredictorBelowPng", "/Columns 4/Predictor 9", 4, unreadable},
                     Samples{"WithAPredictorAbovePng", "/Columns 4/Predictor 16", 4, unreadable},
+                    Samples{"OfMoreBitsThanSomeMachinesCount",
+                            "/Colors 32/BitsPerComponent 16/Columns 8388608", 1, unreadable},
                     Samples{"InAPartOfAByte", "/BitsPerComponent 1/Columns 9", 2, box(3, 3)}),
     [](const auto& row) { return row.param.name; });
 

@@ -170,6 +170,17 @@ TEST(Scanner, TakesNothingThatItCannotPayFor) {
   EXPECT_TRUE(noToken.isExhausted());
 }
 
+TEST(StatedOffsets, StayBeyondAllFilesWhereTheMachineCannotCountSoFar) {
+  EXPECT_EQ(asOffset(0), 0u);
+  EXPECT_EQ(asOffset(123'456'789), 123'456'789u);
+  constexpr std::size_t beyond = std::numeric_limits<std::ptrdiff_t>::max();
+  for (const std::uint64_t stated :
+       {std::uint64_t{1} << 32, std::uint64_t{999'999'999'999'999'999}})
+    EXPECT_EQ(asOffset(stated), std::min<std::uint64_t>(stated, beyond));
+  EXPECT_EQ(asOffset(~std::uint64_t{0}), beyond);
+  EXPECT_GT(asOffset(~std::uint64_t{0}) + limits::headerWindow, beyond);
+}
+
 TEST(Scanner, SkipsNoFurtherThanItCanPayFor) {
   const std::string_view text = "[ a b c d e f ] after";
   Budget budget = purseOf(price::token + (1 + 3) * price::byte);
