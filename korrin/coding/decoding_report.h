@@ -31,9 +31,10 @@ DecodingError notJSON(const Scanner& scanner, const Malformed& fault);
 /// The type of the value that starts at the scanner's position: "a string", "null", ...
 std::string_view typeOfNextValue(const Scanner& scanner);
 
-/// `words` as a sentence has them: "one of "top", "right" or "left"", and the one most like
-/// `given`.
+/// The word of `words` that takes the fewest single-character changes to reach from `given`.
 std::string nearestWord(std::string_view given, const std::vector<std::string_view>& words);
+
+/// The words as a sentence has them: `one of "top", "right" or "left"`.
 std::string oneOf(const std::vector<std::string_view>& words);
 
 /// A value as an error shows it: shortened when it is long.

@@ -2,10 +2,10 @@
 
 // Reads records from JSON text, driven by their field tables: one walk over the bytes, no tree.
 //
-// A document is read in the order in which it is written. Where anything is wrong, that walk stops
-// without a word, and a second one, over an input now known to be of no use, finds out what to
-// report: first whether the text is JSON at all, then the first wrong field in the records' order.
-// So the path that every good document takes carries no bookkeeping for errors.
+// A document is read in the order in which it is written. Where anything is wrong, this first walk
+// stops without a report. A second walk over the same text then finds what to report: first whether
+// the text is JSON at all, then the first wrong field in the records' order. So the path that every
+// good document takes carries no bookkeeping for errors.
 
 #include <array>
 #include <cstdint>

@@ -61,7 +61,7 @@ struct ReplaceLayers {
   List<PlotLayer> layers;                                    ///< All layers from then on.
 };
 
-/// Puts another list of embedded images in the place of the present one.
+/// Puts another list of embedded images and PDFs in the place of the present one.
 struct ReplaceAssetManifest {
   static constexpr std::string_view name = "replaceAssetManifest";  ///< As `caseName()` gives it.
   List<AssetManifestEntry> entries;                                 ///< All entries from then on.

@@ -79,7 +79,7 @@ constexpr auto fieldsOf<ExportSettings>() {
 }
 static_assert(tableIsComplete<ExportSettings>);
 
-/// One embedded image. Its bytes are kept by the host, not here.
+/// One embedded image or PDF. Its bytes are kept by the host, not here.
 struct AssetManifestEntry {
   Text sha256;             ///< Digest of the bytes, and the identifier that items refer to.
   Text filename;           ///< The file's name when it was imported.
@@ -117,7 +117,7 @@ struct KorrinProject {
   List<EquipmentRequirement> equipmentRequirements;  ///< In the order of the printed list.
   List<ProjectNote> notes;                           ///< In the order in which they are printed.
   ExportSettings exportSettings;                     ///< How the plot is printed.
-  List<AssetManifestEntry> assetManifest;            ///< The images that came with the plot.
+  List<AssetManifestEntry> assetManifest;            ///< The images and PDFs that came with it.
 
   /// The format version that this library writes and understands.
   static constexpr std::int64_t currentSchemaVersion = 1;

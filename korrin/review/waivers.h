@@ -18,7 +18,7 @@ struct Waiver {
   Text findingID;  ///< The `id` of the finding.
   Text reason;     ///< Why it may stay.
   Text author;     ///< Who accepted it; may be empty.
-  Instant date;    ///< When.
+  Instant date;    ///< When it was accepted.
 
   friend bool operator==(const Waiver&, const Waiver&) = default;
 };
@@ -66,7 +66,7 @@ struct WaivedIssue {
 struct ReviewedIssues {
   std::vector<PreflightIssue> open;  ///< Those without a waiver, in their order.
   std::vector<WaivedIssue> waived;   ///< The others, in their order.
-  /// Waivers whose finding is no more, and second ones for one finding, in their order.
+  /// Waivers whose finding is gone, and second ones for one finding, in their order.
   std::vector<Waiver> stale;
 
   friend bool operator==(const ReviewedIssues&, const ReviewedIssues&) = default;

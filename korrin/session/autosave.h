@@ -20,9 +20,9 @@ namespace korrin {
 /// Writes the latest of the noted states of a plot to its recovery file, which is a plot document
 /// itself. All operations may be called from any thread.
 ///
-/// A kill at any moment loses no more than what was noted in the last `quiet`, and in a storm of
-/// notes in ten times that, beside the time that the writing itself takes; never the document. The
-/// file is replaced in one step, so that the recovery before stays whole until the next one is.
+/// A kill at any moment loses at most what was noted in the last `quiet`, or in ten times that
+/// while notes keep coming, and during the time that writing takes. It never harms the document.
+/// The file is replaced in one step: the former recovery stays whole until the next one is.
 ///
 /// A state that could not be opened again is not written: the recovery before stays, and `failure`
 /// says why. Numbers that are not finite are written as strings, which `recoveryOf` reads. What
@@ -73,8 +73,8 @@ struct Recovery {
 /// The recovery of a document, where there is one that was noted after the document was written and
 /// that differs from it in more than `modifiedAt`; also where the document is missing or cannot be
 /// read. Absent otherwise, and where the recovery file is damaged, not safe to edit, a symbolic
-/// link or another user's than this process's or the document's. `options` are those of the
-/// document. Throws nothing but `std::bad_alloc`.
+/// link or owned by a user who owns neither this process nor the document. `options` are those of
+/// the document. Throws nothing but `std::bad_alloc`.
 std::optional<Recovery> recoveryOf(const std::filesystem::path& document,
                                    const DecodingOptions& options = {});
 

@@ -22,7 +22,7 @@ struct PlotFragment {
   List<PlotItem> items;                    ///< In stacking order within a layer.
   List<PlotGroup> groups;                  ///< Groups of these items.
   List<PlotLayer> layers;                  ///< The layers that the items name.
-  List<AssetManifestEntry> assetManifest;  ///< The images that the items name.
+  List<AssetManifestEntry> assetManifest;  ///< The images and PDFs that the items name.
 
   friend bool operator==(const PlotFragment&, const PlotFragment&) = default;
 };

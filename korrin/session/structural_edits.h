@@ -4,8 +4,8 @@
 //
 // Every function here leaves the project as it is and returns the command to perform on it as it
 // stands; nothing where that command would change nothing but `modifiedAt`. Undo is exact. Unknown
-// identifiers are passed over, and of the selection count the items that may be edited alone (see
-// `KorrinProject::canEditItem`): the others are treated as if they were not selected. Where items
+// identifiers are passed over. Selected items that may not be edited (see
+// `KorrinProject::canEditItem`) are treated as if they were not selected. Where items
 // of a damaged plot share an identifier, none of them is edited unless all may be, and the first
 // one stands for them.
 
@@ -26,7 +26,7 @@ std::optional<DocumentCommand> movingCommand(const KorrinProject& project, const
 std::optional<DocumentCommand> deletingCommand(const KorrinProject& project,
                                                const IDSet& selection);
 
-/// Dissolves every group that lists a selected item, but for those that also list an item that may
+/// Dissolves every group that lists a selected item, except groups that also list an item that may
 /// not be edited. The group goes, and all items that name it belong to none.
 std::optional<DocumentCommand> ungroupingCommand(const KorrinProject& project,
                                                  const IDSet& selection);

@@ -13,12 +13,14 @@
 
 namespace korrin {
 
-/// Whether the bytes have a PDF's header at or near their start, which is all that is looked at but
-/// in a file that begins with a comment of high bytes. Takes time in proportion to their number.
+/// Whether the bytes claim to be a PDF: "%PDF-" stands among the first 1,024, or the file begins
+/// with a comment of high bytes, as PDFs have one under their header, and holds no "%PDF-" at all.
+/// Only in files of the second kind is anything behind the first 1,024 bytes looked at.
 bool hasPdfHeader(std::span<const std::byte> bytes) noexcept;
 
 /// Reads the media box of the first page of the PDF in `bytes`. Allocates at most 32 MiB, uses no
-/// stack that grows with the input, keeps nothing and reads nothing but `bytes`.
+/// stack that grows with the input, keeps nothing and reads nothing but `bytes`. Throws
+/// std::bad_alloc when memory runs out.
 PdfPage readFirstPage(std::span<const std::byte> bytes);
 
 }  // namespace korrin
