@@ -4,9 +4,9 @@
 // are absent are left out; enumerations stand as their raw values, identifiers as their canonical
 // text.
 //
-// Reading is strict in syntax (RFC 8259 in UTF-8, the whole text one value) and in types, and checks
-// nothing else: unknown keys are passed over, nothing is normalised, versions are not compared and
-// nothing is validated.
+// Reading is strict in syntax (RFC 8259 in UTF-8, the whole text one value) and in types, and
+// checks nothing else: unknown keys are passed over, nothing is normalised, versions are not
+// compared and nothing is validated.
 
 #include <string>
 #include <string_view>
