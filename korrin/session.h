@@ -8,5 +8,6 @@
 #include "korrin/session/clipboard.h"
 #include "korrin/session/document_file.h"
 #include "korrin/session/edit_history.h"
+#include "korrin/session/item_edits.h"
 #include "korrin/session/opening.h"
 #include "korrin/session/structural_edits.h"
