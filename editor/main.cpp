@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "editor/files/plot_files.h"
+#include "editor/look/theme.h"
 #include "editor/main_window.h"
 
 int main(int argc, char** argv) {
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
   QApplication::setOrganizationName("Korrin");
   QApplication::setApplicationDisplayName("Korrin");
   QApplication::setDesktopFileName("korrin-editor");
+  korrin::editor::apply(korrin::editor::desktopTheme(application), application);
   korrin::editor::MainWindow window;
   window.show();
   // Questions come up over a window that is there.

@@ -24,12 +24,15 @@ class QToolBar;
 
 namespace korrin::editor {
 
+class LiveActions;
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
   /// A window with an empty plot.
   explicit MainWindow(Environment environment = Environment::system());
+  ~MainWindow() override;
 
   OpenPlot& plot() { return *plot_; }
   Canvas& canvas() { return *canvas_; }
@@ -42,6 +45,8 @@ class MainWindow : public QMainWindow {
   QMenu& viewMenu() { return *viewMenu_; }
   /// @}
   QToolBar& toolBar() { return *toolBar_; }
+  /// Actions that are enabled while they have something to work on.
+  LiveActions& actions() { return *actions_; }
 
   /// Puts a widget, which the window then owns, into a dock. `name` is what the window's layout is
   /// remembered by; it never changes.
@@ -58,6 +63,8 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void addContextMenu();
+  void addStatus();
   void showTitle();
 
   OpenPlot* plot_;
@@ -67,6 +74,7 @@ class MainWindow : public QMainWindow {
   QMenu* arrangeMenu_;
   QMenu* viewMenu_;
   QToolBar* toolBar_;
+  LiveActions* actions_;
   std::function<bool()> mayClose_;
 };
 

@@ -1,9 +1,23 @@
 #include "editor/panels/panels.h"
 
+#include <QCoreApplication>
+
 #include "editor/main_window.h"
+#include "editor/panels/symbol_palette.h"
 
 namespace korrin::editor {
+namespace {
 
-void addPanels(MainWindow&) {}
+QString tr(const char* text) { return QCoreApplication::translate("Panels", text); }
+
+}  // namespace
+
+void addPanels(MainWindow& window) {
+  auto* palette = new SymbolPalette;
+  QObject::connect(palette, &SymbolPalette::chosen, &window, [&window](const QString& assetID) {
+    window.canvas().addSymbol(assetID.toStdString(), window.canvas().middle());
+  });
+  window.addPanel(tr("Symbols"), "symbols", palette, Qt::LeftDockWidgetArea);
+}
 
 }  // namespace korrin::editor

@@ -74,15 +74,12 @@ void OpenPlot::setActiveLayer(UUID id) {
 
 bool OpenPlot::perform(const QString& name, const DocumentCommand& command,
                        const EditOptions& options) {
-  try {
+  // A gesture is judged as a whole when it ends: its steps follow the pointer without delay.
+  if (!isInGesture()) {
     KorrinProject trial = project();
     command.apply(trial, environment_);
-    DocumentValidation::validate(trial);
-  } catch (const DocumentValidationError& error) {
-    Q_EMIT refused(QString::fromUtf8(error.what()));
-    return false;
+    if (!isSafe(trial)) return false;
   }
-  // Inside a gesture nothing but `selectionAfterwards` would be looked at.
   const ChangeSet changes =
       history_.perform(command,
                        {.name = toText(name),
@@ -98,6 +95,16 @@ bool OpenPlot::perform(const QString& name, const DocumentCommand& command,
   return true;
 }
 
+bool OpenPlot::isSafe(const KorrinProject& next) {
+  try {
+    DocumentValidation::validate(next);
+    return true;
+  } catch (const DocumentValidationError& error) {
+    Q_EMIT refused(QString::fromUtf8(error.what()));
+    return false;
+  }
+}
+
 bool OpenPlot::perform(const QString& name, const std::optional<DocumentCommand>& command,
                        const EditOptions& options) {
   return command && perform(name, *command, options);
@@ -109,6 +116,7 @@ void OpenPlot::beginGesture(const QString& name) {
 }
 
 void OpenPlot::endGesture() {
+  if (isInGesture() && !isSafe(project())) return cancelGesture();
   history_.endGesture();
   Q_EMIT historyChanged();
 }

@@ -55,7 +55,7 @@ class OpenPlot : public QObject {
 
   /// Performs an edit under the name that menus show for undo. Returns whether it was performed: an
   /// edit that would make the plot unsafe to open again is `refused` instead, and nothing happens.
-  /// Inside a gesture it joins the gesture.
+  /// Inside a gesture it joins the gesture, which is judged when it ends.
   bool perform(const QString& name, const DocumentCommand& command,
                const EditOptions& options = {});
   /// The same where there is something to do.
@@ -88,6 +88,7 @@ class OpenPlot : public QObject {
   void refused(const QString& sentence);
 
  private:
+  bool isSafe(const KorrinProject& next);
   void show(const ChangeSet& changes);
   void takeStep(const std::optional<HistoryStep>& step);
   IDSet selectable(const IDSet& ids) const;

@@ -89,6 +89,7 @@ std::vector<File> filesOf(const fs::path& tree) {
 
 const std::vector<File> library = filesOf(root / "korrin");
 const std::vector<File> host = filesOf(root / "tools" / "korrin");
+const std::vector<File> editor = filesOf(root / "editor");
 
 // The headers that each folder's build file lists as public.
 std::set<std::string> publicHeaders() {
@@ -250,6 +251,51 @@ TEST(Architecture, ExportsWhatAPublicHeaderDeclaresAndNothingElse) {
                              }))
         << file.path << " declares something behind the end";
   }
+}
+
+// The folders of the desktop editor, in the same way.
+const std::vector<std::set<std::string>> editorFloors = {
+    {"look", "plot"}, {"canvas", "dialogs", "files", "menus", "output", "panels"}};
+
+TEST(Architecture, HasAPlaceForEveryFolderOfTheEditor) {
+  ASSERT_GT(editor.size(), 20u);
+  for (const File& file : editor)
+    EXPECT_TRUE(file.path == "editor/main.cpp" || file.path.stem() == "main_window" ||
+                floorOf(file.folder, editorFloors) < editorFloors.size())
+        << file.path;
+}
+
+TEST(Architecture, KeepsTheEditorsFilesShortAndItsHeadersOpenedByAParagraph) {
+  for (const File& file : editor) {
+    EXPECT_LE(file.lines.size(), 300u) << file.path;
+    if (!file.isHeader()) continue;
+    EXPECT_EQ(file.lines.at(0), "#pragma once") << file.path;
+    EXPECT_TRUE(file.lines.at(2).starts_with("// ")) << file.path;
+  }
+}
+
+// `OpenPlot` alone has a history and a project that can be changed. Everybody else sees them const,
+// unless const is cast away, or the history is another one.
+TEST(Architecture, EditsInTheEditorThroughTheHistoryOfTheOpenPlotOnly) {
+  bool isPerformed = false;
+  for (const File& file : editor) {
+    const bool isOpenPlot = file.path.stem() == "open_plot";
+    for (const std::string& line : file.lines) {
+      isPerformed |= isOpenPlot && line.find("history_.perform(") != std::string::npos;
+      for (const std::string way : {"const_cast", "EditHistory", "QUndo", "korrin/session/edit_h"})
+        EXPECT_TRUE(isOpenPlot || line.find(way) == std::string::npos) << file.path << ": " << line;
+    }
+  }
+  EXPECT_TRUE(isPerformed);
+}
+
+// Only the editor knows Qt.
+TEST(Architecture, KeepsWindowsOutOfTheLibraries) {
+  for (const std::vector<File>* const tree : {&library, &host})
+    for (const File& file : *tree)
+      for (const Include& include : file.includes)
+        EXPECT_FALSE(include.name.starts_with("Q") || include.name.starts_with("editor/"))
+            << file.path << ": " << include.name;
 }
 
 TEST(Architecture, GuardsEveryHeader) {

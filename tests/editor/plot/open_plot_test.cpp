@@ -67,6 +67,18 @@ class OpenPlotTest : public QObject {
     QCOMPARE(plot.history().undoCount(), std::size_t{0});
   }
 
+  void takesBackAGestureThatEndsInAnUnsafePlot() {
+    QSignalSpy refusals(&plot, &OpenPlot::refused);
+    const KorrinProject before = plot.project();
+    plot.select(everything(before));
+    plot.beginGesture("Move");
+    plot.perform("", movingCommand(plot.project(), plot.selection(), {5e6, 0}));
+    plot.endGesture();
+    QCOMPARE(refusals.count(), 1);
+    QVERIFY(plot.project() == before);
+    QVERIFY(!plot.isInGesture());
+  }
+
   void forgetsTheSelectionOfWhatIsGone() {
     plot.select(everything(plot.project()));
     plot.perform("Delete", deletingCommand(plot.project(), plot.selection()));
