@@ -166,6 +166,21 @@ constexpr std::array cases = {
              edited.groupingCommand(all).value().apply(edited);
            };
          }},
+    Case{"grouping of all, each on a layer of its own",
+         [](const Chosen& chosen) -> Operation {
+           KorrinProject plot = plotOf(chosen);
+           PlotLayer layer = plot.layers.front();
+           plot.layers = {};
+           for (std::size_t i = 0; i < count; ++i) {
+             layer.id = chosen.identifiers[i];
+             plot.layers.push_back(layer);
+             plot.items.edit(i).layerID = layer.id;
+           }
+           return [plot, all = identifiersOf(plot)] {
+             KorrinProject edited = plot;
+             edited.groupingCommand(all).value().apply(edited);
+           };
+         }},
     Case{"`replaceGroups`",
          [](const Chosen& chosen) {
            const KorrinProject plot = plotOf(chosen);
