@@ -41,7 +41,7 @@ def main(results_folder, page):
     images = page.parent / "images/performance"
     images.mkdir(parents=True, exist_ok=True)
     for axis in AXES:
-        if axis.has_chart:
+        if axis.has_chart and results.sizes(axis.key, next(iter(axis.cases))):
             (images / f"{axis.key}.svg").write_text(charts.chart(axis, results))
 
 
