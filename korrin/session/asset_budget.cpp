@@ -9,10 +9,14 @@ namespace korrin {
 std::int64_t AssetBudget::admit(std::span<const std::byte> bytes,
                                 std::optional<std::string_view> mediaType) {
   const std::int64_t pixels = EmbeddedAssetSafety::validate(bytes, mediaType);
+  add(pixels);
+  return pixels;
+}
+
+void AssetBudget::add(std::int64_t pixels) {
   if (pixels > RasterAssetSafety::maximumAggregatePixels - pixels_)
     throw DocumentValidationError(DocumentValidationError::imageTooLarge);
   pixels_ += pixels;
-  return pixels;
 }
 
 }  // namespace korrin

@@ -21,6 +21,10 @@ class AssetBudget {
   /// `RasterAssetSafety::maximumAggregatePixels`; the total is then what it was.
   std::int64_t admit(std::span<const std::byte> bytes, std::optional<std::string_view> mediaType);
 
+  /// Adds the pixels, 0 or more, of an image that the host has judged itself. Throws
+  /// `DocumentValidationError::imageTooLarge` as `admit` does.
+  void add(std::int64_t pixels);
+
   /// The pixels of all images admitted so far.
   std::int64_t pixels() const noexcept { return pixels_; }
 

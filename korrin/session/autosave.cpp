@@ -214,7 +214,8 @@ class Autosave::Worker {
     lock.lock();
   }
 
-  static constexpr std::size_t mostDropped = 16;
+  // So many notes may come while one state is written before they do a part of this themselves.
+  static constexpr std::size_t mostDropped = 256;
 
   const std::filesystem::path file_;
   const Time quiet_;

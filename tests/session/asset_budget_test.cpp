@@ -50,6 +50,16 @@ TEST(AssetBudget, IsFullAtTheLimitAndTakesNothingBeyond) {
             DocumentValidationError::imageTooLarge);
 }
 
+TEST(AssetBudget, AddsWhatTheHostHasJudgedItself) {
+  AssetBudget budget;
+  budget.add(RasterAssetSafety::maximumAggregatePixels - 1);
+  budget.add(0);
+  EXPECT_THROW(budget.add(2), DocumentValidationError);
+  EXPECT_EQ(budget.pixels(), RasterAssetSafety::maximumAggregatePixels - 1);
+  budget.add(1);
+  EXPECT_THROW(budget.add(1), DocumentValidationError);
+}
+
 TEST(AssetBudget, AddsNothingForWhatIsRefused) {
   AssetBudget budget;
   EXPECT_EQ(refusal(budget, {}), DocumentValidationError::invalidImage);

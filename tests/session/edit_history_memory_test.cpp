@@ -191,6 +191,21 @@ TEST(OutOfMemory, LeavesThePlotOfEveryBuilderAlone) {
   TestEnvironment environment;
   const KorrinProject project = sampleProject();
   const IDSet selection = {vocal, wedge, kick, keys};
+  const ExportSettings otherSettings = {
+      .paperSize = PaperSize::letter,
+      .includeInputList = !project.exportSettings.includeInputList,
+      .includeMonitorMixes = true,
+      .includeEquipment = true,
+      .includeNotes = true};
+  PlotFragment fragment = fragmentOf(project, selection);
+  fragment.assetManifest.push_back({.sha256 = "a digest of more than fifteen bytes",
+                                    .filename = "a name of more than fifteen bytes",
+                                    .mediaType = "image/png",
+                                    .byteCount = 1});
+  KorrinProject empty = project;  // which takes the fragment's layers
+  empty.items.clear();
+  empty.groups.clear();
+  empty.layers.clear();
   const std::vector<std::function<bool()>> builders = {
       [&] { return movingCommand(project, selection, {.x = 1, .y = 1}).has_value(); },
       [&] { return deletingCommand(project, selection).has_value(); },
@@ -202,7 +217,11 @@ TEST(OutOfMemory, LeavesThePlotOfEveryBuilderAlone) {
       [&] { return layerDeletingCommand(project, archive, front).has_value(); },
       [&] {
         return duplicatingCommand(project, selection, {.x = 1, .y = 1}, environment).has_value();
-      }};
+      },
+      [&] { return exportSettingsCommand(project, otherSettings, environment).has_value(); },
+      [&] { return fragmentOf(project, selection).items.size() == selection.size(); },
+      [&] { return pastingCommand(project, fragment, {}, environment).has_value(); },
+      [&] { return pastingCommand(empty, fragment, {}, environment).has_value(); }};
   for (const auto& build : builders) {
     std::size_t allocations = 0;
     for (bool isDone = false; !isDone; ++allocations) {

@@ -32,28 +32,29 @@ JudgedAsset AssetJudge::take(JudgedAsset asset, std::span<const std::byte> bytes
   const AssetVerdict verdict = judgeAsset(bytes, mediaType);
   asset.type = verdict.type;
   asset.size = verdict.size;
-  asset.totalPixels = totalPixels_;
+  asset.totalPixels = budget_.pixels();
   if (verdict.error) {
     asset.status = statusOf(*verdict.error);
     asset.remark = verdict.reason;
     return asset;
   }
   asset.pixels = verdict.pixels;
-  if (const auto before = names_.find(digest); before != names_.end()) {
+  if (const auto same = names_.find(digest); same != names_.end()) {
     asset.isRepeated = true;
-    asset.remark = "the same bytes as " + before->second + ", counted once";
+    asset.remark = "the same bytes as " + same->second + ", counted once";
     return asset;
   }
-  constexpr std::int64_t limit = RasterAssetSafety::maximumAggregatePixels;
-  if (verdict.pixels > limit - totalPixels_) {
-    const auto sum = static_cast<std::uint64_t>(totalPixels_ + verdict.pixels);
-    asset.status = AssetStatus::imageTooLarge;
-    asset.remark = "with it the plot would have " + grouped(sum) + " pixels, and " +
-                   grouped(static_cast<std::uint64_t>(limit)) + " are allowed";
+  const std::int64_t before = budget_.pixels();
+  try {
+    budget_.add(verdict.pixels);
+  } catch (const DocumentValidationError& error) {
+    asset.status = statusOf(error);
+    asset.remark = "with it the plot would have " +
+                   grouped(static_cast<std::uint64_t>(before + verdict.pixels)) + " pixels, and " +
+                   grouped(RasterAssetSafety::maximumAggregatePixels) + " are allowed";
     return asset;
   }
-  totalPixels_ += verdict.pixels;
-  asset.totalPixels = totalPixels_;
+  asset.totalPixels = budget_.pixels();
   names_.emplace(digest, asset.name);
   return asset;
 }
@@ -88,14 +89,14 @@ JudgedAsset AssetJudge::unreadable(const std::string& path, std::string remark) 
   return {.name = inputName(path),
           .status = AssetStatus::unreadable,
           .remark = std::move(remark),
-          .totalPixels = totalPixels_};
+          .totalPixels = budget_.pixels()};
 }
 
 JudgedAsset AssetJudge::missing(const AssetManifestEntry& entry, std::string remark) const {
   return {.name = nameOf(entry),
           .status = AssetStatus::missing,
           .remark = std::move(remark),
-          .totalPixels = totalPixels_,
+          .totalPixels = budget_.pixels(),
           .entry = entry};
 }
 

@@ -14,6 +14,7 @@
 
 #include "korrin/foundation/enumeration.h"
 #include "korrin/model/project.h"
+#include "korrin/session/asset_budget.h"
 
 #include "assets/asset_folders.h"
 #include "assets/asset_verdict.h"
@@ -63,7 +64,7 @@ class AssetJudge {
   JudgedAsset take(JudgedAsset asset, std::span<const std::byte> bytes, const std::string& digest,
                    std::optional<std::string_view> mediaType);
 
-  std::int64_t totalPixels_ = 0;
+  AssetBudget budget_;
   std::map<std::string, std::string> names_;  // of accepted images, by digest
 };
 
