@@ -1,5 +1,6 @@
 // korrin edit as its callers see it, from scripts and from a terminal.
 
+#include <filesystem>
 #include <map>
 #include <string>
 #include <utility>
@@ -8,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pty.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,6 +17,7 @@
 
 #include "documents/plot_document.h"
 #include "scratch.h"
+#include "tests/support/effort.h"
 
 namespace korrin::host {
 namespace {
@@ -281,6 +284,20 @@ TEST_F(Edit, SavesWhatItChanged) {
   EXPECT_EQ(scratch.fileCount(), 2u);
 }
 
+TEST_F(Edit, KnowsAFileByEachOfItsNames) {
+  std::filesystem::create_symlink("plot.json", scratch.path("link.json"));
+  std::filesystem::create_symlink("later.json", scratch.path("dangling.json"));
+  const Outcome outcome =
+      run("label GTR x\nsave ./plot.json\nlabel x y\nsave link.json\n"
+          "save dangling.json\nlabel y z\nsave later.json\nsave dangling.json\nsave\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(plotIn(scratch, "plot.json").items[5].label, "z");
+  EXPECT_EQ(plotIn(scratch, "later.json").items[5].label, "z");
+  EXPECT_TRUE(std::filesystem::is_symlink(scratch.path("link.json")));
+  EXPECT_TRUE(std::filesystem::is_symlink(scratch.path("dangling.json")));
+}
+
 TEST_F(Edit, SavesTheDatesAsItReadThem) {
   scratch.write("other.json", exampleDocument("festival-other-host"));
   scratch.write("script", "save");
@@ -433,13 +450,15 @@ TEST_F(Edit, PreflightsThePlotAsItStands) {
 }
 
 /// What the program prints on a terminal of its own while the text is typed, after its first
-/// prompt, and its exit status.
-Outcome typed(const std::string& folder, const std::string& text) {
+/// prompt, and its exit status. It may use so much memory.
+Outcome typed(const std::string& folder, const std::string& text, rlim_t memory = RLIM_INFINITY) {
   int controller = -1;
   const pid_t child = forkpty(&controller, nullptr, nullptr, nullptr);
   if (child == 0) {
     if (chdir(folder.c_str()) == 0) {
       setenv("TERM", "dumb", 1);
+      const rlimit limit = {.rlim_cur = memory, .rlim_max = memory};
+      if (memory != RLIM_INFINITY) setrlimit(RLIMIT_AS, &limit);
       execl(KORRIN_TOOL, "korrin", "edit", "plot.json", nullptr);
     }
     _exit(127);
@@ -471,6 +490,30 @@ TEST_F(Edit, GoesOnAfterARefusedLineOnATerminal) {
               HasSubstr("korrin: there are unsaved changes; save them, or quit again"));
   EXPECT_THAT(outcome.out, Not(HasSubstr("are lost")));
   EXPECT_EQ(plotIn(scratch, "copy.json").items[5].label, "Café");
+}
+
+// A file without content, whose size is more than the limit on memory lets anybody read.
+TEST_F(Edit, GoesOnAfterALineThatRunsOutOfMemory) {
+  if (test::isSanitized) GTEST_SKIP() << "sanitizers need more memory than any limit leaves";
+  scratch.write("huge.fragment", "");
+  std::filesystem::resize_file(scratch.path("huge.fragment"), std::size_t{900} << 20);
+  const std::string sentence = "there is not enough memory for this line";
+  constexpr rlim_t limit = rlim_t{512} << 20;
+  const Outcome outcome = typed(scratch.path("."),
+                                "label GTR x\npaste from huge.fragment 0 0\nlabel x y\nundo\n"
+                                "save copy.json\nquit\n",
+                                limit);
+  EXPECT_EQ(outcome.status, 0) << outcome.out;
+  EXPECT_THAT(outcome.out, HasSubstr("korrin: " + sentence));
+  EXPECT_THAT(outcome.out, HasSubstr("undone: label x y"));
+  EXPECT_EQ(plotIn(scratch, "copy.json").items[5].label, "x");
+
+  scratch.write("script", "label GTR x\nsave\npaste from huge.fragment 0 0\nlabel x y\nsave\n");
+  const Outcome script =
+      scratch.shell("ulimit -v 524288; \"$KORRIN\" edit plot.json --script script");
+  EXPECT_EQ(script.status, 2);
+  EXPECT_EQ(script.err, "korrin: script:3: " + sentence + "\n");
+  EXPECT_EQ(plotIn(scratch, "plot.json").items[5].label, "x");
 }
 
 TEST_F(Edit, EndsOnATerminalWhenAskedTwice) {

@@ -1,9 +1,12 @@
 #include "documents/plot_document.h"
 
+#include <filesystem>
+#include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "documents/waiver_file.h"
 #include "scratch.h"
 
 namespace korrin::host {
@@ -97,6 +100,39 @@ TEST(RequireReplaceable, ProtectsNewerDocumentsOnly) {
       requireReplaceable(scratch.write("plot", exampleDocument("festival-main-stage"))));
   const std::string newer = scratch.write("newer", newerDocument());
   EXPECT_EQ(refusal([&] { requireReplaceable(newer); }).reason(), RefusalReason::needsNewerVersion);
+}
+
+TEST(WriteDocument, KnowsWhatWasReadByEachOfItsNames) {
+  const Scratch scratch;
+  const std::string document = exampleDocument("festival-main-stage");
+  const std::string path = scratch.write("plot.json", document);
+  std::filesystem::create_symlink(path, scratch.path("link.json"));
+  std::filesystem::create_directory_symlink(".", scratch.path("here"));
+  std::ostringstream out;
+  Console console{out, out, {}, {}};
+  const Input input = readDocument(path);
+  scratch.write("plot.json", document + " ");  // somebody else's
+  for (const std::string name : {"plot.json", "./plot.json", "link.json", "here/plot.json"})
+    EXPECT_THROW(writeDocument(scratch.path(name), "{}", input, console), NotReplaced) << name;
+  EXPECT_EQ(contentOf(path), document + " ");
+  std::filesystem::remove(path);
+  for (const std::string name : {"./plot.json", "link.json"})
+    EXPECT_THROW(writeDocument(scratch.path(name), "{}", input, console), NotReplaced) << name;
+  EXPECT_NO_THROW(writeDocument(scratch.path("other.json"), "{}", input, console));
+  EXPECT_EQ(contentOf(scratch.path("other.json")), "{}");
+}
+
+TEST(WaiverFile, IsNotWrittenOverWhatSomebodyElseAdded) {
+  const Scratch scratch;
+  std::ostringstream out;
+  Console console{out, out, {}, {}};
+  const WaiverList none{.schemaVersion = WaiverList::currentSchemaVersion, .waivers = {}};
+  WaiverFile mine = openWaivers(scratch.path("plot.waivers.json"));
+  WaiverFile yours = openWaivers(scratch.path("plot.waivers.json"));
+  EXPECT_FALSE(yours.list);
+  writeWaivers(yours, none, console);
+  EXPECT_THROW(writeWaivers(mine, none, console), NotReplaced);
+  EXPECT_EQ(readWaivers(scratch.path("plot.waivers.json")), none);
 }
 
 TEST(RequireReplaceable, RefusesWhatCannotBeLookedAt) {

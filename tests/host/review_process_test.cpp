@@ -143,6 +143,37 @@ TEST(Fix, MendsAllThatHasOneFix) {
   EXPECT_EQ(scratch.korrin("fix --all-safe mended.json").out, "");
 }
 
+TEST(Fix, WritesThePlotIndentedOrNotAsItWasFound) {
+  const Scratch scratch;
+  scratch.write("night.json", exampleDocument(night));
+  const auto beginning = [&](std::string_view name) {
+    return contentOf(scratch.path(name)).substr(0, 17);
+  };
+  scratch.korrin("fmt night.json -o line.json");
+  scratch.korrin("fix --all-safe --pretty line.json -o asked-for.json");
+  scratch.korrin("fix --all-safe line.json");
+  EXPECT_EQ(beginning("line.json"), "{\"schemaVersion\":");
+  EXPECT_EQ(beginning("asked-for.json"), "{\n  \"schemaVersio");
+  scratch.korrin("fmt --pretty night.json -o indented.json");
+  EXPECT_THAT(scratch.korrin("fix --all-safe indented.json").out, HasSubstr("label hidden"));
+  EXPECT_EQ(beginning("indented.json"), "{\n  \"schemaVersio");
+}
+
+TEST(Check, PassesOverListsOfWaiversAmongPlots) {
+  const Scratch scratch;
+  scratch.write("night.json", exampleDocument(night));
+  const Outcome before = scratch.korrin("check *.json");
+  const std::string id = idOf(scratch, "night.json", "itemOutsideStage");
+  ASSERT_EQ(scratch.korrin("waive night.json " + id + " --reason why").status, 0);
+  const Outcome after = scratch.korrin("check *.json");
+  EXPECT_EQ(after.status, before.status);
+  EXPECT_EQ(after.err,
+            "korrin: night.waivers.json: is a list of accepted findings, no plot; passed over\n");
+  EXPECT_EQ(after.out, scratch.korrin("check night.json").out);
+  EXPECT_EQ(scratch.korrin("check --waivers night.waivers.json *.json").out, after.out);
+  EXPECT_EQ(scratch.korrin("check night.waivers.json night.waivers.json").status, 2);
+}
+
 TEST(Fix, RefusesFindingsThatThePlotDoesNotHave) {
   const Scratch scratch;
   const std::string before = exampleDocument(night);

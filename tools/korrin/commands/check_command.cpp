@@ -143,19 +143,35 @@ std::size_t workerCount(const std::string& word) {
   return count;
 }
 
+/// The plots that the command line means. Among others, a list of waivers stands for the plot
+/// beside it: "*.json" names both.
+std::vector<std::string> plotsNamed(const CheckOptions& options, Console& console) {
+  std::vector<std::string> files = plotFiles(options.files);
+  if (files.size() < 2) return files;
+  std::vector<std::string> plots;
+  for (std::string& file : files) {
+    if (isWaiverName(file))
+      complain(console, file + ": is a list of accepted findings, no plot; passed over");
+    else
+      plots.push_back(std::move(file));
+  }
+  if (plots.empty()) throw Failure("there is no plot to check among these files");
+  return plots;
+}
+
 ExitCode checkFiles(const CheckOptions& options, Console& console) {
   if (options.explained) {
     console.out << explanationOf(*options.explained);
     return ExitCode::clean;
   }
   if (options.files.empty()) throw UsageError("FILE is required");
-  if (options.waivers && plotFiles(options.files).size() > 1)
+  const std::vector<std::string> files = plotsNamed(options, console);
+  if (options.waivers && files.size() > 1)
     throw UsageError("--waivers goes with one FILE; each plot has findings of its own");
   const KnownAssets known = knownAssets(options.assets);
   AssetFolders folders(options.assetFolders);
   ExitCode result = ExitCode::clean;
   std::vector<FileFindings> reported;
-  const std::vector<std::string> files = plotFiles(options.files);
   const bool isParallel = options.workers > 1;
   CheckTotals totals;
   Progress progress(console, files.size());
@@ -202,11 +218,13 @@ Command checkCommand() {
                                options->files)},
       .options = knownAssetOptions(options->assets),
       .passages = {
-          {.prose = "Without known assets the rule missingAsset is not run. With --assets, each "
-                    "image of a plot's manifest must be in a folder (not in one inside it), as "
-                    "long as the manifest says, and safe to draw, by itself and together with the "
-                    "others. Of a folder all files are checked whose names end in .json, also in "
-                    "folders inside it. The first of several words is the default."},
+          {.prose =
+               "Without known assets the rule missingAsset is not run. With --assets, each "
+               "image of a plot's manifest must be in a folder (not in one inside it), as "
+               "long as the manifest says, and safe to draw, by itself and together with the "
+               "others. Of a folder all files are checked whose names end in .json, also in "
+               "folders inside it; lists of waivers are passed over. The first of several words is "
+               "the default."},
           {.heading = "Examples",
            .rows = {{"korrin check --builtin-assets plot.json",
                      "what a venue's crew would trip over"},

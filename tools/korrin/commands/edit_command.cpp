@@ -22,12 +22,15 @@
 namespace korrin::host {
 namespace {
 
+enum class Echo { none, line };
+
 /// Runs one line; absent when it was carried out, otherwise what to exit with if it is the last.
 std::optional<ExitCode> refused(EditSession& session, std::string_view line, Console& console,
-                                const std::string& place) {
+                                const std::string& place, Echo echo) {
   std::optional<ExitCode> refusal;
   const ExitCode result = sayingFailures(console, place, [&] {
     try {
+      if (echo == Echo::line) console.out << "> " + printable(line) + "\n";
       session.run(line);
     } catch (const std::bad_alloc&) {
       throw LineError("there is not enough memory for this line");
@@ -47,7 +50,7 @@ ExitCode runTyped(EditSession& session, Console& console) {
       console.out << '\n';
       break;
     }
-    refused(session, *line, console, "");
+    refused(session, *line, console, "", Echo::none);
   }
   return ExitCode::clean;
 }
@@ -61,9 +64,8 @@ ExitCode runScript(EditSession& session, const std::string& script, Console& con
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
     if (line.ends_with('\r')) line.remove_suffix(1);
     if (line.empty()) continue;
-    console.out << "> " << printable(line) << '\n';
     const std::string place = inputName(script) + ":" + std::to_string(number);
-    if (const auto result = refused(session, line, console, place)) return *result;
+    if (const auto result = refused(session, line, console, place, Echo::line)) return *result;
   }
   return ExitCode::clean;
 }
@@ -97,7 +99,7 @@ ExitCode edit(const EditOptions& options, Console& console) {
     current = inputName(options.file);
     Input input = readDocument(options.file);
     KorrinProject project = projectIn(input.bytes, options, console);
-    if (isIndented(input.bytes)) settings.encoding.prettyPrinted = true;
+    if (isPrettyPrinted(input.bytes)) settings.encoding.prettyPrinted = true;
     settings.opened = std::move(input.file);
     EditSession session(std::move(settings), std::move(project), console);
     current = inputName(script);

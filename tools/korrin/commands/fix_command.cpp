@@ -6,10 +6,10 @@
 #include <utility>
 #include <variant>
 
-#include "korrin/coding/json.h"
 #include "korrin/preflight/preflight_engine.h"
 #include "korrin/review/audit.h"
 #include "korrin/review/difference.h"
+#include "korrin/session/opening.h"
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
@@ -176,11 +176,12 @@ ExitCode fix(const FixOptions& options, Console& console) {
     printDifferences(project, mending.project(), console.out);
     if (options.isDryRun || mending.count() == 0) return ExitCode::clean;
 
-    const EncodingOptions encoding = {.prettyPrinted = options.isPretty,
-                                      .sortedKeys = false,
-                                      .dates = options.dates,
-                                      .nonFinite = NonFinite::fail};
-    const std::string document = encodeJSON(mending.project(), encoding) + "\n";
+    const EncodingOptions encoding = {
+        .prettyPrinted = options.isPretty || isPrettyPrinted(input.bytes),
+        .sortedKeys = false,
+        .dates = options.dates,
+        .nonFinite = NonFinite::fail};
+    const std::string document = bytesToSave(mending.project(), encoding) + "\n";
     const std::string target = options.output.value_or(options.file);
     if (target == standardStream)
       throw Failure("was read from standard input; name a file with --output");
@@ -211,7 +212,8 @@ Command fixCommand() {
           {flag({"--dry-run"}, "Say what would be done and write nothing", options->isDryRun),
            flag({"--all-safe"}, "Mend every finding that has one fix alone", options->fixesAllSafe),
            output(options->output, "Where to write; the plot itself when absent"),
-           flag({"--pretty"}, "Write the plot indented", options->isPretty), dates(options->dates)},
+           flag({"--pretty"}, "Write the plot indented even if it was not", options->isPretty),
+           dates(options->dates)},
       .passages = {
           {.prose = "Findings are those of preflight and of the audit. Without FINDING and "
                     "--all-safe nothing is changed. Each fix makes its finding go away and brings "

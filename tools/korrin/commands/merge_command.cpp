@@ -3,8 +3,8 @@
 #include <memory>
 #include <utility>
 
-#include "korrin/coding/json.h"
 #include "korrin/review/merge.h"
+#include "korrin/session/opening.h"
 
 #include "commands/parameters.h"
 #include "documents/document_file.h"
@@ -49,8 +49,8 @@ ExitCode merge(const MergeOptions& options, Console& console) {
     const MergeResult result = korrin::merge(base, ours, theirs);
     requireValid(result.project);
     const std::string document =
-        encodeJSON(result.project,
-                   {.prettyPrinted = isIndented(ourInput.bytes), .dates = options.dates}) +
+        bytesToSave(result.project,
+                    {.prettyPrinted = isPrettyPrinted(ourInput.bytes), .dates = options.dates}) +
         "\n";
     const bool isToConsole = output == standardStream;
     if (isToConsole) {

@@ -36,7 +36,8 @@ ExitCode waive(const WaiveOptions& options, Console& console) {
     const KorrinProject project = decodeDocument(readDocument(options.file).bytes, options.dates);
     requireValid(project);
     const std::string path = options.waivers.value_or(waiverFileFor(options.file));
-    WaiverList list = readWaivers(path).value_or(
+    WaiverFile opened = openWaivers(path);
+    WaiverList list = opened.list.value_or(
         WaiverList{.schemaVersion = WaiverList::currentSchemaVersion, .waivers = {}});
     if (!hasFinding(project, options.finding))
       throw Failure("has no finding \"" + options.finding +
@@ -49,7 +50,7 @@ ExitCode waive(const WaiveOptions& options, Console& console) {
                             .author = options.author.value_or(""),
                             .date = options.environment.now()});
     current = path;
-    writeWaivers(path, list);
+    writeWaivers(opened, list, console);
     console.out << printable(path) << ": accepted " << printable(options.finding) << '\n';
     return ExitCode::clean;
   });

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <iostream>
 #include <system_error>
 #include <utility>
@@ -64,6 +65,18 @@ void write(DocumentFile& file, std::string_view bytes, Replacing replacing) {
 }
 
 }  // namespace
+
+std::string identityOf(const std::string& path) {
+  namespace fs = std::filesystem;
+  constexpr int mostLinks = 40;
+  std::error_code error;
+  fs::path place = fs::absolute(path, error);
+  // Links are followed here, as a file that is not there yet has no canonical path.
+  for (int links = 0; links < mostLinks && fs::is_symlink(place, error); ++links)
+    place = place.parent_path() / fs::read_symlink(place, error);
+  const fs::path canonical = fs::weakly_canonical(place, error);
+  return error ? path : canonical.string();
+}
 
 std::string inputName(const std::string& path) {
   return path == standardStream ? "standard input" : path;

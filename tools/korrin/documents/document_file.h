@@ -31,6 +31,11 @@ class NotReplaced : public FileError {
 /// The path that stands for standard input or standard output.
 inline constexpr std::string_view standardStream = "-";
 
+/// What tells a file from all others whatever it is called: its absolute path without links, "."
+/// and "..". Two names of one file (hard links) are two files, as saving one does not change the
+/// other.
+std::string identityOf(const std::string& path);
+
 /// The name by which messages call a file: its path, or "standard input".
 std::string inputName(const std::string& path);
 

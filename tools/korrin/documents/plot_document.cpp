@@ -7,6 +7,7 @@
 
 #include "korrin/coding/json.h"
 #include "korrin/model/document_coding.h"
+#include "korrin/session/opening.h"
 #include "korrin/validation/document_validation.h"
 
 #include "terminal/display_text.h"
@@ -43,7 +44,7 @@ std::string dateHint(std::string_view bytes, DateStrategy dates) {
                                                    : "";
 }
 
-Refusal notAPlot(const DecodingError& error, const std::string& hint = {}) {
+Refusal notAPlot(const DecodingError& error, const std::string& hint) {
   return Refusal(RefusalReason::notAPlot, std::string("is not a plot: ") + error.what() + hint,
                  error.keyPath());
 }
@@ -95,24 +96,14 @@ Input readDocument(const std::string& path) {
   return input;
 }
 
-bool isIndented(std::string_view document) {
-  const std::size_t lineBreak = document.find('\n');
-  return lineBreak != std::string_view::npos &&
-         document.find_first_not_of(" \t\r\n", lineBreak) != std::string_view::npos;
-}
-
 Plot readPlot(std::string_view bytes, DateStrategy dates) {
-  try {
-    requireReadableVersion(peekVersions(bytes));
-  } catch (const DecodingError& error) {
-    throw notAPlot(error);
-  }
-  try {
-    return decodeJSONWithUnknownKeys<KorrinProject>(bytes,
-                                                    {.dates = dates, .nonFinite = NonFinite::fail});
-  } catch (const DecodingError& error) {
-    throw notAPlot(error, dateHint(bytes, dates));
-  }
+  ReadOutcome outcome =
+      readWithoutValidating(bytes, {.dates = dates, .nonFinite = NonFinite::fail});
+  if (const auto* const newer = std::get_if<NewerDocument>(&outcome))
+    requireReadableVersion(newer->versions);
+  if (const auto* const unreadable = std::get_if<UnreadableDocument>(&outcome))
+    throw notAPlot(unreadable->error, dateHint(bytes, dates));
+  return std::get<Plot>(std::move(outcome));
 }
 
 KorrinProject decodeDocument(std::string_view bytes, DateStrategy dates) {
@@ -157,7 +148,7 @@ void requireReplaceable(const std::string& path) { openedToReplace(path); }
 
 void writeDocument(const std::string& path, std::string_view bytes, const Input& input,
                    Console& console) {
-  const bool isInPlace = input.file && input.file->path() == path;
+  const bool isInPlace = input.file && identityOf(input.file->path().string()) == identityOf(path);
   DocumentFile file = isInPlace ? *input.file : openedToReplace(path);
   save(file, bytes, Replacing::whatWasOpened, console);
 }

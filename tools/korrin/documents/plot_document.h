@@ -45,9 +45,6 @@ class Refusal : public Failure {
 /// The bytes of a file, or of standard input for "-". Throws Refusal, also when there are none.
 Input readDocument(const std::string& path);
 
-/// Whether a document has more than one line, as an indented one.
-bool isIndented(std::string_view document);
-
 /// A plot that is going to be written: the project, and what writing it drops.
 using Plot = DecodedWithUnknownKeys<KorrinProject>;
 
@@ -70,8 +67,9 @@ void requireValid(const KorrinProject& project);
 void requireReplaceable(const std::string& path);
 
 /// Makes `bytes` the whole content of `path`, and says what of the old file could not be kept. When
-/// that is the file that `input` was read from, it must still hold what was read; another must not
-/// hold a document that needs a newer version. Throws Refusal or FileError.
+/// that is the file that `input` was read from, whatever it is called here, it must still hold what
+/// was read; another must not hold a document that needs a newer version. Throws Refusal or
+/// FileError.
 void writeDocument(const std::string& path, std::string_view bytes, const Input& input,
                    Console& console);
 

@@ -12,9 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isPlotName(const std::string& name) {
-  return name.ends_with(".json") && !name.ends_with(".waivers.json");
-}
+bool isPlotName(const std::string& name) { return name.ends_with(".json") && !isWaiverName(name); }
 
 std::vector<std::string> plotsIn(const std::string& folder) {
   std::vector<std::string> plots;
@@ -37,6 +35,8 @@ std::vector<std::string> plotsIn(const std::string& folder) {
 }
 
 }  // namespace
+
+bool isWaiverName(const std::string& name) { return name.ends_with(".waivers.json"); }
 
 std::vector<std::string> plotFiles(const std::vector<std::string>& paths) {
   std::vector<std::string> files;

@@ -1,6 +1,5 @@
 #include "documents/waiver_file.h"
 
-#include "documents/document_file.h"
 #include "documents/plot_document.h"
 
 namespace korrin::host {
@@ -12,15 +11,15 @@ std::string waiverFileFor(const std::string& plot) {
   return stem + ".waivers.json";
 }
 
-std::optional<WaiverList> readWaivers(const std::string& path) {
-  std::optional<std::string> bytes;
+WaiverFile openWaivers(const std::string& path) {
+  WaiverFile opened{.file = DocumentFile(path), .list = std::nullopt};
   try {
-    bytes = readFileIfPresent(path);
-    if (!bytes) return std::nullopt;
-    WaiverList list = decodeJSON<WaiverList>(*bytes);
-    if (list.schemaVersion > WaiverList::currentSchemaVersion)
+    const std::optional<std::string> bytes = openIfPresent(opened.file);
+    if (!bytes) return opened;
+    opened.list = decodeJSON<WaiverList>(*bytes);
+    if (opened.list->schemaVersion > WaiverList::currentSchemaVersion)
       throw Refusal(RefusalReason::needsNewerVersion, path + ": needs a newer version of korrin");
-    return list;
+    return opened;
   } catch (const FileError& error) {
     throw Refusal(RefusalReason::unreadable, path + ": " + error.what());
   } catch (const DecodingError& error) {
@@ -28,12 +27,10 @@ std::optional<WaiverList> readWaivers(const std::string& path) {
   }
 }
 
-void writeWaivers(const std::string& path, const WaiverList& list) {
-  const EncodingOptions pretty = {.prettyPrinted = true,
-                                  .sortedKeys = false,
-                                  .dates = DateStrategy::iso8601,
-                                  .nonFinite = NonFinite::fail};
-  replaceFile(path, encodeJSON(list, pretty) + "\n");
+std::optional<WaiverList> readWaivers(const std::string& path) { return openWaivers(path).list; }
+
+void writeWaivers(WaiverFile& opened, const WaiverList& list, Console& console) {
+  save(opened.file, encodeJSON(list, prettyPrinted) + "\n", Replacing::whatWasOpened, console);
 }
 
 }  // namespace korrin::host

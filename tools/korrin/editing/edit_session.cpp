@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "korrin/coding/json.h"
+#include "korrin/session/opening.h"
 #include "korrin/validation/document_validation.h"
 
 #include "documents/document_file.h"
@@ -42,11 +42,35 @@ const EditCommand& commandFor(const std::string& name, std::size_t wordCount) {
   throw LineError(uses);
 }
 
+/// One line on what became of the plot.
+std::string changesSentence(const ChangeSet& changes, const KorrinProject& before,
+                            const KorrinProject& after) {
+  constexpr std::size_t mostNamed = 6;
+  // The identifiers come in no order; the project's order is the one that people know.
+  std::vector<std::string> named;
+  IDSet left = changes.changedItemIDs;
+  const auto take = [&](const KorrinProject& project, std::string_view remark) {
+    const ItemNames names(project);
+    for (const PlotItem& item : project.items)
+      if (left.erase(item.id) > 0) named.push_back(names.nameOf(item) + std::string(remark));
+  };
+  take(after, "");
+  take(before, " (gone)");
+  std::vector<std::string> parts;
+  if (!named.empty())
+    parts.push_back(std::to_string(named.size()) + (named.size() == 1 ? " item (" : " items (") +
+                    listed(named, mostNamed) + ")");
+  if (changes.affectsTechnicalData) parts.push_back("technical data");
+  if (changes.affectsDocumentStructure) parts.push_back("document structure");
+  if (parts.empty()) parts.push_back("nothing");
+  return "changed: " + printable(listed(parts)) + "\n";
+}
+
 }  // namespace
 
 EditSession::EditSession(Settings settings, KorrinProject project, Console& console)
     : settings_(std::move(settings)), history_(std::move(project)), console_(console) {
-  if (settings_.opened) files_.emplace(settings_.file, *settings_.opened);
+  if (settings_.opened) files_.emplace(identityOf(settings_.file), *settings_.opened);
 }
 
 void EditSession::run(std::string_view line) {
@@ -59,41 +83,45 @@ void EditSession::run(std::string_view line) {
   command.carryOut(*this, words);
 }
 
+// What can fail comes first, what is said included: a line that runs out of memory must not leave
+// an edit behind.
 void EditSession::apply(const DocumentCommand& command) {
   const KorrinProject before = project();
   KorrinProject after = before;
+  ChangeSet changes{};
   try {
-    command.apply(after, environment());
+    changes = command.apply(after, environment()).changes;
     DocumentValidation::validate(after);
   } catch (const DocumentValidationError& error) {
     throw LineError(std::string("the plot would not be valid: ") + error.what());
   }
+  const std::string sentence = changesSentence(changes, before, after);
   std::vector<std::string> names(
       names_.begin(), names_.begin() + static_cast<std::ptrdiff_t>(history_.undoCount()));
   names.push_back(line_);
-  const ChangeSet changes = history_.perform(
-      command, {.name = line_, .mergeKey = {}, .selection = {}, .selectionAfterwards = {}},
-      environment());
+  history_.perform(command,
+                   {.name = line_, .mergeKey = {}, .selection = {}, .selectionAfterwards = {}},
+                   environment());
   // The history forgets the oldest edits at some time.
   if (names.size() > history_.undoCount())
     names.erase(names.begin(), names.end() - static_cast<std::ptrdiff_t>(history_.undoCount()));
   names_ = std::move(names);
-  printChanges(changes, before);
+  console_.out << sentence;
 }
 
-void EditSession::undo() {
-  const KorrinProject before = project();
-  const std::optional<HistoryStep> step = history_.undo(environment());
-  if (!step) throw LineError("there is nothing to undo");
-  printStep("undone", *step, before);
+void EditSession::take(Step step, std::string_view verb, const std::string& refusal) {
+  EditHistory next = history_;
+  const std::optional<HistoryStep> done = (next.*step)(environment());
+  if (!done) throw LineError(refusal);
+  const std::string sentences = std::string(verb) + ": " + printable(done->name) + "\n" +
+                                changesSentence(done->changes, project(), next.project());
+  history_ = std::move(next);
+  console_.out << sentences;
 }
 
-void EditSession::redo() {
-  const KorrinProject before = project();
-  const std::optional<HistoryStep> step = history_.redo(environment());
-  if (!step) throw LineError("there is nothing to redo");
-  printStep("done again", *step, before);
-}
+void EditSession::undo() { take(&EditHistory::undo, "undone", "there is nothing to undo"); }
+
+void EditSession::redo() { take(&EditHistory::redo, "done again", "there is nothing to redo"); }
 
 void EditSession::listEdits() {
   if (names_.empty()) throw LineError("there are no edits yet");
@@ -102,43 +130,16 @@ void EditSession::listEdits() {
                  << '\n';
 }
 
-void EditSession::printStep(std::string_view verb, const HistoryStep& step,
-                            const KorrinProject& before) {
-  console_.out << verb << ": " << printable(step.name) << '\n';
-  printChanges(step.changes, before);
-}
-
-void EditSession::printChanges(const ChangeSet& changes, const KorrinProject& before) {
-  constexpr std::size_t mostNamed = 6;
-  // The identifiers come in no order; the project's order is the one that people know.
-  std::vector<std::string> named;
-  IDSet left = changes.changedItemIDs;
-  const auto take = [&](const KorrinProject& project, std::string_view remark) {
-    const ItemNames names(project);
-    for (const PlotItem& item : project.items)
-      if (left.erase(item.id) > 0) named.push_back(names.nameOf(item) + std::string(remark));
-  };
-  take(project(), "");
-  take(before, " (gone)");
-  std::vector<std::string> parts;
-  if (!named.empty())
-    parts.push_back(std::to_string(named.size()) + (named.size() == 1 ? " item (" : " items (") +
-                    listed(named, mostNamed) + ")");
-  if (changes.affectsTechnicalData) parts.push_back("technical data");
-  if (changes.affectsDocumentStructure) parts.push_back("document structure");
-  if (parts.empty()) parts.push_back("nothing");
-  console_.out << "changed: " << printable(listed(parts)) << '\n';
-}
-
 void EditSession::write(const Save& save) {
   // Another file is one that was never opened, until it has been saved once.
-  DocumentFile& file = files_.try_emplace(save.file, DocumentFile(save.file)).first->second;
+  const std::string identity = identityOf(save.file);
+  DocumentFile& file = files_.try_emplace(identity, DocumentFile(save.file)).first->second;
   try {
     requireReplaceable(save.file);
     host::save(file, save.bytes, save.replacing, console_);
   } catch (const NotReplaced& failure) {
     throw LineError(save.file + ": " + failure.what() +
-                    (save.file == settings_.file
+                    (identity == identityOf(settings_.file)
                          ? "; save! replaces it, save FILE writes another"
                          : "; save! FILE replaces it, another FILE leaves it"));
   } catch (const Failure& failure) {
@@ -148,14 +149,15 @@ void EditSession::write(const Save& save) {
 
 void EditSession::save(const std::string& file, Replacing replacing) {
   if (file == standardStream) throw LineError("save needs a file: the plot came from a stream");
-  Save save{file, encodeJSON(project(), settings_.encoding) + "\n", replacing};
+  Save save{file, bytesToSave(project(), settings_.encoding) + "\n", replacing};
+  const std::string sentence =
+      (settings_.savesAtTheEnd ? "to be saved: " : "saved: ") + printable(file) + "\n";
   if (settings_.savesAtTheEnd)
     saves_.push_back(std::move(save));
   else
     write(save);
   history_.markSaved();
-  console_.out << (settings_.savesAtTheEnd ? "to be saved: " : "saved: ") << printable(file)
-               << '\n';
+  console_.out << sentence;
 }
 
 void EditSession::finish() {

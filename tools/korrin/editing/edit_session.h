@@ -36,7 +36,8 @@ class EditSession {
   EditSession(Settings settings, KorrinProject project, Console& console);
 
   /// Carries out one line and prints what came of it. Throws LineError when the line is not
-  /// understood or refused, or when saving fails; then nothing has changed.
+  /// understood or refused, or when saving fails, and `std::bad_alloc`; then the plot and what can
+  /// be undone are as they were.
   void run(std::string_view line);
 
   /// Writes what `save` was to write but waited. Throws LineError.
@@ -76,13 +77,14 @@ class EditSession {
     Replacing replacing;
   };
 
+  using Step = std::optional<HistoryStep> (EditHistory::*)(const Environment&);
+
   void write(const Save& save);
-  void printStep(std::string_view verb, const HistoryStep& step, const KorrinProject& before);
-  void printChanges(const ChangeSet& changes, const KorrinProject& before);
+  void take(Step step, std::string_view verb, const std::string& refusal);
 
   Settings settings_;
   EditHistory history_;
-  std::map<std::string, DocumentFile> files_;  // that were opened or saved here, by their paths
+  std::map<std::string, DocumentFile> files_;  // opened or saved here, by their identities
   Console& console_;
   std::vector<std::string> names_;  // of the edits, those that can be done again at the end
   PlotFragment clipboard_;
