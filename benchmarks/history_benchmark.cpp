@@ -1,14 +1,22 @@
-// One open plot: drags, undo and redo, pasting. The peer does the same on plain vectors; for undo
-// it keeps the one former item of a drag, and the whole former plot of a deletion or a paste.
+// One open plot: opening, drags, undo and redo, pasting, noting for recovery. The peer does the
+// same on plain vectors; for undo it keeps the one former item of a drag, and the whole former plot
+// of a deletion or a paste. Opening has its own parts beside it, which look for no unknown keys.
 
+#include <chrono>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include <unistd.h>
+
+#include "korrin/session/autosave.h"
 #include "korrin/session/edit_history.h"
+#include "korrin/session/opening.h"
 #include "korrin/session/structural_edits.h"
+#include "korrin/validation/document_validation.h"
 
 #include "benchmarks/support/contest.h"
 #include "benchmarks/support/plain_commands.h"
@@ -131,14 +139,66 @@ void addPaste(std::size_t items) {
   });
 }
 
+void addOpening(const std::string& name, std::size_t items, std::string document) {
+  const auto text = std::make_shared<const std::string>(std::move(document));
+  compete("open/" + name + "/korrin", items, [text] { return openDocument(*text); });
+  compete("open/" + name + "/parts", items, [text] {
+    peekVersions(*text);
+    KorrinProject project = decodeJSON<KorrinProject>(*text);
+    DocumentValidation::validate(project);
+    return project;
+  });
+}
+
+// Each item has a member that the format does not know.
+std::string withUnknownKeys(const std::string& document) {
+  const std::string key = "\"assetID\":";
+  std::string text;
+  std::size_t from = 0;
+  for (std::size_t at = 0; (at = document.find(key, from)) != std::string::npos;) {
+    text.append(document, from, at - from).append("\"opacity\":0.5,").append(key);
+    from = at + key.size();
+  }
+  return text.append(document, from);
+}
+
+void addOpening(std::size_t items) {
+  const std::string document = bytesToSave(generatedPlot(items), {});
+  addOpening("plain", items, document);
+  addOpening("unknown", items, withUnknownKeys(document));
+}
+
+// The worker writes all the time meanwhile, one state after the other.
+void addNoting(std::size_t items) {
+  const KorrinProject project = generatedPlot(items);
+  PlotItem moved = inTheMiddle(project);
+  moved.position.x += 100;
+  KorrinProject edited = project;
+  DocumentCommand::replaceItems({moved}).apply(edited);
+  benchmark::RegisterBenchmark(("note/while-writing/korrin/" + std::to_string(items)).c_str(),
+                               [project, edited](benchmark::State& state) {
+                                 const auto file =
+                                     std::filesystem::temp_directory_path() /
+                                     ("korrin-benchmark-" + std::to_string(::getpid()));
+                                 Autosave autosave(file, std::chrono::milliseconds(0));
+                                 bool isEdited = false;
+                                 for (auto _ : state)
+                                   autosave.note((isEdited = !isEdited) ? edited : project);
+                                 autosave.settle();
+                               })
+      ->Unit(benchmark::kMicrosecond);
+}
+
 }  // namespace
 }  // namespace korrin::benchmarks
 
 int main(int argc, char** argv) {
   for (const std::size_t items : korrin::benchmarks::itemCounts) {
+    korrin::benchmarks::addOpening(items);
     korrin::benchmarks::addDrag(items);
     korrin::benchmarks::addUndo(items);
     korrin::benchmarks::addPaste(items);
+    korrin::benchmarks::addNoting(items);
   }
   return korrin::benchmarks::runContest(argc, argv);
 }
