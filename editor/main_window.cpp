@@ -12,6 +12,7 @@
 #include "editor/files/file_menu.h"
 #include "editor/menus/live_actions.h"
 #include "editor/menus/menus.h"
+#include "editor/output/output_menu.h"
 #include "editor/panels/panels.h"
 #include "editor/plot/qt_texts.h"
 
@@ -34,6 +35,7 @@ MainWindow::MainWindow(Environment environment)
   toolBar_->setIconSize({20, 20});
   actions_ = new LiveActions(*plot_, this);
   addFileMenu(*this);
+  addOutput(*this);
   fillEditMenu(*this, *actions_);
   fillArrangeMenu(*this, *actions_);
   fillViewMenu(*this, *actions_);

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include "editor/look/painted_svg.h"
+
 namespace korrin::editor {
 
 QPixmap pictureOf(const KorrinProject& project, QSize size, qreal pixelRatio,
@@ -10,7 +12,7 @@ QPixmap pictureOf(const KorrinProject& project, QSize size, qreal pixelRatio,
   QPixmap pixmap((QSizeF(size) * pixelRatio).toSize());
   pixmap.setDevicePixelRatio(pixelRatio);
   pixmap.fill(Qt::white);
-  QSvgRenderer renderer(QByteArray::fromStdString(drawPlot(project, options)));
+  QSvgRenderer renderer(paintedSvg(drawPlot(project, options)));
   renderer.setAspectRatioMode(Qt::KeepAspectRatio);
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -4,8 +4,12 @@
 #include <QDir>
 #include <QTest>
 
+#include <QtPrintSupport/QPrintPreviewDialog>
+#include <QtPrintSupport/QPrinter>
+
 #include "editor/look/theme.h"
 #include "editor/main_window.h"
+#include "editor/output/sheets.h"
 
 int main(int argc, char** argv) {
   using namespace korrin;
@@ -25,5 +29,17 @@ int main(int argc, char** argv) {
     window.grab().save(
         folder.filePath(theme == Theme::light ? "editor-light.png" : "editor-dark.png"));
   }
+  apply(Theme::light, application);
+  const KorrinProject example = KorrinProject::example();
+  QPrinter printer(QPrinter::HighResolution);
+  setPaper(printer, example);
+  QPrintPreviewDialog preview(&printer);
+  preview.resize(1100, 800);
+  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                   [&example](QPrinter* onto) { printSheets(*onto, example); });
+  preview.show();
+  if (!QTest::qWaitForWindowExposed(&preview)) return 1;
+  QTest::qWait(300);
+  preview.grab().save(folder.filePath("editor-print-preview.png"));
   return 0;
 }

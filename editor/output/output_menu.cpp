@@ -1,0 +1,130 @@
+#include "editor/output/output_menu.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+
+#include <QtPrintSupport/QPrintDialog>
+#include <QtPrintSupport/QPrintPreviewDialog>
+#include <QtPrintSupport/QPrinter>
+
+#include "editor/main_window.h"
+#include "editor/menus/live_actions.h"
+#include "editor/output/sheets.h"
+#include "editor/plot/qt_texts.h"
+
+namespace korrin::editor {
+namespace {
+
+constexpr int pictureWidth = 3200;  // pixels: sharp on any screen
+
+QString tr(const char* text) { return QCoreApplication::translate("Output", text); }
+
+std::filesystem::path pathOf(const QString& name) { return QFile::encodeName(name).toStdString(); }
+
+// Beside the plot, under its name.
+QString suggestion(const OpenPlot& plot, const QString& ending) {
+  const DocumentFile* file = plot.file();
+  if (file == nullptr) return tr("plot") + ending;
+  const QFileInfo info(QFile::decodeName(QByteArray::fromStdString(file->path().string())));
+  return info.path() + '/' + info.completeBaseName() + ending;
+}
+
+// The dialog has asked before a file is replaced; the file is replaced in one step.
+void write(MainWindow& window, const QString& name, const QByteArray& bytes) {
+  DocumentFile file(pathOf(name));
+  file.saveBytesAnyway(std::string_view(bytes.data(), static_cast<std::size_t>(bytes.size())));
+  window.say(tr("Written: %1").arg(QFileInfo(name).fileName()));
+}
+
+// Asks for a name and hands it on. What fails is said.
+template <class Save>
+void askAndSave(MainWindow& window, const QString& title, const QString& filter,
+                const QString& ending, Save save) {
+  QString name =
+      QFileDialog::getSaveFileName(&window, title, suggestion(window.plot(), ending), filter);
+  if (name.isEmpty()) return;
+  if (QFileInfo(name).suffix().isEmpty()) name += ending;
+  try {
+    save(name);
+  } catch (const FileError& error) {
+    window.say(QString::fromUtf8(error.what()));
+  }
+}
+
+void savePdf(MainWindow& window) {
+  askAndSave(
+      window, tr("Export Sheets as PDF"), tr("PDF (*.pdf)"), ".pdf",
+      [&window](const QString& name) { write(window, name, pdfOf(window.plot().project())); });
+}
+
+// A file for each sheet, numbered where there are several.
+void saveSvg(MainWindow& window) {
+  askAndSave(window, tr("Export Sheets as SVG"), tr("SVG (*.svg)"), ".svg",
+             [&window](const QString& name) {
+               const QFileInfo info(name);
+               const std::vector<std::string> sheets = sheetsOf(window.plot().project());
+               for (std::size_t i = 0; i < sheets.size(); ++i) {
+                 const QString numbered =
+                     QString("%1/%2-%3.svg").arg(info.path(), info.completeBaseName()).arg(i + 1);
+                 write(window, sheets.size() == 1 ? name : numbered,
+                       QByteArray::fromStdString(sheets[i]));
+               }
+             });
+}
+
+void savePicture(MainWindow& window) {
+  askAndSave(window, tr("Export Stage as Picture"), tr("PNG (*.png)"), ".png",
+             [&window](const QString& name) {
+               QByteArray bytes;
+               QBuffer buffer(&bytes);
+               buffer.open(QIODevice::WriteOnly);
+               pictureOfStage(window.plot().project(), pictureWidth).save(&buffer, "PNG");
+               write(window, name, bytes);
+             });
+}
+
+void preview(MainWindow& window) {
+  QPrinter printer(QPrinter::HighResolution);
+  setPaper(printer, window.plot().project());
+  QPrintPreviewDialog dialog(&printer, &window);
+  dialog.resize(1100, 800);
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                   [&window](QPrinter* onto) { printSheets(*onto, window.plot().project()); });
+  dialog.exec();
+}
+
+void print(MainWindow& window) {
+  QPrinter printer(QPrinter::HighResolution);
+  setPaper(printer, window.plot().project());
+  QPrintDialog dialog(&printer, &window);
+  if (dialog.exec() == QDialog::Accepted) printSheets(printer, window.plot().project());
+}
+
+}  // namespace
+
+void addOutput(MainWindow& window) {
+  QMenu& menu = window.fileMenu();
+  LiveActions& actions = window.actions();
+  QAction* last = menu.actions().isEmpty() ? nullptr : menu.actions().last();
+  auto* exports = new QMenu(tr("&Export"), &menu);
+  actions.add(*exports, tr("Sheets as &PDF…"), "export", QKeySequence("Ctrl+E"),
+              [&window] { savePdf(window); });
+  actions.add(*exports, tr("Sheets as &SVG…"), "", {}, [&window] { saveSvg(window); });
+  actions.add(*exports, tr("Stage as Pi&cture…"), "picture", {},
+              [&window] { savePicture(window); });
+  menu.insertMenu(last, exports);
+  // The actions are made at the menu's end, and moved in front of its last entry.
+  for (QAction* action : {actions.add(menu, tr("Print Pre&view…"), "print-preview",
+                                      QKeySequence("Ctrl+Shift+P"), [&window] { preview(window); }),
+                          actions.add(menu, tr("&Print…"), "print", QKeySequence::Print,
+                                      [&window] { print(window); })})
+    menu.insertAction(last, action);
+  menu.insertSeparator(last);
+}
+
+}  // namespace korrin::editor
