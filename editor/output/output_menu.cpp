@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -12,6 +11,8 @@
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
 
+#include "editor/dialogs/changes_dialog.h"
+#include "editor/files/paths.h"
 #include "editor/main_window.h"
 #include "editor/menus/live_actions.h"
 #include "editor/output/sheets.h"
@@ -24,19 +25,17 @@ constexpr int pictureWidth = 3200;  // pixels: sharp on any screen
 
 QString tr(const char* text) { return QCoreApplication::translate("Output", text); }
 
-std::filesystem::path pathOf(const QString& name) { return QFile::encodeName(name).toStdString(); }
-
 // Beside the plot, under its name.
 QString suggestion(const OpenPlot& plot, const QString& ending) {
   const DocumentFile* file = plot.file();
   if (file == nullptr) return tr("plot") + ending;
-  const QFileInfo info(QFile::decodeName(QByteArray::fromStdString(file->path().string())));
+  const QFileInfo info(pathText(file->path()));
   return info.path() + '/' + info.completeBaseName() + ending;
 }
 
 // The dialog has asked before a file is replaced; the file is replaced in one step.
 void write(MainWindow& window, const QString& name, const QByteArray& bytes) {
-  DocumentFile file(pathOf(name));
+  DocumentFile file(toPath(name));
   file.saveBytesAnyway(std::string_view(bytes.data(), static_cast<std::size_t>(bytes.size())));
   window.say(tr("Written: %1").arg(QFileInfo(name).fileName()));
 }
@@ -118,6 +117,9 @@ void addOutput(MainWindow& window) {
   actions.add(*exports, tr("Stage as Pi&cture…"), "picture", {},
               [&window] { savePicture(window); });
   menu.insertMenu(last, exports);
+  menu.insertAction(last, actions.add(menu, tr("&Changes Since…"), "search", {}, [&window] {
+    showChangesSinceAnotherFile(window.plot().project(), &window);
+  }));
   // The actions are made at the menu's end, and moved in front of its last entry.
   for (QAction* action : {actions.add(menu, tr("Print Pre&view…"), "print-preview",
                                       QKeySequence("Ctrl+Shift+P"), [&window] { preview(window); }),

@@ -2,9 +2,11 @@
 
 #include "editor/output/sheets.h"
 
+#include <QListWidget>
 #include <QSvgRenderer>
 #include <QTest>
 
+#include "editor/dialogs/changes_dialog.h"
 #include "editor/look/painted_svg.h"
 
 namespace korrin::editor {
@@ -46,6 +48,18 @@ class SheetsTest : public QObject {
       QCOMPARE(painted.count("<g"), painted.count("</g>"));
       QVERIFY(QSvgRenderer(painted).isValid());
     }
+  }
+
+  void saysWhatChangedSinceAnotherState() {
+    const KorrinProject before = KorrinProject::example();
+    KorrinProject after = before;
+    QVERIFY(changesBetween(before, after).isEmpty());
+    after.items.edit(0).position.x += 400;
+    const QStringList changes = changesBetween(before, after);
+    QCOMPARE(changes.size(), 1);
+    QVERIFY2(changes[0].contains("0.40 m"), qPrintable(changes[0]));
+    ChangesDialog dialog("earlier.json", changes, nullptr);
+    QCOMPARE(dialog.findChild<QListWidget*>()->count(), 1);
   }
 
   void keepsTextsThatLookLikeMarkup() {
