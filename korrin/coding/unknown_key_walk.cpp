@@ -53,7 +53,7 @@ ShownKey shownKey(const StringToken& key) {
   if (key.hasEscapes && key.raw.size() > 6 * longestKey) {
     // Cut before an escape or a character begins, so that none is torn.
     std::size_t length = 0;
-    while (length < 6 * longestKey) {
+    while (length <= 6 * longestKey) {
       const std::size_t start = length;
       if (key.raw[length] != '\\')
         length += utf8::step(key.raw.substr(length)).length;

@@ -20,15 +20,15 @@ struct ReplacedPart {
 };
 
 template <class Case, class Value>
-constexpr auto plainPart(Value KorrinProject::*part, Value Case::*value) {
+consteval auto plainPart(Value KorrinProject::*part, Value Case::*value) {
   return ReplacedPart<Case, Value>{part, value, false, false};
 }
 template <class Case, class Value>
-constexpr auto technicalPart(Value KorrinProject::*part, Value Case::*value) {
+consteval auto technicalPart(Value KorrinProject::*part, Value Case::*value) {
   return ReplacedPart<Case, Value>{part, value, true, false};
 }
 template <class Case, class Value>
-constexpr auto structuralPart(Value KorrinProject::*part, Value Case::*value) {
+consteval auto structuralPart(Value KorrinProject::*part, Value Case::*value) {
   return ReplacedPart<Case, Value>{part, value, false, true};
 }
 

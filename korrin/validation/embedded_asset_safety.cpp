@@ -21,7 +21,7 @@ std::optional<AssetRefusal> refusalOf(const PdfPage& page) noexcept {
       return AssetRefusal::unreadablePdf;
     case PdfOutcome::noBox:
       return AssetRefusal::pageWithoutBox;
-    case PdfOutcome::box:
+    default:  // a box
       break;
   }
   constexpr double largest = EmbeddedAssetSafety::maximumPageExtent;

@@ -29,6 +29,14 @@ TEST(KeyTable, FindsEachKeyAtItsPlace) {
   EXPECT_EQ(table.placeOf("isLocked"), 3u);
 }
 
+TEST(KeyTable, TakesNoKeyThatASearchWouldPassOver) {
+  using Table = KeyTable<1>;
+  const std::string longest(Table::longestKey, 'k');
+  EXPECT_EQ(Table(std::array{std::string_view(longest)}).placeOf(longest), 0u);
+  const std::string longer = longest + 'k';
+  EXPECT_ANY_THROW(Table(std::array{std::string_view(longer)}));
+}
+
 TEST(KeyTable, FindsNoOtherText) {
   constexpr KeyTable table(std::array{"id"sv, "name"sv});
   for (const std::string_view other : {""sv, "i"sv, "Id"sv, "ids"sv, "nane"sv, "game"sv, "id\0"sv})

@@ -96,7 +96,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Spelling{R"(\"a\")", R"(["\"a\""])"}, Spelling{R"(a\\b)", R"(["a\\b"])"},
                     Spelling{R"(a\nb)", R"(["a\u000ab"])"},
                     Spelling{R"(\u001b[2J)", R"(["\u001b[2J"])"},
-                    Spelling{"\xC2\x9B", R"(["\u009b"])"}));
+                    Spelling{"\xC2\x9B", R"(["\u009b"])"}, Spelling{"\xC2\x9F", R"(["\u009f"])"},
+                    Spelling{"\xC2\xA0", "\xC2\xA0"}, Spelling{"\x7F", R"(["\u007f"])"},
+                    Spelling{"~", "~"}, Spelling{R"(\u001f)", R"(["\u001f"])"}));
 
 TEST(UnknownKeyPath, CutsAKeyThatNobodyWouldRead) {
   const std::string longest(4096, 'a');
@@ -114,6 +116,33 @@ TEST(UnknownKeyPath, CutsAKeyThatNobodyWouldRead) {
     EXPECT_EQ(Text(path).str(), path) << shift;
     EXPECT_LE(path.size(), 4110u);
   }
+}
+
+TEST(UnknownKeyPath, CutsAKeyThatIsLongOnlyOnceItsEscapesAreRead) {
+  const std::string escapes = R"(\uD83D\uDE00\ud83d\ude00\uD7FF\u0041\n\u00e9)";
+  const std::string meaning = "😀😀\uD7FFA\\u000aé";
+  // How many bytes the meaning has, "\n" being one of them.
+  const std::size_t size = meaning.size() - 5;
+  std::string letters;
+  for (int i = 0; i < 4096; ++i) letters += "\\u0041";
+  const std::string longest(4096, 'A');
+  EXPECT_EQ(pathOf(letters), longest);
+  EXPECT_EQ(pathOf(letters + "\\u0041"), "[\"" + longest + "\"...]");
+  for (std::size_t shift = 0; shift < 24; ++shift) {
+    std::string key(shift, 'x');
+    std::string shown = key;
+    while (key.size() < 40'000) key += escapes;
+    std::size_t bytes = shift;
+    for (; bytes + size <= 4096; bytes += size) shown += meaning;
+    const std::string path = pathOf(key);
+    EXPECT_EQ(path.substr(0, 2 + shown.size()), "[\"" + shown);
+    EXPECT_EQ(path.substr(path.size() - 5), "\"...]");
+    EXPECT_EQ(Text(path).str(), path);
+  }
+}
+
+TEST(UnknownKeys, AreNoneInAnEmptyList) {
+  EXPECT_EQ(decodeJSONWithUnknownKeys<List<StagePoint>>("[]").unknownKeys, UnknownKeys{});
 }
 
 TEST(UnknownKeys, AreNoneInADocumentThatIsRefused) {

@@ -73,6 +73,18 @@ TEST(ListDifference, TellsStretchesApart) {
   EXPECT_EQ(differences(before, after), expected);
 }
 
+// Longer than the search ahead reaches.
+TEST(ListDifference, TellsLongStretchesApart) {
+  const List<std::string> before = numbered(1000);
+  List<std::string> after = before;
+  for (std::size_t i = 0; i < 40; ++i) {
+    after.replace(100 + i, "other");
+    after.replace(300 + i, "other");
+  }
+  EXPECT_EQ(differences(before, after),
+            (std::vector<Stretch>{{{100, 140}, {100, 140}}, {{300, 340}, {300, 340}}}));
+}
+
 // Elements that stand in their leaf are never shared one by one, hence a leaf is the least.
 TEST(ListDifference, OfSmallElementsIsTheirLeaf) {
   List<int> before;

@@ -163,6 +163,10 @@ TEST(EmbeddedAssetSafety, RefusesBytesThatAreNeitherImageNorPdf) {
   }
 }
 
+TEST(AssetRefusal, ThatIsUnknownCountsAsInvalid) {
+  EXPECT_EQ(errorOf(static_cast<AssetRefusal>(1000)), DocumentValidationError::invalidImage);
+}
+
 struct Refused {
   AssetRefusal refusal;
   Bytes bytes;

@@ -5,6 +5,7 @@
 #include "korrin/validation/pdf/cross_references.h"
 #include "korrin/validation/pdf/encryption.h"
 #include "korrin/validation/pdf/page_tree.h"
+#include "korrin/validation/pdf/read_within.h"
 #include "korrin/validation/pdf/recovery.h"
 
 namespace korrin {
@@ -82,8 +83,11 @@ bool hasPdfHeader(std::span<const std::byte> bytes) noexcept {
 }
 
 PdfPage readFirstPage(std::span<const std::byte> bytes) {
-  const std::string_view file = asText(bytes);
-  Budget budget(file.size());
+  Budget budget(bytes.size());
+  return pdf::readWithin(asText(bytes), budget);
+}
+
+PdfPage pdf::readWithin(std::string_view file, Budget& budget) {
   const auto headerOffset = headerOffsetOf(file, budget);
   if (!headerOffset) return notAPdf;
   const Attempt attempt = readByCrossReferences(file, *headerOffset, budget);

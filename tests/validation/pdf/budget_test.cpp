@@ -6,9 +6,12 @@
 #include <gtest/gtest.h>
 
 #include "korrin/validation/pdf/pdf_budget.h"
+#include "korrin/validation/pdf/read_within.h"
 #include "korrin/validation/pdf/recovery.h"
 #include "korrin/validation/pdf/value.h"
 
+#include "tests/support/effort.h"
+#include "tests/support/files.h"
 #include "tests/support/pdf_builder.h"
 #include "tests/support/pdf_matchers.h"
 
@@ -358,6 +361,46 @@ TEST(Budget, CountsStepsExactly) {
   EXPECT_FALSE(budget.payForBytes(1));
   EXPECT_TRUE(budget.isExhausted());
 }
+
+struct Document {
+  const char* name;
+  std::string file;
+};
+
+class ShortBudget : public testing::TestWithParam<Document> {};
+
+// Wherever the steps end, the reader comes to nothing rather than to something else.
+TEST_P(ShortBudget, ReadsTheSamePageOrNone) {
+  const std::string& file = GetParam().file;
+  const PdfPage page = pageOf(file);
+  ASSERT_EQ(page.outcome, PdfOutcome::box);
+  const std::size_t stride = isSanitized ? 211 : 5;
+  for (std::size_t steps = 0;; steps += stride) {
+    Budget budget(0);
+    budget.payFor(limits::stepsBase - steps, 1);
+    const PdfPage read = pdf::readWithin(file, budget);
+    if (!budget.isExhausted()) {
+      EXPECT_EQ(read, page);
+      return;
+    }
+    ASSERT_TRUE(read == unreadable || read == notAPdf) << steps << " steps: " << read;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    For, ShortBudget,
+    testing::Values(
+        Document{"AnEscapedKey", onePage("/Media#42ox[0 0 3 3]")},
+        Document{"AHeaderThatIsMissing", "%\xE2\xE3" + onePage("/MediaBox[0 0 3 3]").substr(8)},
+        Document{"AnObjectStream", onePageInObjectStream("/MediaBox[0 0 3 3]")},
+        Document{"ACatalogueToRecover",
+                 PdfBuilder()
+                     .objectStream(4, {{1, "<</Type/Catalog/Pages 2 0 R>>"},
+                                       {2, "<</Type/Pages/Kids[<</MediaBox[0 0 3 3]>>]>>"}})
+                     .file()},
+        Document{"AnEncryptedObjectStream",
+                 contentOfSource("tests/validation/pdf/documents/rc4_40.pdf")}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Budget, CountsWhatALookUpAndATokenCost) {
   Budget budget(0);

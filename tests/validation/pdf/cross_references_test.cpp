@@ -115,6 +115,20 @@ TEST(CrossReferences, UseRowsWithoutATypeForOrdinaryObjects) {
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
+TEST(CrossReferences, UseRowsWithColumnsOfAnyWidth) {
+  for (const int last : {0, 1, 2, 3}) {
+    PdfBuilder pdf = wholeTree();
+    std::string rows = bigEndian(0, 3 + last);
+    for (const char* header : {"1 0 obj", "2 0 obj", "3 0 obj"})
+      rows += bigEndian(1, 1) + bigEndian(pdf.file().find(header), 2) + bigEndian(0, last);
+    pdf.object(3, "<</MediaBox[0 0 9 9]>>");
+    const std::size_t section = pdf.offset();
+    pdf.stream(4, "/Type/XRef/Size 4/W[1 2 " + std::to_string(last) + "]/Root 1 0 R", rows)
+        .raw("startxref\n" + std::to_string(section) + "\n%%EOF\n");
+    EXPECT_EQ(pageOf(pdf.file()), box(3, 3)) << last;
+  }
+}
+
 TEST(CrossReferences, ThatReturnToThemselvesEnd) {
   PdfBuilder pdf = wholeTree();
   pdf.table("/Root 1 0 R/Prev " + std::to_string(pdf.offset()));

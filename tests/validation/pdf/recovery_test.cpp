@@ -59,6 +59,21 @@ TEST(Recovery, FindsObjectsInStreamsThatArePackedTwice) {
   EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
 }
 
+TEST(Recovery, FindsObjectsInStreamsWithAPredictor) {
+  // Each byte stands in a row of its own, so that the head is twice as long before that is undone.
+  std::string rows;
+  for (const char byte : std::string("7 0 3 5 null <</MediaBox[0 0 3 3]>>")) {
+    rows += '\0';
+    rows += byte;
+  }
+  PdfBuilder pdf = tree();
+  pdf.stream(4,
+             "/Type/ObjStm/N 2/First 8/Filter/FlateDecode/DecodeParms<</Predictor 12/Columns 1>>",
+             deflated(rows))
+      .raw("trailer<</Root 1 0 R>>");
+  EXPECT_EQ(pageOf(pdf.file()), box(3, 3));
+}
+
 TEST(Recovery, FindsATrailerFromTheFirstByteOn) {
   EXPECT_EQ(pageOf(wholeTree().file()), unreadable);
   EXPECT_EQ(pageOf("trailer<</Root 1 0 R>>\n" + wholeTree().file()), box(3, 3));
@@ -226,6 +241,31 @@ TEST(Recovery, FindsTheCatalogueWhateverTheOrderOfItsObjectStream) {
                                head + first + second + "<</Kind/Font>>")
                        .file()),
             box(3, 3));
+}
+
+TEST(Recovery, FindsTheCatalogueByThePairsThatCanBeRead) {
+  const std::string catalogue = "<</Type/Catalog/Pages 2 0 R>>";
+  const auto pageWith = [&](const std::string& head) {
+    return pageOf(
+        withoutTrailer()
+            .stream(4, "/Type/ObjStm/N 3/First " + std::to_string(head.size()), head + catalogue)
+            .file());
+  };
+  EXPECT_EQ(pageWith("1 0 "), box(3, 3));
+  EXPECT_EQ(pageWith("1 0 7 "), box(3, 3));
+  EXPECT_EQ(pageWith("1 0 99999999999 0 "), box(3, 3));
+  // No pair, or none in front of the catalogue.
+  EXPECT_EQ(pageWith("x 0 "), unreadable);
+  EXPECT_EQ(pageWith("1 1 "), unreadable);
+}
+
+TEST(Recovery, FindsNothingAroundAPlaceInAnObjectStreamThatIsMissing) {
+  const std::string file = withoutTrailer().file();
+  pdf::Budget budget(file.size());
+  pdf::RecoveredObjects recovered(file, budget);
+  recovered.scan();
+  pdf::Objects objects(file, recovered, budget);
+  EXPECT_FALSE(objects.objectAround({77, 0}));
 }
 
 TEST(Recovery, PassesOverAStreamAtTheVeryStart) {
