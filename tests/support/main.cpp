@@ -24,8 +24,8 @@ void writeProfile(int) { __llvm_profile_write_file(); }
 }  // namespace
 
 int main(int argc, char** argv) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // unless the command line says otherwise
   testing::InitGoogleMock(&argc, argv);
-  testing::FLAGS_gtest_death_test_style = "threadsafe";
   if (__llvm_profile_write_file != nullptr) std::signal(SIGABRT, writeProfile);
   if (const char* name = std::getenv("KORRIN_TEST_LOCALE")) std::locale::global(std::locale(name));
   const char* stack = std::getenv("KORRIN_TEST_STACK");
