@@ -2,9 +2,9 @@
 #
 #   awk -f script/coverage-figures.awk -v root=DIRECTORY script/coverage-exclusions SUMMARY LINES
 #
-# SUMMARY is what `llvm-cov report` prints, LINES what `llvm-cov show -show-branches=count` does. A line or
-# an outcome of a condition counts once: it is reached if any instance of its template reaches it. What
-# stands in an excluded line is left out, and the whole of a function where its opening line is excluded;
+# SUMMARY is what `llvm-cov report` prints, LINES what `llvm-cov show -show-branches=count -show-mcdc` does.
+# A line, an outcome of a condition, or a condition that decides by itself counts once: it is reached if
+# any instance of its template reaches it. What stands in an excluded line is left out, and the whole of a function where its opening line is excluded;
 # an exclusion that leaves nothing out is a fault.
 
 BEGIN {
@@ -28,8 +28,6 @@ input == 1 && /^[^#]/ {
 input == 2 && $1 == "TOTAL" {
   total["functions"] = $2
   reached["functions"] = $2 - $3
-  total["MC/DC"] = $11
-  reached["MC/DC"] = $11 - $12
 }
 
 input < 3 { next }
@@ -52,6 +50,13 @@ input < 3 { next }
   split($0, parts, /[][(), ]+/)  # nothing, "|", "Branch", place, ":", "True:", count, "False:", count
   count("branches", parts[4] "T", parts[7])
   count("branches", parts[4] "F", parts[9])
+}
+
+/MC\/DC Decision Region \(/ { decision = $0 }
+
+/C[0-9]+-Pair: (not )?covered/ {
+  split($0, parts, /[-| :]+/)  # nothing, the condition, "Pair", "covered" or "not"
+  count("MC/DC", decision parts[2], parts[4] == "covered")
 }
 
 END {
