@@ -8,4 +8,5 @@
 #include "korrin/review/fixes.h"
 #include "korrin/review/merge.h"
 #include "korrin/review/rules.h"
+#include "korrin/review/safe_fixes.h"
 #include "korrin/review/waivers.h"

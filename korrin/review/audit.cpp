@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "korrin/review/audit_rules.h"
-#include "korrin/review/fix_laws.h"
 
 namespace korrin {
 namespace auditing {
@@ -30,7 +29,7 @@ namespace {
 struct Rule {
   AuditRule rule;
   void (*check)(const KorrinProject&, Findings&);
-  std::optional<Fix> (*fix)(const KorrinProject&, const AuditFinding&, const Environment&);
+  std::optional<Fix> (*fix)(PlotLookup&, const AuditFinding&, const Environment&);
 };
 
 // In the order of the cases.
@@ -53,15 +52,14 @@ constexpr Rule rules[] = {
 };
 static_assert(std::size(rules) == CaseTable<AuditRule>::cases.size());
 
-std::vector<fixes::FindingName> allFindings(const KorrinProject& project) {
-  std::vector<fixes::FindingName> names = fixes::preflightFindings(project);
-  for (const AuditFinding& finding : audit(project))
-    names.push_back(
-        {finding.id, finding.title, finding.severity != PreflightSeverity::information});
-  return names;
+}  // namespace
+
+std::optional<Fix> fixOf(PlotLookup& plot, const AuditFinding& finding,
+                         const Environment& environment) {
+  const auto fix = rules[static_cast<std::size_t>(finding.rule)].fix;
+  return fix == nullptr ? std::nullopt : fix(plot, finding, environment);
 }
 
-}  // namespace
 }  // namespace auditing
 
 std::vector<AuditFinding> audit(const KorrinProject& project) {
@@ -73,19 +71,6 @@ std::vector<AuditFinding> audit(const KorrinProject& project) {
                      return std::tie(a.title, a.detail, a.id) < std::tie(b.title, b.detail, b.id);
                    });
   return findings;
-}
-
-std::vector<Fix> fixesFor(const AuditFinding& finding, const KorrinProject& project,
-                          const Environment& environment) {
-  const std::vector<AuditFinding> findings = audit(project);
-  if (std::find(findings.begin(), findings.end(), finding) == findings.end()) return {};
-  const auto fixOf = auditing::rules[static_cast<std::size_t>(finding.rule)].fix;
-  std::vector<Fix> offered;
-  if (fixOf != nullptr)
-    if (std::optional<Fix> fix = fixOf(project, finding, environment))
-      offered.push_back(std::move(*fix));
-  return fixes::keepLawful(std::move(offered), finding.id, finding.title, project,
-                           auditing::allFindings);
 }
 
 }  // namespace korrin

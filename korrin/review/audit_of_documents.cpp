@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <span>
 #include <utility>
 
 #include "korrin/review/audit_rules.h"
@@ -57,45 +58,50 @@ std::map<UUID, std::vector<IdentifiedList>> sharedOnes(const KorrinProject& proj
   return shared;
 }
 
-template <class Row>
-void relink(List<Row>& rows, const UUID& from, const UUID& to) {
-  for (std::size_t i = 0; i < rows.size(); ++i)
-    if (rows[i].plotItemID == from) rows.edit(i).plotItemID = to;
-}
-
-// Links to an item are what rows and groups say; a link to a group is what items say. Nothing in a
-// project links to a row or a note.
-void moveLinks(KorrinProject& project, IdentifiedList list, const UUID& from, const UUID& to) {
-  if (list == IdentifiedList::items) {
-    relink(project.inputs, from, to);
-    relink(project.monitorMixes, from, to);
-    relink(project.equipmentRequirements, from, to);
-    for (std::size_t i = 0; i < project.groups.size(); ++i) {
-      const List<UUID>& members = project.groups[i].itemIDs;
-      if (std::find(members.begin(), members.end(), from) == members.end()) continue;
-      List<UUID>& changed = project.groups.edit(i).itemIDs;
-      for (std::size_t k = 0; k < changed.size(); ++k)
-        if (changed[k] == from) changed.edit(k) = to;
+// Lets what links to the record that had the identifier `from` link to it as `to`. Links to an item
+// are what rows and groups say; a link to a group is what items say. Nothing in a project links to
+// a row or a note.
+void moveLinks(KorrinProject& project, PlotLookup& plot, IdentifiedList list, const UUID& from,
+               const UUID& to) {
+  using Kind = fixes::Link::Kind;
+  const bool isItem = list == IdentifiedList::items;
+  if (!isItem && list != IdentifiedList::groups) return;
+  for (const fixes::Link& link : plot.linksTo(from)) {
+    if ((link.kind != Kind::groupOfItem) != isItem) continue;
+    switch (link.kind) {
+      case Kind::input:
+        project.inputs.edit(link.place).plotItemID = to;
+        break;
+      case Kind::mix:
+        project.monitorMixes.edit(link.place).plotItemID = to;
+        break;
+      case Kind::equipment:
+        project.equipmentRequirements.edit(link.place).plotItemID = to;
+        break;
+      case Kind::member: {
+        List<UUID>& members = project.groups.edit(link.place).itemIDs;
+        for (std::size_t i = 0; i < members.size(); ++i)
+          if (members[i] == from) members.edit(i) = to;
+        break;
+      }
+      case Kind::groupOfItem:
+        project.items.edit(link.place).groupID = to;
+        break;
     }
   }
-  if (list == IdentifiedList::groups)
-    for (std::size_t i = 0; i < project.items.size(); ++i)
-      if (project.items[i].groupID == from) project.items.edit(i).groupID = to;
+}
+
+// An identifier that no record of the plot has. An environment that repeats itself is asked no more
+// often than the plot has records.
+std::optional<UUID> freshIdentifier(const PlotLookup& plot, const Environment& environment) {
+  for (std::size_t tries = plot.ids().size() + 1; tries > 0; --tries)
+    if (const UUID fresh = environment.makeUUID(); !plot.ids().contains(fresh)) return fresh;
+  return std::nullopt;
 }
 
 template <class Row>
 bool isBelowOne(const Row& row, std::optional<std::int64_t> Row::*number) {
   return row.*number && *(row.*number) < 1;
-}
-
-template <class Row>
-std::optional<std::size_t> firstBelowOne(const List<Row>& rows, const std::optional<UUID>& id,
-                                         std::optional<std::int64_t> Row::*number) {
-  const auto found = std::find_if(rows.begin(), rows.end(), [&](const Row& row) {
-    return row.id == id && isBelowOne(row, number);
-  });
-  if (found == rows.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - rows.begin());
 }
 
 constexpr const char* channelBelowOne = "Channel is below 1";
@@ -110,12 +116,49 @@ AuditFinding belowOne(const char* title, const UUID& row) {
   return result;
 }
 
-// What follows the colon of a finding's id.
-std::string_view placeOf(const AuditFinding& finding) {
-  return std::string_view(finding.id).substr(rawValue(finding.rule).size() + 1);
+using Places = std::span<const std::pair<Text, std::size_t>>;
+
+// The entries with the digest that follows the colon of a finding's id.
+Places assetPlaces(const PlotLookup& plot, const AuditFinding& finding) {
+  const std::string_view id = finding.id;
+  return plot.ids().places(keyOf(&KorrinProject::assetManifest),
+                           Text(id.substr(rawValue(finding.rule).size() + 1)));
+}
+
+DocumentCommand withoutEntries(const KorrinProject& project, Places places) {
+  List<AssetManifestEntry> entries = project.assetManifest;
+  for (std::size_t i = places.size(); i > 0; --i) entries.erase(places[i - 1].second);
+  return DocumentCommand::replaceAssetManifest(std::move(entries));
 }
 
 }  // namespace
+
+std::optional<std::string_view> listOf(const AuditFinding& finding) {
+  switch (finding.rule) {
+    case AuditRule::hiddenItems:
+      return keyOf(&KorrinProject::layers);
+    case AuditRule::missingLayer:
+    case AuditRule::missingGroup:
+    case AuditRule::unencodableNumber:
+    case AuditRule::rotatedOutsideStage:
+    case AuditRule::unreadableTint:
+      return keyOf(&KorrinProject::items);
+    case AuditRule::oneSidedMembership:
+    case AuditRule::unknownMember:
+    case AuditRule::repeatedMember:
+    case AuditRule::emptyGroup:
+      return keyOf(&KorrinProject::groups);
+    case AuditRule::numberBelowOne:
+      return finding.title == channelBelowOne ? keyOf(&KorrinProject::inputs)
+                                              : keyOf(&KorrinProject::monitorMixes);
+    case AuditRule::sharedIdentifier:
+    case AuditRule::unusedAsset:
+    case AuditRule::repeatedAsset:
+    case AuditRule::newerFormat:
+      break;
+  }
+  return std::nullopt;
+}
 
 void sharedIdentifiers(const KorrinProject& project, Findings& findings) {
   for (const auto& [id, lists] : sharedOnes(project)) {
@@ -126,30 +169,26 @@ void sharedIdentifiers(const KorrinProject& project, Findings& findings) {
   }
 }
 
-std::optional<Fix> freshIdentifiers(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> freshIdentifiers(PlotLookup& plot, const AuditFinding& finding,
                                     const Environment& environment) {
   const UUID shared = *finding.recordID;
-  KorrinProject changed = project;
+  KorrinProject changed = plot.project();
   std::vector<IdentifiedList> given;
   bool isFirst = true;
-  bool isAmbiguous = false;
+  bool isPossible = true;
   forEachIdentifiedList([&](IdentifiedList list, auto member) {
-    std::optional<std::size_t> place;
-    for (std::size_t i = 0; const auto& record : project.*member) {
-      if (record.id == shared) {
-        // Which of two records of one list a link means, nobody can tell.
-        if (place && !isFirst) isAmbiguous = true;
-        place = i;
-      }
-      ++i;
-    }
-    if (!place || std::exchange(isFirst, false)) return;
-    const UUID fresh = environment.makeUUID();
-    (changed.*member).edit(*place).id = fresh;
-    moveLinks(changed, list, shared, fresh);
+    const auto places = plot.ids().places(keyOf(member), shared);
+    if (places.empty() || std::exchange(isFirst, false) || !isPossible) return;
+    const std::optional<UUID> fresh = freshIdentifier(plot, environment);
+    // Which of two records of one list a link means, nobody can tell. And an error or a warning
+    // about the record would appear under the fresh identifier as a new one.
+    isPossible = places.size() == 1 && fresh && !plot.hasSeriousFinding(keyOf(member), shared);
+    if (!isPossible) return;
+    (changed.*member).edit(places.front().second).id = *fresh;
+    moveLinks(changed, plot, list, shared, *fresh);
     given.push_back(list);
   });
-  if (isAmbiguous) return std::nullopt;
+  if (!isPossible) return std::nullopt;
   const std::string title = "Give the record in " + joined(given) + " with the identifier " +
                             shared.text() + " a fresh one, its links following";
   return Fix{.title = title, .command = fixes::replacingProject(std::move(changed), environment)};
@@ -163,14 +202,17 @@ void numbersBelowOne(const KorrinProject& project, Findings& findings) {
     if (isBelowOne(mix, &MonitorMix::number)) findings.push_back(belowOne(mixBelowOne, mix.id));
 }
 
-std::optional<Fix> noNumber(const KorrinProject& project, const AuditFinding& finding,
-                            const Environment&) {
+std::optional<Fix> noNumber(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
   if (finding.title == channelBelowOne) {
-    const auto place = firstBelowOne(project.inputs, finding.recordID, &InputChannel::channel);
-    return place ? fixes::noChannel(project, *place) : std::nullopt;
+    const auto place = plot.firstWith(
+        &KorrinProject::inputs, *finding.recordID,
+        [](const InputChannel& input) { return isBelowOne(input, &InputChannel::channel); });
+    return fixes::noChannel(plot, *place);
   }
-  const auto place = firstBelowOne(project.monitorMixes, finding.recordID, &MonitorMix::number);
-  return place ? fixes::noMixNumber(project, *place) : std::nullopt;
+  const auto place =
+      plot.firstWith(&KorrinProject::monitorMixes, *finding.recordID,
+                     [](const MonitorMix& mix) { return isBelowOne(mix, &MonitorMix::number); });
+  return fixes::noMixNumber(plot, *place);
 }
 
 void unusedAssets(const KorrinProject& project, Findings& findings) {
@@ -182,19 +224,13 @@ void unusedAssets(const KorrinProject& project, Findings& findings) {
                                  entry.sha256, {}, std::nullopt));
 }
 
-std::optional<Fix> withoutAsset(const KorrinProject& project, const AuditFinding& finding,
-                                const Environment&) {
-  const Text digest = placeOf(finding);
-  List<AssetManifestEntry> entries = project.assetManifest;
-  const auto named =
-      std::find_if(entries.begin(), entries.end(),
-                   [&](const AssetManifestEntry& entry) { return entry.sha256 == digest; });
-  const std::string name = nameOf(*named);
-  const std::size_t removed =
-      entries.eraseIf([&](const AssetManifestEntry& entry) { return entry.sha256 == digest; });
-  const std::string count = removed == 1 ? "" : ", all " + std::to_string(removed) + " entries";
+std::optional<Fix> withoutAsset(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
+  const auto places = assetPlaces(plot, finding);
+  const std::string name = nameOf(plot.project().assetManifest[places.front().second]);
+  const std::string count =
+      places.size() == 1 ? "" : ", all " + std::to_string(places.size()) + " entries";
   return Fix{.title = "Remove the unused " + name + count,
-             .command = DocumentCommand::replaceAssetManifest(std::move(entries))};
+             .command = withoutEntries(plot.project(), places)};
 }
 
 void repeatedAssets(const KorrinProject& project, Findings& findings) {
@@ -206,19 +242,11 @@ void repeatedAssets(const KorrinProject& project, Findings& findings) {
                                  entry.sha256, {}, std::nullopt));
 }
 
-std::optional<Fix> assetOnce(const KorrinProject& project, const AuditFinding& finding,
-                             const Environment&) {
-  const Text digest = placeOf(finding);
-  List<AssetManifestEntry> entries = project.assetManifest;
-  std::string name;
-  entries.eraseIf([&](const AssetManifestEntry& entry) {
-    if (entry.sha256 != digest) return false;
-    if (!name.empty()) return true;
-    name = nameOf(entry);
-    return false;
-  });
+std::optional<Fix> assetOnce(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
+  const auto places = assetPlaces(plot, finding);
+  const std::string name = nameOf(plot.project().assetManifest[places.front().second]);
   return Fix{.title = "Keep only the first entry of " + name,
-             .command = DocumentCommand::replaceAssetManifest(std::move(entries))};
+             .command = withoutEntries(plot.project(), places.subspan(1))};
 }
 
 void newerFormat(const KorrinProject& project, Findings& findings) {

@@ -7,6 +7,7 @@
 
 #include "korrin/review/audit_rules.h"
 #include "korrin/review/fix_rules.h"
+#include "korrin/review/memberships.h"
 #include "korrin/review/record_names.h"
 
 namespace korrin::auditing {
@@ -14,80 +15,10 @@ namespace {
 
 using names::nameOf;
 
-// In ascending order, so that a document with identifiers of its own choosing takes no longer than
-// any other.
-class Identifiers {
- public:
-  void add(const UUID& id) { ids_.push_back(id); }
-  void sort() { std::sort(ids_.begin(), ids_.end()); }
-  bool contains(const UUID& id) const { return std::binary_search(ids_.begin(), ids_.end(), id); }
-
- private:
-  std::vector<UUID> ids_;
-};
-
-template <class Record>
-Identifiers identifiersOf(const List<Record>& records) {
-  Identifiers ids;
-  for (const Record& record : records) ids.add(record.id);
-  ids.sort();
-  return ids;
-}
-
-List<UUID> eachOnce(List<UUID> members) {
-  std::set<UUID> seen;
-  members.eraseIf([&](const UUID& member) { return !seen.insert(member).second; });
-  return members;
-}
-
-// What groups list and what items name. Where groups share an identifier, what one of them lists is
-// listed.
-class Memberships {
- public:
-  explicit Memberships(const KorrinProject& project) : items_(identifiersOf(project.items)) {
-    for (const PlotGroup& group : project.groups)
-      for (const UUID& member : group.itemIDs) listed_.emplace_back(group.id, member);
-    std::sort(listed_.begin(), listed_.end());
-    for (const PlotItem& item : project.items) {
-      if (!item.groupID) continue;
-      named_.emplace_back(*item.groupID, item.id);
-      if (!std::binary_search(listed_.begin(), listed_.end(), named_.back()))
-        unlisted_[*item.groupID].push_back(item.id);
-    }
-    std::sort(named_.begin(), named_.end());
-    for (auto& [group, items] : unlisted_) items = eachOnce(std::move(items));
-  }
-
-  // Whether the member is an item that does not name the group that lists it.
-  bool isStray(const PlotGroup& group, const UUID& member) const {
-    return items_.contains(member) &&
-           !std::binary_search(named_.begin(), named_.end(), std::pair(group.id, member));
-  }
-
-  // The items that name the group and are not listed, in the project's order.
-  List<UUID> unlisted(const PlotGroup& group) const {
-    const auto found = unlisted_.find(group.id);
-    return found == unlisted_.end() ? List<UUID>() : found->second;
-  }
-
-  bool agree(const PlotGroup& group) const {
-    return unlisted(group).empty() &&
-           std::none_of(group.itemIDs.begin(), group.itemIDs.end(),
-                        [&](const UUID& member) { return isStray(group, member); });
-  }
-
- private:
-  using Pairs = std::vector<std::pair<UUID, UUID>>;  // a group and an item, in ascending order
-
-  Identifiers items_;
-  Pairs listed_;
-  Pairs named_;
-  std::map<UUID, List<UUID>> unlisted_;
-};
-
-bool listsUnknown(const PlotGroup& group, const Identifiers& items) {
-  return std::any_of(group.itemIDs.begin(), group.itemIDs.end(),
-                     [&](const UUID& member) { return !items.contains(member); });
+// Whether the group lists what `isItem` denies.
+template <class IsItem>
+bool listsUnknown(const PlotGroup& group, IsItem isItem) {
+  return !std::all_of(group.itemIDs.begin(), group.itemIDs.end(), isItem);
 }
 
 // The members that stand more than once, each once.
@@ -105,11 +36,8 @@ AuditFinding about(AuditRule rule, const char* detail, const PlotGroup& group, L
 
 // The place of the group that the finding is about: the first with its identifier and its fault.
 template <class Predicate>
-std::size_t placeOf(const AuditFinding& finding, const KorrinProject& project, Predicate holds) {
-  const auto found = std::find_if(
-      project.groups.begin(), project.groups.end(),
-      [&](const PlotGroup& group) { return group.id == finding.recordID && holds(group); });
-  return static_cast<std::size_t>(found - project.groups.begin());
+std::size_t placeOf(const AuditFinding& finding, PlotLookup& plot, Predicate holds) {
+  return *plot.firstWith(&KorrinProject::groups, *finding.recordID, holds);
 }
 
 // The group with other members; none where it would be left without any.
@@ -127,7 +55,7 @@ std::optional<Fix> listing(const KorrinProject& project, std::size_t place, List
 }  // namespace
 
 void missingGroups(const KorrinProject& project, Findings& findings) {
-  const Identifiers groups = identifiersOf(project.groups);
+  const Identifiers groups(project.groups);
   for (const PlotItem& item : project.items)
     if (item.groupID && !groups.contains(*item.groupID))
       findings.push_back(finding(AuditRule::missingGroup,
@@ -135,21 +63,17 @@ void missingGroups(const KorrinProject& project, Findings& findings) {
                                  {item.id}, std::nullopt));
 }
 
-std::optional<Fix> noGroup(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> noGroup(PlotLookup& plot, const AuditFinding& finding,
                            const Environment& environment) {
-  const Identifiers groups = identifiersOf(project.groups);
-  const auto found =
-      std::find_if(project.items.begin(), project.items.end(), [&](const PlotItem& item) {
-        return item.id == finding.itemIDs.front() && item.groupID &&
-               !groups.contains(*item.groupID);
+  const std::optional<std::size_t> place =
+      plot.firstWith(&KorrinProject::items, finding.itemIDs.front(), [&](const PlotItem& item) {
+        return item.groupID && !plot.placeOf(&KorrinProject::groups, *item.groupID);
       });
-  PlotItem item = *found;
+  PlotItem item = plot.project().items[*place];
   item.groupID = std::nullopt;
   const std::string title = "Take " + nameOf(item) + " out of a group that does not exist";
   return Fix{.title = title,
-             .command = fixes::replacingItem(
-                 project, static_cast<std::size_t>(found - project.items.begin()), std::move(item),
-                 environment)};
+             .command = fixes::replacingItem(plot, *place, std::move(item), environment)};
 }
 
 void oneSidedMemberships(const KorrinProject& project, Findings& findings) {
@@ -169,40 +93,42 @@ void oneSidedMemberships(const KorrinProject& project, Findings& findings) {
   }
 }
 
-std::optional<Fix> followedGroup(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> followedGroup(PlotLookup& plot, const AuditFinding& finding,
                                  const Environment&) {
-  const Memberships memberships(project);
+  const Memberships& memberships = plot.memberships();
   const std::size_t place =
-      placeOf(finding, project, [&](const PlotGroup& group) { return !memberships.agree(group); });
-  const PlotGroup& group = project.groups[place];
+      placeOf(finding, plot, [&](const PlotGroup& group) { return !memberships.agree(group); });
+  const PlotGroup& group = plot.project().groups[place];
   List<UUID> members = group.itemIDs;
   members.eraseIf([&](const UUID& member) { return memberships.isStray(group, member); });
   for (const UUID& item : memberships.unlisted(group)) members.push_back(item);
-  return listing(project, place, std::move(members),
+  return listing(plot.project(), place, std::move(members),
                  "Let " + nameOf(group) + " list the symbols that name it");
 }
 
 void unknownMembers(const KorrinProject& project, Findings& findings) {
-  const Identifiers items = identifiersOf(project.items);
+  const Identifiers items(project.items);
+  const auto isItem = [&](const UUID& member) { return items.contains(member); };
   for (const PlotGroup& group : project.groups) {
-    if (!listsUnknown(group, items)) continue;
+    if (!listsUnknown(group, isItem)) continue;
     List<UUID> unknown = group.itemIDs;
-    unknown.eraseIf([&](const UUID& member) { return items.contains(member); });
+    unknown.eraseIf(isItem);
     findings.push_back(about(AuditRule::unknownMember,
                              "The group lists an identifier that no symbol has.", group,
                              eachOnce(std::move(unknown))));
   }
 }
 
-std::optional<Fix> knownMembers(const KorrinProject& project, const AuditFinding& finding,
-                                const Environment&) {
-  const Identifiers items = identifiersOf(project.items);
+std::optional<Fix> knownMembers(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
+  const auto isItem = [&](const UUID& member) {
+    return plot.placeOf(&KorrinProject::items, member).has_value();
+  };
   const std::size_t place =
-      placeOf(finding, project, [&](const PlotGroup& group) { return listsUnknown(group, items); });
-  const PlotGroup& group = project.groups[place];
+      placeOf(finding, plot, [&](const PlotGroup& group) { return listsUnknown(group, isItem); });
+  const PlotGroup& group = plot.project().groups[place];
   List<UUID> members = group.itemIDs;
-  members.eraseIf([&](const UUID& member) { return !items.contains(member); });
-  return listing(project, place, std::move(members),
+  members.eraseIf([&](const UUID& member) { return !isItem(member); });
+  return listing(plot.project(), place, std::move(members),
                  "Take what is no symbol out of " + nameOf(group));
 }
 
@@ -216,13 +142,11 @@ void repeatedMembers(const KorrinProject& project, Findings& findings) {
   }
 }
 
-std::optional<Fix> membersOnce(const KorrinProject& project, const AuditFinding& finding,
-                               const Environment&) {
-  const std::size_t place = placeOf(finding, project, [](const PlotGroup& group) {
-    return !repeatedOnes(group.itemIDs).empty();
-  });
-  const PlotGroup& group = project.groups[place];
-  return listing(project, place, eachOnce(group.itemIDs),
+std::optional<Fix> membersOnce(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
+  const std::size_t place = placeOf(
+      finding, plot, [](const PlotGroup& group) { return !repeatedOnes(group.itemIDs).empty(); });
+  const PlotGroup& group = plot.project().groups[place];
+  return listing(plot.project(), place, eachOnce(group.itemIDs),
                  "List each symbol of " + nameOf(group) + " once");
 }
 
@@ -232,15 +156,11 @@ void emptyGroups(const KorrinProject& project, Findings& findings) {
       findings.push_back(about(AuditRule::emptyGroup, "The group lists no symbols.", group, {}));
 }
 
-std::optional<Fix> withoutGroup(const KorrinProject& project, const AuditFinding& finding,
-                                const Environment&) {
-  const bool isNamed =
-      std::any_of(project.items.begin(), project.items.end(),
-                  [&](const PlotItem& item) { return item.groupID == finding.recordID; });
-  if (isNamed) return std::nullopt;
+std::optional<Fix> withoutGroup(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
+  if (plot.memberships().isNamed(*finding.recordID)) return std::nullopt;
   const std::size_t place =
-      placeOf(finding, project, [](const PlotGroup& group) { return group.itemIDs.empty(); });
-  List<PlotGroup> groups = project.groups;
+      placeOf(finding, plot, [](const PlotGroup& group) { return group.itemIDs.empty(); });
+  List<PlotGroup> groups = plot.project().groups;
   const std::string title = "Remove the empty " + nameOf(groups[place]);
   groups.erase(place);
   return Fix{.title = title, .command = DocumentCommand::replaceGroups(std::move(groups))};

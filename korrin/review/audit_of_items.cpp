@@ -78,17 +78,14 @@ void report(AuditRule rule, const char* detail, const KorrinProject& project, Fi
 
 // The place of the item that the finding is about: the first with its identifier and its fault.
 template <class Predicate>
-std::size_t placeOf(const AuditFinding& finding, const KorrinProject& project, Predicate holds) {
-  const auto found = std::find_if(
-      project.items.begin(), project.items.end(),
-      [&](const PlotItem& item) { return item.id == finding.itemIDs.front() && holds(item); });
-  return static_cast<std::size_t>(found - project.items.begin());
+std::size_t placeOf(const AuditFinding& finding, PlotLookup& plot, Predicate holds) {
+  return *plot.firstWith(&KorrinProject::items, finding.itemIDs.front(), holds);
 }
 
-Fix replacing(const KorrinProject& project, std::size_t place, PlotItem item, std::string title,
+Fix replacing(PlotLookup& plot, std::size_t place, PlotItem item, std::string title,
               const Environment& environment) {
   return {.title = std::move(title),
-          .command = fixes::replacingItem(project, place, std::move(item), environment)};
+          .command = fixes::replacingItem(plot, place, std::move(item), environment)};
 }
 
 }  // namespace
@@ -99,17 +96,18 @@ void missingLayers(const KorrinProject& project, Findings& findings) {
          [&](const PlotItem& item) { return !layers.contains(item.layerID); });
 }
 
-std::optional<Fix> firstLayer(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> firstLayer(PlotLookup& plot, const AuditFinding& finding,
                               const Environment& environment) {
+  const KorrinProject& project = plot.project();
   if (project.layers.empty()) return std::nullopt;
-  const std::map<UUID, bool> layers = layersOf(project);
-  const std::size_t place = placeOf(
-      finding, project, [&](const PlotItem& item) { return !layers.contains(item.layerID); });
+  const std::size_t place = placeOf(finding, plot, [&](const PlotItem& item) {
+    return !plot.placeOf(&KorrinProject::layers, item.layerID);
+  });
   PlotItem item = project.items[place];
   const PlotLayer& layer = project.layers.front();
   const std::string title = "Put " + nameOf(item) + " on the first layer, " + nameOf(layer);
   item.layerID = layer.id;
-  return replacing(project, place, std::move(item), title, environment);
+  return replacing(plot, place, std::move(item), title, environment);
 }
 
 void hiddenItems(const KorrinProject& project, Findings& findings) {
@@ -134,16 +132,13 @@ void hiddenItems(const KorrinProject& project, Findings& findings) {
   }
 }
 
-std::optional<Fix> shownLayer(const KorrinProject& project, const AuditFinding& finding,
-                              const Environment&) {
-  List<PlotLayer> layers = project.layers;
-  const auto found = std::find_if(layers.begin(), layers.end(), [&](const PlotLayer& layer) {
-    return layer.id == finding.recordID;
-  });
-  PlotLayer layer = *found;
+std::optional<Fix> shownLayer(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
+  const std::size_t place = *plot.placeOf(&KorrinProject::layers, *finding.recordID);
+  List<PlotLayer> layers = plot.project().layers;
+  PlotLayer layer = layers[place];
   layer.isVisible = true;
   const std::string title = "Show the " + nameOf(layer);
-  layers.replace(static_cast<std::size_t>(found - layers.begin()), std::move(layer));
+  layers.replace(place, std::move(layer));
   return Fix{.title = title, .command = DocumentCommand::replaceLayers(std::move(layers))};
 }
 
@@ -152,13 +147,13 @@ void unencodableNumbers(const KorrinProject& project, Findings& findings) {
          findings, hasUnencodableNumber);
 }
 
-std::optional<Fix> noHeight(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> noHeight(PlotLookup& plot, const AuditFinding& finding,
                             const Environment& environment) {
-  const std::size_t place = placeOf(finding, project, hasUnencodableNumber);
-  PlotItem item = project.items[place];
+  const std::size_t place = placeOf(finding, plot, hasUnencodableNumber);
+  PlotItem item = plot.project().items[place];
   item.riserHeightMillimeters = std::nullopt;
   const std::string title = "Remove the riser height of " + nameOf(item);
-  return replacing(project, place, std::move(item), title, environment);
+  return replacing(plot, place, std::move(item), title, environment);
 }
 
 void rotatedOutsideStage(const KorrinProject& project, Findings& findings) {
@@ -167,12 +162,12 @@ void rotatedOutsideStage(const KorrinProject& project, Findings& findings) {
          [&](const PlotItem& item) { return turnsOutside(project.stage.size, item); });
 }
 
-std::optional<Fix> turnedInside(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> turnedInside(PlotLookup& plot, const AuditFinding& finding,
                                 const Environment& environment) {
-  const StageSize& stage = project.stage.size;
+  const StageSize& stage = plot.project().stage.size;
   const std::size_t place =
-      placeOf(finding, project, [&](const PlotItem& item) { return turnsOutside(stage, item); });
-  const PlotItem& item = project.items[place];
+      placeOf(finding, plot, [&](const PlotItem& item) { return turnsOutside(stage, item); });
+  const PlotItem& item = plot.project().items[place];
   const StageSize extent = turnedExtent(item);
   if (!(extent.width <= stage.width) || !(extent.height <= stage.height)) return std::nullopt;
   StagePoint position = item.position;
@@ -180,7 +175,7 @@ std::optional<Fix> turnedInside(const KorrinProject& project, const AuditFinding
     position.x = fixes::nearestInside(stage.width, position.x, extent.width);
   if (reachesBeyond(stage.height, position.y, extent.height))
     position.y = fixes::nearestInside(stage.height, position.y, extent.height);
-  return fixes::moveTo(project, place, position, environment);
+  return fixes::moveTo(plot, place, position, environment);
 }
 
 void unreadableTints(const KorrinProject& project, Findings& findings) {
@@ -188,13 +183,13 @@ void unreadableTints(const KorrinProject& project, Findings& findings) {
          hasUnreadableTint);
 }
 
-std::optional<Fix> noTint(const KorrinProject& project, const AuditFinding& finding,
+std::optional<Fix> noTint(PlotLookup& plot, const AuditFinding& finding,
                           const Environment& environment) {
-  const std::size_t place = placeOf(finding, project, hasUnreadableTint);
-  PlotItem item = project.items[place];
+  const std::size_t place = placeOf(finding, plot, hasUnreadableTint);
+  PlotItem item = plot.project().items[place];
   item.style.tintHex = std::nullopt;
   const std::string title = "Remove the colour of " + nameOf(item);
-  return replacing(project, place, std::move(item), title, environment);
+  return replacing(plot, place, std::move(item), title, environment);
 }
 
 }  // namespace korrin::auditing

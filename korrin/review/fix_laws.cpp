@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "korrin/preflight/preflight_engine.h"
+#include "korrin/review/audit.h"
 
 namespace korrin::fixes {
 namespace {
@@ -38,6 +39,14 @@ std::vector<FindingName> preflightFindings(const KorrinProject& project) {
   std::vector<FindingName> names;
   for (const PreflightIssue& issue : PreflightEngine::inspect(project, {}))
     names.push_back({issue.id, issue.title, issue.severity != PreflightSeverity::information});
+  return names;
+}
+
+std::vector<FindingName> allFindings(const KorrinProject& project) {
+  std::vector<FindingName> names = preflightFindings(project);
+  for (const AuditFinding& finding : audit(project))
+    names.push_back(
+        {finding.id, finding.title, finding.severity != PreflightSeverity::information});
   return names;
 }
 

@@ -21,6 +21,8 @@ struct FindingName {
 using Inspection = std::vector<FindingName> (*)(const KorrinProject& project);
 
 std::vector<FindingName> preflightFindings(const KorrinProject& project);
+/// Of preflight and of the audit.
+std::vector<FindingName> allFindings(const KorrinProject& project);
 
 /// The fixes after which the finding is gone and no error or warning stands more often than before,
 /// in their order.

@@ -3,6 +3,7 @@
 // What can be done about a finding of preflight: edits that a host offers and the user chooses. No
 // fix applies itself.
 
+#include <memory>
 #include <vector>
 
 #include "korrin/commands/document_command.h"
@@ -33,6 +34,35 @@ struct Fix {
 /// items of it have the identifier. Takes O(n log n) time.
 std::vector<Fix> fixesFor(const PreflightIssue& issue, const KorrinProject& project,
                           const Environment& environment = Environment::system());
+
+struct AuditFinding;
+
+namespace fixes {
+class PlotLookup;
+}
+
+/// `fixesFor` for many findings of one project: what they have in common is looked up once, and
+/// each finding then takes O(log n) and its fixes. Where a list holds an identifier twice, which
+/// validation refuses, each fix is tried on a copy of the project and takes O(n log n).
+class FixFinder {
+ public:
+  /// Keeps the project.
+  explicit FixFinder(KorrinProject project);
+  FixFinder(FixFinder&&) noexcept;
+  FixFinder& operator=(FixFinder&&) noexcept;
+  ~FixFinder();
+
+  /// @{
+  /// What `fixesFor` returns.
+  std::vector<Fix> operator()(const PreflightIssue& issue,
+                              const Environment& environment = Environment::system());
+  std::vector<Fix> operator()(const AuditFinding& finding,
+                              const Environment& environment = Environment::system());
+  /// @}
+
+ private:
+  std::unique_ptr<fixes::PlotLookup> plot_;
+};
 
 }  // namespace korrin
 

@@ -1,7 +1,7 @@
 // Symbols.
 
-#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "korrin/preflight/stage_bounds.h"
 #include "korrin/review/fix_rules.h"
@@ -25,20 +25,21 @@ struct Calling {
   Text text;
   std::string title;
 };
-std::optional<Calling> onlyCalling(const KorrinProject& project, const UUID& item) {
-  std::optional<Calling> only;
-  std::size_t count = 0;
-  for (std::size_t i = 0; const InputChannel& input : project.inputs) {
-    if (input.plotItemID == item && ++count == 1)
-      only = Calling{input.source, "the source of " + nameOf(input, i)};
-    ++i;
+std::optional<Calling> onlyCalling(PlotLookup& plot, const UUID& item) {
+  const std::span<const Link> links = plot.linksTo(item);
+  // Inputs and mixes come first.
+  const auto isCalling = [&](std::size_t i) {
+    return i < links.size() &&
+           (links[i].kind == Link::Kind::input || links[i].kind == Link::Kind::mix);
+  };
+  if (!isCalling(0) || isCalling(1)) return std::nullopt;
+  const std::size_t place = links[0].place;
+  if (links[0].kind == Link::Kind::input) {
+    const InputChannel& input = plot.project().inputs[place];
+    return Calling{input.source, "the source of " + nameOf(input, place)};
   }
-  for (std::size_t i = 0; const MonitorMix& mix : project.monitorMixes) {
-    if (mix.plotItemID == item && ++count == 1)
-      only = Calling{mix.name, "the name of " + nameOf(mix, i)};
-    ++i;
-  }
-  return count == 1 ? only : std::nullopt;
+  const MonitorMix& mix = plot.project().monitorMixes[place];
+  return Calling{mix.name, "the name of " + nameOf(mix, place)};
 }
 
 }  // namespace
@@ -48,35 +49,32 @@ DocumentCommand replacingProject(KorrinProject project, const Environment& envir
   return DocumentCommand::replaceProject(std::move(project));
 }
 
-DocumentCommand replacingItem(const KorrinProject& project, std::size_t index, PlotItem item,
+DocumentCommand replacingItem(const PlotLookup& plot, std::size_t index, PlotItem item,
                               const Environment& environment) {
-  const auto count = std::count_if(project.items.begin(), project.items.end(),
-                                   [&](const PlotItem& other) { return other.id == item.id; });
-  if (count == 1) return DocumentCommand::replaceItems({std::move(item)});
-  KorrinProject changed = project;
+  if (plot.ids().places(keyOf(&KorrinProject::items), item.id).size() == 1)
+    return DocumentCommand::replaceItems({std::move(item)});
+  KorrinProject changed = plot.project();
   changed.items.replace(index, std::move(item));
   return replacingProject(std::move(changed), environment);
 }
 
-std::optional<Fix> labelFromRow(const KorrinProject& project, std::size_t index,
+std::optional<Fix> labelFromRow(PlotLookup& plot, std::size_t index,
                                 const Environment& environment) {
-  PlotItem item = project.items[index];
-  const std::optional<Calling> calling = onlyCalling(project, item.id);
+  PlotItem item = plot.project().items[index];
+  const std::optional<Calling> calling = onlyCalling(plot, item.id);
   if (!calling || calling->text.isBlank()) return std::nullopt;
   const std::string title =
       "Set the label of " + nameOf(item) + " to " + quoted(calling->text) + ", " + calling->title;
   item.label = calling->text;
-  return Fix{.title = title,
-             .command = replacingItem(project, index, std::move(item), environment)};
+  return Fix{.title = title, .command = replacingItem(plot, index, std::move(item), environment)};
 }
 
-std::optional<Fix> hiddenLabel(const KorrinProject& project, std::size_t index,
+std::optional<Fix> hiddenLabel(PlotLookup& plot, std::size_t index,
                                const Environment& environment) {
-  PlotItem item = project.items[index];
+  PlotItem item = plot.project().items[index];
   const std::string title = "Hide the label of " + nameOf(item);
   item.style.labelVisible = false;
-  return Fix{.title = title,
-             .command = replacingItem(project, index, std::move(item), environment)};
+  return Fix{.title = title, .command = replacingItem(plot, index, std::move(item), environment)};
 }
 
 double nearestInside(double stageExtent, double position, double extent) {
@@ -88,21 +86,19 @@ double nearestInside(double stageExtent, double position, double extent) {
   return position < 0 && distance > 0 ? -distance : distance;
 }
 
-std::optional<Fix> moveTo(const KorrinProject& project, std::size_t index, StagePoint position,
+std::optional<Fix> moveTo(PlotLookup& plot, std::size_t index, StagePoint position,
                           const Environment& environment) {
-  PlotItem item = project.items[index];
+  PlotItem item = plot.project().items[index];
   const std::string title = "Move " + nameOf(item) + " inside the stage, to x " +
                             revision::numberText(position.x) + " mm, y " +
                             revision::numberText(position.y) + " mm";
   item.position = position;
-  return Fix{.title = title,
-             .command = replacingItem(project, index, std::move(item), environment)};
+  return Fix{.title = title, .command = replacingItem(plot, index, std::move(item), environment)};
 }
 
-std::optional<Fix> moveInside(const KorrinProject& project, std::size_t index,
-                              const Environment& environment) {
-  const StageSize& stage = project.stage.size;
-  const PlotItem& item = project.items[index];
+std::optional<Fix> moveInside(PlotLookup& plot, std::size_t index, const Environment& environment) {
+  const StageSize& stage = plot.project().stage.size;
+  const PlotItem& item = plot.project().items[index];
   if (!isFinite(stage) || !isFinite(item.position) || !isFinite(item.size)) return std::nullopt;
   if (item.size.width > stage.width || item.size.height > stage.height) return std::nullopt;
   StagePoint position = item.position;
@@ -110,7 +106,7 @@ std::optional<Fix> moveInside(const KorrinProject& project, std::size_t index,
     position.x = nearestInside(stage.width, position.x, item.size.width);
   if (reachesBeyond(stage.height, position.y, item.size.height))
     position.y = nearestInside(stage.height, position.y, item.size.height);
-  return moveTo(project, index, position, environment);
+  return moveTo(plot, index, position, environment);
 }
 
 }  // namespace korrin::fixes

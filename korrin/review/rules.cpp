@@ -2,9 +2,12 @@
 
 #include <array>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 #include "korrin/preflight/preflight_findings.h"
 #include "korrin/preflight/stage_bounds.h"
+#include "korrin/review/plot_lookup.h"
 
 namespace korrin {
 namespace {
@@ -96,53 +99,131 @@ constexpr std::array refusals = {
         "pixels along an edge."},
 };
 
-// A list of the project, and the identifier by which a finding names a record of it.
-template <class Record>
-struct Place {
-  ProjectList list;
-  const List<Record>& records;
-  const std::optional<UUID>& id;
+// Calls `visit(index)` for the records of the list that have the identifier, until it returns true.
+struct Scan {
+  template <class Record, class Visit>
+  void operator()(List<Record> KorrinProject::*list, const UUID& id, Visit visit) const {
+    for (std::size_t index = 0; const Record& record : project.*list) {
+      if (record.id == id && visit(index)) return;
+      ++index;
+    }
+  }
+
+  const KorrinProject& project;
 };
 
-// The first record with the identifier that the finding fits, or else the first with it.
-template <class Record, class Value, class Fits>
-std::optional<IssueSubject> find(const Place<Record>& place, Value Record::*field, Fits fits) {
-  std::optional<std::size_t> found;
-  std::size_t index = 0;
-  for (const Record& record : place.records) {
-    if (place.id == record.id) {
-      const bool isMeant = fits(record);
-      if (isMeant || !found) found = index;
-      if (isMeant) break;
-    }
-    ++index;
+// The same by an index.
+struct LookUp {
+  template <class Record, class Visit>
+  void operator()(List<Record> KorrinProject::*list, const UUID& id, Visit visit) const {
+    for (const auto& entry : ids.places(keyOf(list), id))
+      if (visit(entry.second)) return;
   }
-  if (!found) return std::nullopt;
-  return IssueSubject{.list = place.list, .index = *found, .field = keyOf(field)};
-}
 
-// The numbers of a list repeat in several groups at once; the title says which one is meant.
-template <class Record>
-std::optional<IssueSubject> findNumber(const Place<Record>& place,
-                                       std::optional<std::int64_t> Record::*number,
-                                       const findings::Finding& finding, const Text& title) {
-  return find(place, number, [&](const Record& record) {
-    return record.*number &&
-           title == std::string(finding.title) + std::to_string(*(record.*number));
-  });
-}
+  const revision::IdentityIndex& ids;
+};
 
-template <class Record>
-std::optional<IssueSubject> findLink(const Place<Record>& place) {
-  return find(place, &Record::plotItemID,
-              [](const Record& record) { return record.plotItemID.has_value(); });
-}
+// Finds what an issue is about.
+template <class Seek>
+class SubjectSearch {
+ public:
+  SubjectSearch(const PreflightIssue& issue, const KorrinProject& project, Seek seek)
+      : issue_(issue), project_(project), seek_(seek) {}
 
-template <class Record>
-std::optional<IssueSubject> findMissingLink(const Place<Record>& place) {
-  return find(place, &Record::plotItemID,
-              [](const Record& record) { return !record.plotItemID.has_value(); });
-}
+  std::optional<IssueSubject> run() const {
+    switch (issue_.rule) {
+      case duplicateInputChannel:
+        return findNumber(inputs, &InputChannel::channel, findings::repeatedChannel);
+      case duplicateMonitorMix:
+        return findNumber(mixes, &MonitorMix::number, findings::repeatedMix);
+      case incompleteInput:
+        return find(inputs, &InputChannel::source,
+                    [](const InputChannel& input) { return input.source.isBlank(); });
+      case unplacedInput:
+        return findLink(inputs, false);
+      case unplacedMonitor:
+        return findLink(mixes, false);
+      case monitorWithoutOutput:
+        return find(mixes, &MonitorMix::outputPatch,
+                    [](const MonitorMix& mix) { return mix.outputPatch.isBlank(); });
+      case missingItemLabel:
+        return find(items, &PlotItem::label, [](const PlotItem& item) {
+          return item.style.labelVisible && item.label.isBlank();
+        });
+      case itemOutsideStage:
+        return find(items, &PlotItem::position, [this](const PlotItem& item) {
+          return reachesBeyond(project_.stage.size, item);
+        });
+      case missingAsset:
+        return find(items, &PlotItem::assetID, [](const PlotItem&) { return true; });
+      case invalidEquipmentQuantity:
+        return find(equipment, &EquipmentRequirement::quantity,
+                    [](const EquipmentRequirement& line) { return line.quantity < 1; });
+      case invalidPlotReference:
+        break;
+    }
+    if (issue_.title == findings::inputWithLostSymbol.title) return findLink(inputs, true);
+    if (issue_.title == findings::mixWithLostSymbol.title) return findLink(mixes, true);
+    if (issue_.title == findings::equipmentWithLostSymbol.title) return findLink(equipment, true);
+    // A host may have put the title into another language.
+    std::optional<IssueSubject> subject = findLink(inputs, true);
+    if (!subject) subject = findLink(mixes, true);
+    if (!subject) subject = findLink(equipment, true);
+    return subject;
+  }
+
+ private:
+  template <class Record>
+  struct Place {
+    ProjectList list;
+    List<Record> KorrinProject::*records;
+  };
+  static constexpr Place<PlotItem> items = {ProjectList::items, &KorrinProject::items};
+  static constexpr Place<InputChannel> inputs = {ProjectList::inputs, &KorrinProject::inputs};
+  static constexpr Place<MonitorMix> mixes = {ProjectList::monitorMixes,
+                                              &KorrinProject::monitorMixes};
+  static constexpr Place<EquipmentRequirement> equipment = {ProjectList::equipmentRequirements,
+                                                            &KorrinProject::equipmentRequirements};
+
+  // The first record with the identifier that the finding fits, or else the first with it.
+  template <class Record, class Value, class Fits>
+  std::optional<IssueSubject> find(const Place<Record>& place, Value Record::*field,
+                                   Fits fits) const {
+    const std::optional<UUID>& id =
+        std::is_same_v<Record, PlotItem> ? issue_.relatedID : issue_.recordID;
+    if (!id) return std::nullopt;
+    std::optional<std::size_t> found;
+    seek_(place.records, *id, [&](std::size_t index) {
+      const bool isMeant = fits((project_.*place.records)[index]);
+      if (isMeant || !found) found = index;
+      return isMeant;
+    });
+    if (!found) return std::nullopt;
+    return IssueSubject{.list = place.list, .index = *found, .field = keyOf(field)};
+  }
+
+  // The numbers of a list repeat in several groups at once; the title says which one is meant.
+  template <class Record>
+  std::optional<IssueSubject> findNumber(const Place<Record>& place,
+                                         std::optional<std::int64_t> Record::*number,
+                                         const findings::Finding& finding) const {
+    return find(place, number, [&](const Record& record) {
+      return record.*number &&
+             issue_.title == std::string(finding.title) + std::to_string(*(record.*number));
+    });
+  }
+
+  template <class Record>
+  std::optional<IssueSubject> findLink(const Place<Record>& place, bool isLinked) const {
+    return find(place, &Record::plotItemID, [isLinked](const Record& record) {
+      return record.plotItemID.has_value() == isLinked;
+    });
+  }
+
+  const PreflightIssue& issue_;
+  const KorrinProject& project_;
+  Seek seek_;
+};
 
 }  // namespace
 
@@ -151,49 +232,29 @@ std::span<const RuleDescription> preflightRules() { return descriptions; }
 std::span<const ValidationDescription> validationRules() { return refusals; }
 
 std::optional<IssueSubject> subjectOf(const PreflightIssue& issue, const KorrinProject& project) {
-  const Place<PlotItem> items = {ProjectList::items, project.items, issue.relatedID};
-  const Place<InputChannel> inputs = {ProjectList::inputs, project.inputs, issue.recordID};
-  const Place<MonitorMix> mixes = {ProjectList::monitorMixes, project.monitorMixes, issue.recordID};
-  const Place<EquipmentRequirement> equipment = {ProjectList::equipmentRequirements,
-                                                 project.equipmentRequirements, issue.recordID};
-  switch (issue.rule) {
-    case duplicateInputChannel:
-      return findNumber(inputs, &InputChannel::channel, findings::repeatedChannel, issue.title);
-    case duplicateMonitorMix:
-      return findNumber(mixes, &MonitorMix::number, findings::repeatedMix, issue.title);
-    case incompleteInput:
-      return find(inputs, &InputChannel::source,
-                  [](const InputChannel& input) { return input.source.isBlank(); });
-    case unplacedInput:
-      return findMissingLink(inputs);
-    case unplacedMonitor:
-      return findMissingLink(mixes);
-    case monitorWithoutOutput:
-      return find(mixes, &MonitorMix::outputPatch,
-                  [](const MonitorMix& mix) { return mix.outputPatch.isBlank(); });
-    case missingItemLabel:
-      return find(items, &PlotItem::label, [](const PlotItem& item) {
-        return item.style.labelVisible && item.label.isBlank();
-      });
-    case itemOutsideStage:
-      return find(items, &PlotItem::position,
-                  [&](const PlotItem& item) { return reachesBeyond(project.stage.size, item); });
-    case missingAsset:
-      return find(items, &PlotItem::assetID, [](const PlotItem&) { return true; });
-    case invalidEquipmentQuantity:
-      return find(equipment, &EquipmentRequirement::quantity,
-                  [](const EquipmentRequirement& line) { return line.quantity < 1; });
-    case invalidPlotReference:
-      break;
-  }
-  if (issue.title == findings::inputWithLostSymbol.title) return findLink(inputs);
-  if (issue.title == findings::mixWithLostSymbol.title) return findLink(mixes);
-  if (issue.title == findings::equipmentWithLostSymbol.title) return findLink(equipment);
-  // A host may have put the title into another language.
-  std::optional<IssueSubject> subject = findLink(inputs);
-  if (!subject) subject = findLink(mixes);
-  if (!subject) subject = findLink(equipment);
-  return subject;
+  return SubjectSearch(issue, project, Scan{project}).run();
 }
 
+struct IssueSubjects::Index {
+  explicit Index(KorrinProject plot) : project(std::move(plot)), ids(project) {}
+
+  KorrinProject project;
+  revision::IdentityIndex ids;
+};
+
+IssueSubjects::IssueSubjects(KorrinProject project)
+    : index_(std::make_shared<const Index>(std::move(project))) {}
+
+std::optional<IssueSubject> IssueSubjects::operator()(const PreflightIssue& issue) const {
+  return fixes::subjectOf(issue, index_->project, index_->ids);
+}
+
+namespace fixes {
+
+std::optional<IssueSubject> subjectOf(const PreflightIssue& issue, const KorrinProject& project,
+                                      const revision::IdentityIndex& ids) {
+  return SubjectSearch(issue, project, LookUp{ids}).run();
+}
+
+}  // namespace fixes
 }  // namespace korrin

@@ -4,6 +4,7 @@
 // that a finding of preflight points at.
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -68,6 +69,19 @@ struct IssueSubject {
 /// inputs, mixes and equipment in this order. Where several records of a list have the identifier,
 /// the first that the finding fits is meant. Takes linear time.
 std::optional<IssueSubject> subjectOf(const PreflightIssue& issue, const KorrinProject& project);
+
+/// `subjectOf` for many findings of one project: finds each record in O(log n).
+class IssueSubjects {
+ public:
+  /// Keeps the project and makes an index of its identifiers in O(n log n).
+  explicit IssueSubjects(KorrinProject project);
+  /// What `subjectOf` returns.
+  std::optional<IssueSubject> operator()(const PreflightIssue& issue) const;
+
+ private:
+  struct Index;
+  std::shared_ptr<const Index> index_;
+};
 
 }  // namespace korrin
 

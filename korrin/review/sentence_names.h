@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "korrin/review/identity_index.h"
 #include "korrin/review/record_walk.h"
 
 namespace korrin::revision {
@@ -36,42 +37,6 @@ template <RecordType Record>
 std::string nameOf(const Record& record) {
   return nameOfUnknown("record", textOf(identityOf(record)));
 }
-
-/// Where each identifier stands first in its list, by the list's key: for many look-ups.
-class IdentityIndex {
-  template <class Identity>
-  using Entries = std::vector<std::pair<Identity, std::size_t>>;
-  template <class Identity>
-  using EntriesByList = std::map<std::string_view, Entries<Identity>>;
-
- public:
-  explicit IdentityIndex(const KorrinProject& project) {
-    forEachField<KorrinProject>([&](const auto& field) {
-      using Value = ValueOf<decltype(field)>;
-      if constexpr (isList<Value>) {
-        const auto& list = project.*field.member;
-        auto& entries =
-            std::get<EntriesByList<IdentityOf<typename Value::value_type>>>(lists_)[field.key];
-        entries.reserve(list.size());
-        for (const auto& record : list) entries.emplace_back(identityOf(record), entries.size());
-        std::sort(entries.begin(), entries.end());
-      }
-    });
-  }
-
-  template <class Identity>
-  std::optional<std::size_t> find(std::string_view list, const Identity& identity) const {
-    const Entries<Identity>& entries = std::get<EntriesByList<Identity>>(lists_).at(list);
-    const auto found = std::lower_bound(
-        entries.begin(), entries.end(), identity,
-        [](const auto& entry, const Identity& sought) { return entry.first < sought; });
-    if (found == entries.end() || found->first != identity) return std::nullopt;
-    return found->second;
-  }
-
- private:
-  std::tuple<EntriesByList<UUID>, EntriesByList<Text>> lists_;
-};
 
 /// Names the records of one project. Refers to it.
 class RecordNames {

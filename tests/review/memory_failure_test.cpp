@@ -6,6 +6,7 @@
 
 #include "korrin/model/document_coding.h"
 #include "korrin/preflight/preflight_engine.h"
+#include "korrin/review/safe_fixes.h"
 #include "korrin/review/waivers.h"
 
 #include "tests/support/allocations.h"
@@ -69,6 +70,80 @@ TEST(OutOfMemory, LeavesNothingBehindInAReview) {
   for (const AuditFinding& finding : findings)
     list.waivers.push_back({.findingID = finding.id, .reason = "", .author = "", .date = {}});
   expectNothingLostOn(project, [&] { review(findings, list); });
+}
+
+TEST(OutOfMemory, LeavesNothingBehindInSafeFixes) {
+  const KorrinProject project = faultyProject();
+  expectNothingLostOn(project, [&] { safeFixes(project); });
+}
+
+// A plot in which each of `count` items, inputs, mixes and groups has faults, and all share their
+// identifiers with others.
+KorrinProject brokenPlot(std::size_t count) {
+  KorrinProject project = sampleProject();
+  project.groups.clear();
+  project.inputs.clear();
+  project.monitorMixes.clear();
+  const PlotItem sample = project.items[0];
+  const std::size_t first = project.items.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    PlotItem item = sample;
+    item.id = identifier(10'000 + i);
+    item.label = "Vocal";
+    item.position.x = 1e6;
+    item.style.tintHex = "red";
+    item.layerID = identifier(1);
+    item.groupID = identifier(2);
+    project.items.push_back(item);
+    project.groups.push_back(
+        {.id = identifier(20'000 + i), .name = "Group", .itemIDs = {item.id, identifier(3)}});
+    InputChannel input{};
+    input.id = item.id;
+    input.channel = 7;
+    input.source = "Vocal";
+    project.inputs.push_back(input);
+    MonitorMix mix{};
+    mix.id = item.id;
+    mix.number = 0;
+    mix.plotItemID = identifier(4);
+    mix.outputPatch = "Out";
+    project.monitorMixes.push_back(mix);
+  }
+  EXPECT_EQ(project.items.size(), first + count);
+  return project;
+}
+
+std::size_t countOfAll(const KorrinProject& project) {
+  FixFinder finder(project);
+  std::size_t count = 0;
+  for (const PreflightIssue& issue : PreflightEngine::inspect(project, {}))
+    count += finder(issue).size();
+  for (const AuditFinding& finding : audit(project)) count += finder(finding).size();
+  return count;
+}
+
+template <class Action>
+std::size_t allocationsOf(Action action) {
+  const std::size_t before = allocationCount();
+  action();
+  return allocationCount() - before;
+}
+
+// Counted, since time tells nothing on a busy machine: whoever inspected the plot anew for each
+// finding would allocate for each.
+TEST(ManyFixes, TakeAllocationsInProportionToTheFindings) {
+  constexpr std::size_t count = 30;
+  const KorrinProject plot = brokenPlot(count);
+  const KorrinProject larger = brokenPlot(4 * count);
+  EXPECT_GT(countOfAll(plot), 6 * count);
+  const std::size_t found = allocationsOf([&] { countOfAll(plot); });
+  const std::size_t foundInLarger = allocationsOf([&] { countOfAll(larger); });
+  EXPECT_LT(foundInLarger, 5 * found);
+
+  EXPECT_GT(safeFixes(plot)->titles.size(), 5 * count);
+  const std::size_t mended = allocationsOf([&] { safeFixes(plot); });
+  const std::size_t mendedInLarger = allocationsOf([&] { safeFixes(larger); });
+  EXPECT_LT(mendedInLarger, 5 * mended);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "korrin/preflight/preflight_engine.h"
 #include "korrin/review/audit.h"
 #include "korrin/review/difference.h"
+#include "korrin/review/safe_fixes.h"
 #include "korrin/session/opening.h"
 
 #include "commands/parameters.h"
@@ -43,9 +44,9 @@ std::vector<Candidate> candidatesIn(const KorrinProject& project) {
   return candidates;
 }
 
-std::vector<Fix> fixesOf(const Candidate& candidate, const KorrinProject& project,
+std::vector<Fix> fixesOf(const Candidate& candidate, FixFinder& fixesFor,
                          const Environment& environment) {
-  return std::visit([&](const auto& finding) { return fixesFor(finding, project, environment); },
+  return std::visit([&](const auto& finding) { return fixesFor(finding, environment); },
                     candidate.finding);
 }
 
@@ -84,8 +85,9 @@ void list(const Candidate& candidate, const std::vector<Fix>& fixes, std::ostrea
 
 ExitCode listAll(const KorrinProject& project, const FixOptions& options, std::ostream& out) {
   const std::vector<Candidate> candidates = candidatesIn(project);
+  FixFinder fixesFor(project);
   for (const Candidate& candidate : candidates)
-    list(candidate, fixesOf(candidate, project, options.environment), out);
+    list(candidate, fixesOf(candidate, fixesFor, options.environment), out);
   if (candidates.empty()) out << "nothing to mend\n";
   return ExitCode::clean;
 }
@@ -118,7 +120,8 @@ class Mending {
       throw Failure("has several findings \"" + request.id +
                     "\", since records share their identifier; mend the finding sharedIdentifier "
                     "first");
-    const std::vector<Fix> fixes = fixesOf(*candidate, project_, options_.environment);
+    FixFinder fixesFor(project_);
+    const std::vector<Fix> fixes = fixesOf(*candidate, fixesFor, options_.environment);
     if (fixes.empty()) throw Failure("cannot be mended by a program: \"" + request.id + "\"");
     if (request.choice > fixes.size())
       throw Failure("has no choice #" + std::to_string(request.choice) + " for \"" + request.id +
@@ -133,17 +136,19 @@ class Mending {
 
   /// Every finding that has one fix alone. A fix may bring a remark that has one itself.
   void mendAllSafe() {
-    for (const Candidate& listed : candidatesIn(project_)) {
-      // What an earlier fix has changed is no finding of the plot as it stands, and has no fix.
-      const std::vector<Fix> fixes = fixesOf(listed, project_, options_.environment);
-      if (fixes.size() == 1) apply(fixes.front());
-    }
+    const std::optional<SafeFixes> fixes = safeFixes(project_, options_.environment);
+    if (!fixes) return;
+    for (const Text& title : fixes->titles) say(title);
+    fixes->command.apply(project_, options_.environment);
   }
 
  private:
   void apply(const Fix& fix) {
     fix.command.apply(project_, options_.environment);
-    console_.out << printable(fix.title) << '\n';
+    say(fix.title);
+  }
+  void say(const Text& title) {
+    console_.out << printable(title) << '\n';
     ++count_;
   }
 

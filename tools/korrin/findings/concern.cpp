@@ -20,7 +20,6 @@ std::string numbered(std::string_view numberedKind, std::string_view kind,
 
 template <class Index, class Record>
 void add(Index& index, const List<Record>& records) {
-  index.reserve(records.size());
   for (const Record& record : records) index.try_emplace(record.id, &record);
 }
 
@@ -61,41 +60,28 @@ std::string description(const PlotGroup& group) {
   return numbered("group", "group", std::nullopt, group.name);
 }
 
-Concerns::Concerns(const KorrinProject& project) {
+Concerns::Concerns(const KorrinProject& project) : project_(project), subjects_(project) {
   add(inputs_, project.inputs);
   add(mixes_, project.monitorMixes);
-  add(equipment_, project.equipmentRequirements);
   add(items_, project.items);
   add(layers_, project.layers);
   add(groups_, project.groups);
 }
 
 std::string Concerns::of(const PreflightIssue& issue) const {
-  switch (issue.rule) {
-    case PreflightRule::duplicateInputChannel:
-    case PreflightRule::incompleteInput:
-    case PreflightRule::unplacedInput:
-      return found(inputs_, issue.recordID);
-    case PreflightRule::duplicateMonitorMix:
-    case PreflightRule::monitorWithoutOutput:
-    case PreflightRule::unplacedMonitor:
-      return found(mixes_, issue.recordID);
-    case PreflightRule::invalidEquipmentQuantity:
-      return found(equipment_, issue.recordID);
-    case PreflightRule::missingItemLabel:
-    case PreflightRule::itemOutsideStage:
-    case PreflightRule::missingAsset:
-      return found(items_, issue.relatedID);
-    case PreflightRule::invalidPlotReference:
-      break;
+  const std::optional<IssueSubject> subject = subjects_(issue);
+  if (!subject) return {};
+  switch (subject->list) {
+    case ProjectList::items:
+      return description(project_.items[subject->index]);
+    case ProjectList::inputs:
+      return description(project_.inputs[subject->index]);
+    case ProjectList::monitorMixes:
+      return description(project_.monitorMixes[subject->index]);
+    case ProjectList::equipmentRequirements:
+      return description(project_.equipmentRequirements[subject->index]);
   }
-  // A link of any list may be broken, and lists may share identifiers: the title tells which.
-  if (issue.title == "Monitor link is invalid") return found(mixes_, issue.recordID);
-  if (issue.title == "Equipment link is invalid") return found(equipment_, issue.recordID);
-  std::string text = found(inputs_, issue.recordID);
-  if (text.empty()) text = found(mixes_, issue.recordID);
-  if (text.empty()) text = found(equipment_, issue.recordID);
-  return text;
+  return {};
 }
 
 std::string Concerns::of(const AuditFinding& finding) const {

@@ -2,12 +2,13 @@
 
 // What a finding is about, in the words of the plot.
 
+#include <map>
 #include <string>
-#include <unordered_map>
 
 #include "korrin/model/project.h"
 #include "korrin/preflight/preflight_issue.h"
 #include "korrin/review/audit.h"
+#include "korrin/review/rules.h"
 
 namespace korrin::host {
 
@@ -37,11 +38,12 @@ class Concerns {
 
  private:
   template <class Record>
-  using Index = std::unordered_map<UUID, const Record*>;
+  using Index = std::map<UUID, const Record*>;
 
+  const KorrinProject& project_;
+  IssueSubjects subjects_;
   Index<InputChannel> inputs_;
   Index<MonitorMix> mixes_;
-  Index<EquipmentRequirement> equipment_;
   Index<PlotItem> items_;
   Index<PlotLayer> layers_;
   Index<PlotGroup> groups_;
