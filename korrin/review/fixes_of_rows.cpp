@@ -10,139 +10,113 @@ namespace {
 using names::nameOf;
 using revision::quoted;
 
-Fix replacingInput(const KorrinProject& project, std::size_t index, InputChannel input,
-                   std::string title) {
-  List<InputChannel> inputs = project.inputs;
-  inputs.replace(index, std::move(input));
-  return {.title = std::move(title), .command = DocumentCommand::replaceInputs(std::move(inputs))};
+DocumentCommand replacing(List<InputChannel> rows) {
+  return DocumentCommand::replaceInputs(std::move(rows));
+}
+DocumentCommand replacing(List<MonitorMix> rows) {
+  return DocumentCommand::replaceMonitorMixes(std::move(rows));
+}
+DocumentCommand replacing(List<EquipmentRequirement> rows) {
+  return DocumentCommand::replaceEquipment(std::move(rows));
 }
 
-Fix replacingMix(const KorrinProject& project, std::size_t index, MonitorMix mix,
-                 std::string title) {
-  List<MonitorMix> mixes = project.monitorMixes;
-  mixes.replace(index, std::move(mix));
-  return {.title = std::move(title),
-          .command = DocumentCommand::replaceMonitorMixes(std::move(mixes))};
+// A row with another value of one field.
+template <class Row, class Field, class Value>
+Fix setting(Field Row::*field, Value value, List<Row> rows, std::size_t index, std::string title) {
+  rows.edit(index).*field = std::move(value);
+  return {.title = std::move(title), .command = replacing(std::move(rows))};
 }
 
-Fix replacingLine(const KorrinProject& project, std::size_t index, EquipmentRequirement line,
-                  std::string title) {
-  List<EquipmentRequirement> lines = project.equipmentRequirements;
-  lines.replace(index, std::move(line));
-  return {.title = std::move(title),
-          .command = DocumentCommand::replaceEquipment(std::move(lines))};
+template <class Row>
+Fix freeNumber(std::optional<std::int64_t> Row::*number, const char* what, std::int64_t free,
+               const List<Row>& rows, std::size_t index) {
+  return setting(number, free, rows, index,
+                 "Give " + nameOf(rows[index], index) + " " + what + " " + std::to_string(free));
 }
 
-std::string withoutLink(const std::string& name) {
-  return "Remove the link of " + name + " to a symbol that is not in the plot";
+template <class Row>
+Fix withoutNumber(std::optional<std::int64_t> Row::*number, const char* what, const List<Row>& rows,
+                  std::size_t index) {
+  return setting(number, std::nullopt, rows, index,
+                 "Remove the " + std::string(what) + " of " + nameOf(rows[index], index));
+}
+
+template <class Row>
+std::optional<Fix> linkedTo(const PlotItem* item, const List<Row>& rows, std::size_t index) {
+  if (item == nullptr) return std::nullopt;
+  return setting(&Row::plotItemID, item->id, rows, index,
+                 "Link " + nameOf(rows[index], index) + " to " + nameOf(*item));
+}
+
+template <class Row>
+Fix withoutLink(const List<Row>& rows, std::size_t index) {
+  return setting(
+      &Row::plotItemID, std::nullopt, rows, index,
+      "Remove the link of " + nameOf(rows[index], index) + " to a symbol that is not in the plot");
 }
 
 }  // namespace
 
 std::optional<Fix> freeChannel(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  InputChannel input = project.inputs[index];
-  const std::string name = nameOf(input, index);
-  input.channel = plot.lowestFreeChannel();
-  const std::string number = std::to_string(*input.channel);
-  return replacingInput(project, index, std::move(input), "Give " + name + " channel " + number);
+  return freeNumber(&InputChannel::channel, "channel", plot.lowestFreeChannel(),
+                    plot.project().inputs, index);
 }
 
 std::optional<Fix> noChannel(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  InputChannel input = project.inputs[index];
-  const std::string name = nameOf(input, index);
-  input.channel = std::nullopt;
-  return replacingInput(project, index, std::move(input), "Remove the channel of " + name);
+  return withoutNumber(&InputChannel::channel, "channel", plot.project().inputs, index);
 }
 
 std::optional<Fix> freeMixNumber(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  MonitorMix mix = project.monitorMixes[index];
-  const std::string name = nameOf(mix, index);
-  mix.number = plot.lowestFreeMixNumber();
-  const std::string number = std::to_string(*mix.number);
-  return replacingMix(project, index, std::move(mix), "Give " + name + " number " + number);
+  return freeNumber(&MonitorMix::number, "number", plot.lowestFreeMixNumber(),
+                    plot.project().monitorMixes, index);
 }
 
 std::optional<Fix> noMixNumber(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  MonitorMix mix = project.monitorMixes[index];
-  const std::string name = nameOf(mix, index);
-  mix.number = std::nullopt;
-  return replacingMix(project, index, std::move(mix), "Remove the number of " + name);
+  return withoutNumber(&MonitorMix::number, "number", plot.project().monitorMixes, index);
 }
 
 std::optional<Fix> sourceFromLabel(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  InputChannel input = project.inputs[index];
-  const PlotItem* const item = plot.itemOf(input);
+  const List<InputChannel>& inputs = plot.project().inputs;
+  const PlotItem* const item = plot.itemOf(inputs[index]);
   if (item == nullptr || item->label.isBlank()) return std::nullopt;
-  const std::string name = nameOf(input, index);
-  input.source = item->label;
-  return replacingInput(
-      project, index, std::move(input),
-      "Set the source of " + name + " to " + quoted(item->label) + ", the label of its symbol");
+  return setting(&InputChannel::source, item->label, inputs, index,
+                 "Set the source of " + nameOf(inputs[index], index) + " to " +
+                     quoted(item->label) + ", the label of its symbol");
 }
 
 std::optional<Fix> linkInputByName(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  InputChannel input = project.inputs[index];
-  const PlotItem* const item = plot.onlySourceCalled(input.source);
-  if (item == nullptr) return std::nullopt;
-  input.plotItemID = item->id;
-  const std::string name = nameOf(input, index);
-  return replacingInput(project, index, std::move(input), "Link " + name + " to " + nameOf(*item));
+  const List<InputChannel>& inputs = plot.project().inputs;
+  return linkedTo(plot.onlySourceCalled(inputs[index].source), inputs, index);
 }
 
 std::optional<Fix> linkMixByName(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  MonitorMix mix = project.monitorMixes[index];
-  const PlotItem* const item = plot.onlyMonitorCalled(mix.name);
-  if (item == nullptr) return std::nullopt;
-  mix.plotItemID = item->id;
-  const std::string name = nameOf(mix, index);
-  return replacingMix(project, index, std::move(mix), "Link " + name + " to " + nameOf(*item));
+  const List<MonitorMix>& mixes = plot.project().monitorMixes;
+  return linkedTo(plot.onlyMonitorCalled(mixes[index].name), mixes, index);
 }
 
 std::optional<Fix> noInputLink(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  InputChannel input = project.inputs[index];
-  input.plotItemID = std::nullopt;
-  const std::string title = withoutLink(nameOf(input, index));
-  return replacingInput(project, index, std::move(input), title);
+  return withoutLink(plot.project().inputs, index);
 }
 
 std::optional<Fix> noMixLink(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  MonitorMix mix = project.monitorMixes[index];
-  mix.plotItemID = std::nullopt;
-  const std::string title = withoutLink(nameOf(mix, index));
-  return replacingMix(project, index, std::move(mix), title);
+  return withoutLink(plot.project().monitorMixes, index);
 }
 
 std::optional<Fix> noEquipmentLink(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  EquipmentRequirement line = project.equipmentRequirements[index];
-  line.plotItemID = std::nullopt;
-  const std::string title = withoutLink(nameOf(line, index));
-  return replacingLine(project, index, std::move(line), title);
+  return withoutLink(plot.project().equipmentRequirements, index);
 }
 
 std::optional<Fix> quantityOfOne(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  EquipmentRequirement line = project.equipmentRequirements[index];
-  line.quantity = 1;
-  const std::string title = "Set the quantity of " + nameOf(line, index) + " to 1";
-  return replacingLine(project, index, std::move(line), title);
+  const List<EquipmentRequirement>& lines = plot.project().equipmentRequirements;
+  return setting(&EquipmentRequirement::quantity, 1, lines, index,
+                 "Set the quantity of " + nameOf(lines[index], index) + " to 1");
 }
 
 std::optional<Fix> withoutLine(PlotLookup& plot, std::size_t index) {
-  const KorrinProject& project = plot.project();
-  List<EquipmentRequirement> lines = project.equipmentRequirements;
-  const std::string title = "Remove " + nameOf(lines[index], index);
+  List<EquipmentRequirement> lines = plot.project().equipmentRequirements;
+  std::string title = "Remove " + nameOf(lines[index], index);
   lines.erase(index);
-  return Fix{.title = title, .command = DocumentCommand::replaceEquipment(std::move(lines))};
+  return Fix{.title = std::move(title), .command = replacing(std::move(lines))};
 }
 
 }  // namespace korrin::fixes

@@ -92,9 +92,11 @@ class Round {
 
 class SafeMending {
  public:
-  SafeMending(const KorrinProject& project, const Environment& environment)
+  SafeMending(const KorrinProject& project, const WaiverList& accepted,
+              const Environment& environment)
       : project_(project), environment_(environment) {
-    forEachFinding([this](const auto& finding) { known_.insert(finding.id); });
+    forEachFinding([this](const auto& finding) { sought_.insert(finding.id); });
+    for (const Waiver& waiver : accepted.waivers) sought_.erase(waiver.findingID);
   }
 
   std::optional<SafeFixes> result() && {
@@ -118,7 +120,7 @@ class SafeMending {
     Round round(project_);
     const std::size_t count = titles_.size();
     forEachFinding([&](const auto& finding) {
-      if (!known_.contains(finding.id)) return;
+      if (!sought_.contains(finding.id)) return;
       const std::vector<Fix> fixes = fixesFor(finding, environment_);
       if (fixes.size() == 1 && round.take(fixes.front(), environment_))
         titles_.push_back(fixes.front().title);
@@ -129,15 +131,16 @@ class SafeMending {
 
   KorrinProject project_;
   const Environment& environment_;
-  std::set<Text> known_;  // the findings of the plot as it was
+  std::set<Text> sought_;  // the ids of findings of the plot as it was
   std::vector<Text> titles_;
 };
 
 }  // namespace
 
-std::optional<SafeFixes> safeFixes(const KorrinProject& project, const Environment& environment) {
+std::optional<SafeFixes> safeFixes(const KorrinProject& project, const WaiverList& accepted,
+                                   const Environment& environment) {
   if (IdentityIndex(project).hasRepeats()) return std::nullopt;
-  return SafeMending(project, environment).result();
+  return SafeMending(project, accepted, environment).result();
 }
 
 }  // namespace korrin

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "korrin/review/fixes.h"
+#include "korrin/review/waivers.h"
 
 #pragma GCC visibility push(default)
 
@@ -20,13 +21,14 @@ struct SafeFixes {
 
 /// The findings of preflight and of the audit that have one fix alone, mended together; nothing
 /// where there is none. A fix that touches what another one did, or that another one made possible,
-/// follows it, in at most 100 rounds. A finding that appears on the way is left alone.
+/// follows it, in at most 100 rounds. A finding that appears on the way is left alone,
+/// and so is one that a waiver of `accepted` names.
 ///
 /// Nothing either for a project in which a list holds an identifier twice: validation refuses it.
 ///
 /// Changes nothing. Reads the clock. Takes O(n log n) time a round, however many fixes there are; a
 /// few rounds are the rule.
-std::optional<SafeFixes> safeFixes(const KorrinProject& project,
+std::optional<SafeFixes> safeFixes(const KorrinProject& project, const WaiverList& accepted = {},
                                    const Environment& environment = Environment::system());
 
 }  // namespace korrin

@@ -1,6 +1,7 @@
 // What the built program says and does about findings: explaining, fixing and accepting them, and
 // reporting them to other programs.
 
+#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -124,6 +125,17 @@ TEST(Fix, WritesNothingWhileAChoiceIsOpen) {
   for (const json& finding : file["findings"]) EXPECT_NE(finding["id"], id);
 }
 
+TEST(Fix, LeavesAcceptedFindingsAlone) {
+  const Scratch scratch;
+  scratch.write("night.json", exampleDocument(night));
+  const std::string id = idOf(scratch, "night.json", "itemOutsideStage");
+  scratch.korrin("waive night.json " + id + " --reason 'in the wing'");
+  const Outcome outcome = scratch.korrin("fix --all-safe --dry-run night.json");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_FALSE(outcome.out.empty());
+  EXPECT_THAT(outcome.out, Not(HasSubstr("inside the stage")));
+}
+
 TEST(Fix, MendsAllThatHasOneFix) {
   const Scratch scratch;
   const std::string before = exampleDocument(night);
@@ -235,6 +247,144 @@ TEST(Waive, RefusesWhatItCannotAccept) {
   EXPECT_EQ(scratch.korrin("waive night.json " + id + " --reason r").status, 2);
   scratch.write("night.waivers.json", "{");
   EXPECT_EQ(scratch.korrin("check night.json").status, 2);
+}
+
+// What SARIF 2.1.0 says about the objects that a log holds here: the members that an object may
+// have, the first of them needed. The standard allows no others, but for those of `properties`.
+struct ObjectRule {
+  const char* name;
+  std::size_t needed;
+  std::vector<std::string> members;
+};
+
+const std::vector<ObjectRule> objectRules = {
+    {"log", 2, {"version", "runs", "$schema"}},
+    {"run", 1, {"tool", "invocations", "results"}},
+    {"tool", 1, {"driver"}},
+    {"driver", 1, {"name", "rules"}},
+    {"rule",
+     1,
+     {"id", "shortDescription", "fullDescription", "help", "defaultConfiguration", "properties"}},
+    {"text", 1, {"text"}},
+    {"configuration", 0, {"level"}},
+    {"invocation", 1, {"executionSuccessful", "exitCode", "toolExecutionNotifications"}},
+    {"notification", 1, {"message", "level", "locations"}},
+    {"result",
+     1,
+     {"message", "ruleId", "ruleIndex", "level", "locations", "partialFingerprints",
+      "suppressions"}},
+    {"location", 0, {"physicalLocation"}},
+    {"physicalLocation", 1, {"artifactLocation"}},
+    {"artifactLocation", 0, {"uri"}},
+    {"suppression", 1, {"kind", "status", "justification", "properties"}},
+};
+
+void expectObject(const std::string& name, const json& object) {
+  const auto rule = std::ranges::find(objectRules, name, &ObjectRule::name);
+  ASSERT_NE(rule, objectRules.end()) << name;
+  ASSERT_TRUE(object.is_object()) << name;
+  for (std::size_t i = 0; i < rule->needed; ++i)
+    EXPECT_TRUE(object.contains(rule->members[i])) << name << " " << rule->members[i];
+  for (const auto& [key, value] : object.items())
+    EXPECT_THAT(rule->members, testing::Contains(key)) << name;
+}
+
+void expectText(const json& message) {
+  expectObject("text", message);
+  EXPECT_FALSE(message["text"].get<std::string>().empty());
+}
+
+void expectLevel(const json& level) {
+  EXPECT_THAT((std::set<std::string>{"none", "note", "warning", "error"}),
+              testing::Contains(level.get<std::string>()));
+}
+
+// A reference as RFC 3986 has it: no blanks, no bytes beyond ASCII, and each "%" before two digits.
+void expectLocations(const json& locations) {
+  for (const json& location : locations) {
+    expectObject("location", location);
+    expectObject("physicalLocation", location["physicalLocation"]);
+    const json& artifact = location["physicalLocation"]["artifactLocation"];
+    expectObject("artifactLocation", artifact);
+    EXPECT_THAT(artifact["uri"].get<std::string>(),
+                testing::MatchesRegex("([-._~/:A-Za-z0-9]|%[0-9A-F][0-9A-F])+"));
+  }
+}
+
+void expectResult(const json& result, const json& rules) {
+  expectObject("result", result);
+  expectText(result["message"]);
+  expectLevel(result["level"]);
+  expectLocations(result["locations"]);
+  EXPECT_EQ(rules.at(result["ruleIndex"].get<std::size_t>())["id"], result["ruleId"]);
+  for (const auto& [key, value] : result["partialFingerprints"].items())
+    EXPECT_TRUE(value.is_string()) << key;
+  if (!result.contains("suppressions")) return;
+  for (const json& suppression : result["suppressions"]) {
+    expectObject("suppression", suppression);
+    EXPECT_EQ(suppression["kind"], "external");
+    EXPECT_EQ(suppression["status"], "accepted");
+    EXPECT_TRUE(suppression["justification"].is_string());
+  }
+}
+
+void expectSarif(const json& log) {
+  expectObject("log", log);
+  EXPECT_EQ(log["version"], "2.1.0");
+  EXPECT_THAT(log["$schema"].get<std::string>(), HasSubstr("sarif-2.1.0"));
+  for (const json& run : log["runs"]) {
+    expectObject("run", run);
+    expectObject("tool", run["tool"]);
+    const json& driver = run["tool"]["driver"];
+    expectObject("driver", driver);
+    std::set<std::string> ids;
+    for (const json& rule : driver["rules"]) {
+      expectObject("rule", rule);
+      EXPECT_TRUE(ids.insert(rule["id"]).second) << rule["id"];
+      for (const char* text : {"shortDescription", "fullDescription", "help"})
+        expectText(rule[text]);
+      expectObject("configuration", rule["defaultConfiguration"]);
+      expectLevel(rule["defaultConfiguration"]["level"]);
+    }
+    for (const json& invocation : run["invocations"]) {
+      expectObject("invocation", invocation);
+      EXPECT_TRUE(invocation["executionSuccessful"].is_boolean());
+      EXPECT_TRUE(invocation["exitCode"].is_number_integer());
+      for (const json& notification : invocation["toolExecutionNotifications"]) {
+        expectObject("notification", notification);
+        expectText(notification["message"]);
+        expectLevel(notification["level"]);
+        expectLocations(notification["locations"]);
+      }
+    }
+    for (const json& result : run["results"]) expectResult(result, driver["rules"]);
+  }
+}
+
+TEST(Sarif, HasTheMembersOfTheStandardAndNoOthers) {
+  const Scratch scratch;
+  scratch.write("a ni\u0308ght %.json", exampleDocument(night));
+  const std::string id = idOf(scratch, "'a ni\u0308ght %.json'", "itemOutsideStage");
+  scratch.korrin("waive 'a ni\u0308ght %.json' " + id + " --reason 'in the wing' --author Kim");
+  const Outcome outcome =
+      scratch.korrin("check --audit --format sarif 'a ni\u0308ght %.json' absent \"$PWD/absent\"");
+  const json log = json::parse(outcome.out);
+  expectSarif(log);
+  const json& run = log["runs"][0];
+  EXPECT_GT(run["results"].size(), 5u);
+  const json& notifications = run["invocations"][0]["toolExecutionNotifications"];
+  ASSERT_EQ(notifications.size(), 2u);
+  const auto uriIn = [](const json& object) {
+    return object["locations"][0]["physicalLocation"]["artifactLocation"]["uri"].get<std::string>();
+  };
+  EXPECT_EQ(uriIn(run["results"][0]), "a%20ni%CC%88ght%20%25.json");
+  EXPECT_EQ(uriIn(notifications[0]), "absent");
+  EXPECT_THAT(uriIn(notifications[1]), StartsWith("file:///"));
+  const auto isAccepted = [](const json& result) {
+    return result.contains("suppressions") &&
+           result["suppressions"][0]["properties"]["author"] == "Kim";
+  };
+  EXPECT_EQ(std::ranges::count_if(run["results"], isAccepted), 1);
 }
 
 TEST(Sarif, HoldsEveryFindingWithItsIdAsFingerprint) {

@@ -189,7 +189,7 @@ bool hasRepeats(const KorrinProject& project) {
 // nothing serious came, but for what moving a turned item inside its own box may show to the audit.
 void expectSafeFixesToBeLawful(const KorrinProject& project, std::map<std::string, int>& offered) {
   TestEnvironment environment;
-  const std::optional<SafeFixes> fixes = safeFixes(project, environment);
+  const std::optional<SafeFixes> fixes = safeFixes(project, {}, environment);
   std::vector<PreflightIssue> issues;
   std::vector<AuditFinding> findings;
   addSafeOnes(issues, inspected(project), project);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "korrin/preflight/preflight_engine.h"
+#include "korrin/review/safe_fixes.h"
 
 #include "tests/support/sample_project.h"
 
@@ -267,6 +268,39 @@ TEST(Fixes, EscapeAndShortenNamesInTheirTitles) {
   project.inputs = {input(1, 5, "\x1b[2J\u202E\u2028" + std::string(200, 'x')), input(2, 5, "b")};
   EXPECT_EQ(titlesOf(duplicateInputChannel, project)[0],
             "Give input 5 \"\\u{1B}[2J\\u{202E}\\u{2028}" + std::string(54, 'x') + "…\" channel 1");
+}
+
+TEST(SafeFixes, MendWhatHasOneFixInOneCommand) {
+  KorrinProject project = sampleProject();
+  project.items.edit(0).position.x = 1e6;
+  project.items.edit(0).style.tintHex = "red";
+  project.items.edit(1).layerID = identifier(999);
+  const std::optional<SafeFixes> fixes = safeFixes(project);
+  ASSERT_TRUE(fixes);
+  EXPECT_GE(fixes->titles.size(), 3u);
+  KorrinProject mended = project;
+  const CommandResult result = fixes->command.apply(mended);
+  EXPECT_EQ(mended.items[1].layerID, project.layers[0].id);
+  EXPECT_EQ(mended.items[0].style.tintHex, std::nullopt);
+  EXPECT_LT(mended.items[0].position.x, project.stage.size.width);
+  EXPECT_FALSE(safeFixes(mended));
+  result.inverse.apply(mended);
+  EXPECT_EQ(mended, project);
+}
+
+TEST(SafeFixes, LeaveAcceptedFindingsAlone) {
+  KorrinProject project = sampleProject();
+  project.items.edit(0).style.tintHex = "red";
+  project.items.edit(1).style.tintHex = "red";
+  WaiverList accepted = {.schemaVersion = 1, .waivers = {}};
+  accepted.waivers.push_back({.findingID = "unreadableTint:" + project.items[0].id.text(),
+                              .reason = "red it is",
+                              .author = "",
+                              .date = {}});
+  KorrinProject mended = project;
+  safeFixes(project, accepted)->command.apply(mended);
+  EXPECT_EQ(mended.items[0].style.tintHex, "red");
+  EXPECT_EQ(mended.items[1].style.tintHex, std::nullopt);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "commands/parameters.h"
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
+#include "documents/waiver_file.h"
 #include "findings/finding_rows.h"
 #include "terminal/display_text.h"
 
@@ -134,9 +135,13 @@ class Mending {
     apply(fixes[request.choice == 0 ? 0 : request.choice - 1]);
   }
 
-  /// Every finding that has one fix alone. A fix may bring a remark that has one itself.
+  /// Every finding that nobody accepted and that has one fix alone. A fix may bring a remark that
+  /// has one itself.
   void mendAllSafe() {
-    const std::optional<SafeFixes> fixes = safeFixes(project_, options_.environment);
+    std::optional<WaiverList> accepted;
+    if (options_.file != standardStream) accepted = readWaivers(waiverFileFor(options_.file));
+    const std::optional<SafeFixes> fixes =
+        safeFixes(project_, accepted.value_or(WaiverList{}), options_.environment);
     if (!fixes) return;
     for (const Text& title : fixes->titles) say(title);
     fixes->command.apply(project_, options_.environment);
@@ -222,7 +227,8 @@ Command fixCommand() {
       .passages = {
           {.prose = "Findings are those of preflight and of the audit. Without FINDING and "
                     "--all-safe nothing is changed. Each fix makes its finding go away and brings "
-                    "no error or warning; where a choice is open, it is listed, nothing is "
+                    "no error or warning; --all-safe leaves accepted findings alone. Where a "
+                    "choice is open, it is listed, nothing is "
                     "written and the exit status is 1. Keys that the format does not know are "
                     "dropped when the plot is written, and named on standard error."},
           {.heading = "Examples",

@@ -18,9 +18,10 @@ std::string levelOf(PreflightSeverity severity) {
   return severity == PreflightSeverity::information ? "note" : std::string(rawValue(severity));
 }
 
-/// A path as a URI: every byte but letters, digits and the marks that a path may hold as "%20".
+/// A path as a URI, which names its scheme where the path starts at the root: every byte but
+/// letters, digits and the marks that a path may hold as "%20".
 std::string uriOf(const std::string& path) {
-  std::string uri;
+  std::string uri = path.starts_with('/') ? "file://" : "";
   for (const char c : path) {
     const bool isPlain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
                          (c >= '0' && c <= '9') ||
@@ -71,6 +72,13 @@ Json resultOf(const FileFindings& file, const FindingRow& row, const std::vector
           {"partialFingerprints", {{"korrinFinding/v1", row.id.str()}}}};
 }
 
+Json suppressionOf(const Waiver& waiver) {
+  Json suppression = {
+      {"kind", "external"}, {"status", "accepted"}, {"justification", printable(waiver.reason)}};
+  if (!waiver.author.isBlank()) suppression["properties"] = {{"author", printable(waiver.author)}};
+  return suppression;
+}
+
 }  // namespace
 
 std::string sarifLog(std::span<const FileFindings> files, ExitCode exitCode) {
@@ -89,8 +97,7 @@ std::string sarifLog(std::span<const FileFindings> files, ExitCode exitCode) {
     for (const FindingRow& row : openRows(file)) results.push_back(resultOf(file, row, rules));
     for (const AcceptedFinding& accepted : file.waived) {
       Json result = resultOf(file, accepted.row, rules);
-      result["suppressions"] = Json::array(
-          {{{"kind", "external"}, {"justification", printable(accepted.waiver.reason)}}});
+      result["suppressions"] = Json::array({suppressionOf(accepted.waiver)});
       results.push_back(std::move(result));
     }
     for (const Waiver& waiver : file.stale)
