@@ -157,6 +157,21 @@ std::optional<Text> EditHistory::redoName() const {
   return redo_.back().description.name;
 }
 
+std::vector<Text> EditHistory::undoNames() const {
+  std::vector<Text> names;
+  names.reserve(undo_.size());
+  for (const Entry& entry : undo_) names.push_back(entry.description.name);
+  return names;
+}
+
+std::vector<Text> EditHistory::redoNames() const {
+  std::vector<Text> names;
+  names.reserve(redo_.size());
+  for (auto entry = redo_.rbegin(); entry != redo_.rend(); ++entry)
+    names.push_back(entry->description.name);
+  return names;
+}
+
 void EditHistory::beginGesture(EditDescription description) {
   Entries entry = newEntry(std::move(description));
   endGesture();

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <list>
 #include <optional>
+#include <vector>
 
 #include "korrin/commands/document_command.h"
 
@@ -85,6 +86,13 @@ class EditHistory {
   /// nothing when there is no such edit. Inside a gesture as at its beginning.
   std::optional<Text> undoName() const;
   std::optional<Text> redoName() const;
+  /// @}
+  /// @{
+  /// Names of all edits that can be undone or redone, in the order in which they were made: the
+  /// last of `undoNames` is undone next, the first of `redoNames` is redone next. The empty text
+  /// for an edit without a name. Inside a gesture as at its beginning.
+  std::vector<Text> undoNames() const;
+  std::vector<Text> redoNames() const;
   /// @}
   /// @{
   /// Number of edits that can be undone or redone. Inside a gesture as at its beginning.

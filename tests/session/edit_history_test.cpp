@@ -77,6 +77,22 @@ TEST(EditHistory, GivesBackNameAndSelectionWithEachStep) {
   EXPECT_EQ(redone->selection, IDSet{kick});
 }
 
+TEST(EditHistory, NamesAllEntriesInTheOrderInWhichTheyWereMade) {
+  EditHistory history(sampleProject());
+  for (const char* name : {"One", "Two", "Three", "Four"})
+    history.perform(C::replaceNotes({}), {.name = name});
+  history.undo();
+  history.undo();
+  EXPECT_EQ(history.undoNames(), (std::vector<Text>{"One", "Two"}));
+  EXPECT_EQ(history.redoNames(), (std::vector<Text>{"Three", "Four"}));
+  history.beginGesture({.name = "Drag"});
+  history.perform(C::replaceNotes({}));
+  EXPECT_EQ(history.undoNames(), (std::vector<Text>{"One", "Two"}));
+  history.endGesture();
+  EXPECT_EQ(history.undoNames(), (std::vector<Text>{"One", "Two", "Drag"}));
+  EXPECT_TRUE(history.redoNames().empty());
+}
+
 TEST(EditHistory, NamesAnEntryWithoutNameByTheEmptyText) {
   EditHistory history(sampleProject());
   history.perform(C::deleteItems({vocal}));
