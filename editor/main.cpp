@@ -1,9 +1,11 @@
 // korrin-editor [PLOT]: draws a stage plot in a window.
 
 #include <QApplication>
+#include <QLocale>
 #include <QTimer>
 
 #include "editor/files/plot_files.h"
+#include "editor/languages/language.h"
 #include "editor/look/theme.h"
 #include "editor/main_window.h"
 
@@ -14,6 +16,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationDisplayName("Korrin");
   QApplication::setDesktopFileName("korrin-editor");
   korrin::editor::apply(korrin::editor::desktopTheme(application), application);
+  korrin::editor::speak(QLocale::system(), application);
   korrin::editor::MainWindow window;
   window.show();
   // Questions come up over a window that is there.

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "editor/main_window.h"
+#include "editor/panels/data_panels.h"
 #include "editor/panels/symbol_palette.h"
 
 namespace korrin::editor {
@@ -18,6 +19,7 @@ void addPanels(MainWindow& window) {
     window.canvas().addSymbol(assetID.toStdString(), window.canvas().middle());
   });
   window.addPanel(tr("Symbols"), "symbols", palette, Qt::LeftDockWidgetArea);
+  addDataPanels(window);
 }
 
 }  // namespace korrin::editor

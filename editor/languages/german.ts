@@ -1,0 +1,1059 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>Editor</name>
+    <message>
+        <source>%1  ·  %2 m × %3 m</source>
+        <translation>%1  ·  %2 m × %3 m</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 ist gesperrt</translation>
+    </message>
+    <message>
+        <source>%1 is shown</source>
+        <translation>%1 ist sichtbar</translation>
+    </message>
+    <message>
+        <source>%1 m, %2 m</source>
+        <translation>%1 m, %2 m</translation>
+    </message>
+    <message>
+        <source>%1 symbols</source>
+        <translation>%1 Symbole</translation>
+    </message>
+    <message>
+        <source>%1, %2 m × %3 m</source>
+        <translation>%1, %2 m × %3 m</translation>
+    </message>
+    <message>
+        <source>%1[*] (%2) - Korrin</source>
+        <translation>%1[*] (%2) - Korrin</translation>
+    </message>
+    <message>
+        <source>%1[*] - Korrin</source>
+        <translation>%1[*] - Korrin</translation>
+    </message>
+    <message>
+        <source>&amp;Accept…</source>
+        <translation>&amp;Hinnehmen …</translation>
+    </message>
+    <message>
+        <source>&amp;Align</source>
+        <translation>&amp;Ausrichten</translation>
+    </message>
+    <message>
+        <source>&amp;Arrange</source>
+        <translation>&amp;Anordnen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Them</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Dimensions</source>
+        <translation>&amp;Maße</translation>
+    </message>
+    <message>
+        <source>&amp;Discard Them</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Fix</source>
+        <translation>&amp;Beheben</translation>
+    </message>
+    <message>
+        <source>&amp;Grid</source>
+        <translation>&amp;Raster</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>&amp;Gruppieren</translation>
+    </message>
+    <message>
+        <source>&amp;Look at It…</source>
+        <translation>&amp;Ansehen …</translation>
+    </message>
+    <message>
+        <source>&amp;Move to Another Layer</source>
+        <translation>Auf eine andere Ebene &amp;verschieben</translation>
+    </message>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu …</translation>
+    </message>
+    <message>
+        <source>&amp;Open Again</source>
+        <translation>Wieder ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open All the Same</source>
+        <translation>Trotzdem ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Order</source>
+        <translation>&amp;Reihenfolge</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Replace It</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Save without Them</source>
+        <translation>Ohne sie &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Ungroup</source>
+        <translation>Gruppierung &amp;aufheben</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;nsicht</translation>
+    </message>
+    <message>
+        <source>+48 V</source>
+        <translation>+48 V</translation>
+    </message>
+    <message>
+        <source>1 : %1</source>
+        <translation>1 : %1</translation>
+    </message>
+    <message>
+        <source>A finding is accepted for a reason. Nothing was changed.</source>
+        <translation>Ein Befund wird aus einem Grund hingenommen. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>A stage of 12 m by 8 m with nothing on it.</source>
+        <translation>Eine Bühne von 12 m mal 8 m, auf der nichts steht.</translation>
+    </message>
+    <message>
+        <source>AUDIENCE</source>
+        <translation>PUBLIKUM</translation>
+    </message>
+    <message>
+        <source>Accept a Finding</source>
+        <translation>Einen Befund hinnehmen</translation>
+    </message>
+    <message>
+        <source>Accepted ones too</source>
+        <translation>Auch hingenommene</translation>
+    </message>
+    <message>
+        <source>Accepted: %1</source>
+        <translation>Hingenommen: %1</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Layer</source>
+        <translation>Ebene hinzufügen</translation>
+    </message>
+    <message>
+        <source>Adds a layer above all others</source>
+        <translation>Fügt eine Ebene über allen anderen hinzu</translation>
+    </message>
+    <message>
+        <source>Adds a row below</source>
+        <translation>Fügt darunter eine Zeile hinzu</translation>
+    </message>
+    <message>
+        <source>Align &amp;Bottom</source>
+        <translation>&amp;Unten ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Centres</source>
+        <translation>&amp;Mittig ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Left</source>
+        <translation>&amp;Links ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Middles</source>
+        <translation>In der &amp;Höhe mittig ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Right</source>
+        <translation>&amp;Rechts ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Top</source>
+        <translation>&amp;Oben ausrichten</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Verstärker</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Künstler</translation>
+    </message>
+    <message>
+        <source>At the bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>At the top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Audience</source>
+        <translation>Publikum</translation>
+    </message>
+    <message>
+        <source>Back&amp;ward</source>
+        <translation>Nach hin&amp;ten</translation>
+    </message>
+    <message>
+        <source>Beginning</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Cells that do not fit their column were left out: %1.</source>
+        <translation>Zellen, die nicht in ihre Spalte passen, wurden ausgelassen: %1.</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>Change Equipment</source>
+        <translation>Ausstattung ändern</translation>
+    </message>
+    <message>
+        <source>Change Inputs</source>
+        <translation>Eingänge ändern</translation>
+    </message>
+    <message>
+        <source>Change Mixes</source>
+        <translation>Monitorwege ändern</translation>
+    </message>
+    <message>
+        <source>Change Notes</source>
+        <translation>Anmerkungen ändern</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Eine Farbe wählen</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Create &amp;Plot</source>
+        <translation>&amp;Plan anlegen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>A&amp;usschneiden</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Dar&amp;k Colours</source>
+        <translation>&amp;Dunkle Farben</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+    <message>
+        <source>Dimensions are shown</source>
+        <translation>Maße anzeigen</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Across</source>
+        <translation>&amp;Nebeneinander verteilen</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Down</source>
+        <translation>Un&amp;tereinander verteilen</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Edit &amp;Label</source>
+        <translation>Be&amp;schriftung bearbeiten</translation>
+    </message>
+    <message>
+        <source>Empty Stage</source>
+        <translation>Leere Bühne</translation>
+    </message>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausstattung</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>F&amp;orward</source>
+        <translation>Nach v&amp;orn</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Befund</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>Befunde</translation>
+    </message>
+    <message>
+        <source>Findings (%1)</source>
+        <translation>Befunde (%1)</translation>
+    </message>
+    <message>
+        <source>Flip &amp;Horizontally</source>
+        <translation>&amp;Waagerecht spiegeln</translation>
+    </message>
+    <message>
+        <source>Flip &amp;Vertically</source>
+        <translation>&amp;Senkrecht spiegeln</translation>
+    </message>
+    <message>
+        <source>Front and back exchanged</source>
+        <translation>Vorn und hinten vertauscht</translation>
+    </message>
+    <message>
+        <source>Furniture</source>
+        <translation>Möbel</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Raster</translation>
+    </message>
+    <message>
+        <source>Grid is shown</source>
+        <translation>Raster anzeigen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Inputs</source>
+        <translation>Eingänge</translation>
+    </message>
+    <message>
+        <source>Instrument</source>
+        <translation>Instrument</translation>
+    </message>
+    <message>
+        <source>It asks for a program that reads version %1 of the format; this one reads up to version %2. The file is left as it is. Update this program, or ask whoever sent the plot for an older version of it.</source>
+        <translation>Die Datei verlangt ein Programm, das Version %1 des Formats liest; dieses liest bis Version %2. Die Datei bleibt, wie sie ist. Aktualisieren Sie dieses Programm oder bitten Sie den Absender um eine ältere Fassung.</translation>
+    </message>
+    <message>
+        <source>It is not what you opened or saved last. Saving replaces what the other program wrote.</source>
+        <translation>Die Datei ist nicht, was Sie zuletzt geöffnet oder gespeichert haben. Speichern ersetzt, was das andere Programm geschrieben hat.</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Gegenstand</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
+        <source>Label is shown</source>
+        <translation>Beschriftung anzeigen</translation>
+    </message>
+    <message>
+        <source>Label size</source>
+        <translation>Schriftgröße</translation>
+    </message>
+    <message>
+        <source>Layer</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>Layer %1</source>
+        <translation>Ebene %1</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Ebenen</translation>
+    </message>
+    <message>
+        <source>Left and right exchanged</source>
+        <translation>Links und rechts vertauscht</translation>
+    </message>
+    <message>
+        <source>Letter</source>
+        <translation>Letter</translation>
+    </message>
+    <message>
+        <source>Line %1, column %2: </source>
+        <translation>Zeile %1, Spalte %2: </translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Verknüpfen</translation>
+    </message>
+    <message>
+        <source>Link to Symbol</source>
+        <translation>Mit Symbol verknüpfen</translation>
+    </message>
+    <message>
+        <source>Links the selected rows to the symbol that is selected on the stage. Rows can be dragged onto a symbol as well.</source>
+        <translation>Verknüpft die ausgewählten Zeilen mit dem Symbol, das auf der Bühne ausgewählt ist. Zeilen können auch auf ein Symbol gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Loc&amp;k</source>
+        <translation>S&amp;perren</translation>
+    </message>
+    <message>
+        <source>Lock or Unlock Layer</source>
+        <translation>Ebene sperren oder entsperren</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Microphone or DI</source>
+        <translation>Mikrofon oder DI</translation>
+    </message>
+    <message>
+        <source>Mix</source>
+        <translation>Weg</translation>
+    </message>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>Monitor Mixes</source>
+        <translation>Monitorwege</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Move Layer Down</source>
+        <translation>Ebene nach unten</translation>
+    </message>
+    <message>
+        <source>Move Layer Up</source>
+        <translation>Ebene nach oben</translation>
+    </message>
+    <message>
+        <source>Move to La&amp;yer</source>
+        <translation>Auf &amp;Ebene verschieben</translation>
+    </message>
+    <message>
+        <source>Move to Layer</source>
+        <translation>Auf Ebene verschieben</translation>
+    </message>
+    <message>
+        <source>Moves the layer down</source>
+        <translation>Schiebt die Ebene nach unten</translation>
+    </message>
+    <message>
+        <source>Moves the layer up</source>
+        <translation>Schiebt die Ebene nach oben</translation>
+    </message>
+    <message>
+        <source>Moves the selected rows down</source>
+        <translation>Schiebt die ausgewählten Zeilen nach unten</translation>
+    </message>
+    <message>
+        <source>Moves the selected rows up</source>
+        <translation>Schiebt die ausgewählten Zeilen nach oben</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>New Plot</source>
+        <translation>Neuer Plan</translation>
+    </message>
+    <message>
+        <source>New symbols go on this layer</source>
+        <translation>Neue Symbole kommen auf diese Ebene</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Anmerkungen</translation>
+    </message>
+    <message>
+        <source>Nothing to mend.</source>
+        <translation>Nichts zu beheben.</translation>
+    </message>
+    <message>
+        <source>Only you can know what is right here</source>
+        <translation>Was hier richtig ist, wissen nur Sie</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open a Plot</source>
+        <translation>Einen Plan öffnen</translation>
+    </message>
+    <message>
+        <source>Open findings: %1</source>
+        <translation>Offene Befunde: %1</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Anderes</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Performer</source>
+        <translation>Musiker</translation>
+    </message>
+    <message>
+        <source>Picture of the plot</source>
+        <translation>Bild des Plans</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Plan</translation>
+    </message>
+    <message>
+        <source>Plot and Stage</source>
+        <translation>Plan und Bühne</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Prepared by</source>
+        <translation>Erstellt von</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Changes</source>
+        <translation>Ungespeichertes wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Recover unsaved changes to “%1”?</source>
+        <translation>Ungespeicherte Änderungen an „%1“ wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Layer</source>
+        <translation>Ebene entfernen</translation>
+    </message>
+    <message>
+        <source>Rename Layer</source>
+        <translation>Ebene umbenennen</translation>
+    </message>
+    <message>
+        <source>Resize</source>
+        <translation>Größe ändern</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>Fassung</translation>
+    </message>
+    <message>
+        <source>Riser</source>
+        <translation>Podest</translation>
+    </message>
+    <message>
+        <source>Riser height</source>
+        <translation>Podesthöhe</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>Save the Plot</source>
+        <translation>Den Plan speichern</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>Die Änderungen an „%1“ speichern?</translation>
+    </message>
+    <message>
+        <source>Save under &amp;Another Name…</source>
+        <translation>Unter &amp;anderem Namen speichern …</translation>
+    </message>
+    <message>
+        <source>Save under another name, or close the other window first.</source>
+        <translation>Speichern Sie unter einem anderen Namen oder schließen Sie zuerst das andere Fenster.</translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation>Gespeichert.</translation>
+    </message>
+    <message>
+        <source>Saving would drop something from “%1”</source>
+        <translation>Speichern würde etwas aus „%1“ weglassen</translation>
+    </message>
+    <message>
+        <source>Search symbols</source>
+        <translation>Symbole suchen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Select &amp;Nothing</source>
+        <translation>&amp;Nichts auswählen</translation>
+    </message>
+    <message>
+        <source>Select something on the stage to see its fields here.</source>
+        <translation>Wählen Sie etwas auf der Bühne aus, um seine Felder hier zu sehen.</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>Selects the symbol of the row</source>
+        <translation>Wählt das Symbol der Zeile aus</translation>
+    </message>
+    <message>
+        <source>Sheets</source>
+        <translation>Blätter</translation>
+    </message>
+    <message>
+        <source>Show on Stage</source>
+        <translation>Auf der Bühne zeigen</translation>
+    </message>
+    <message>
+        <source>Show or Hide Layer</source>
+        <translation>Ebene zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Stage</source>
+        <translation>Bühne</translation>
+    </message>
+    <message>
+        <source>Stage plots (*.json)</source>
+        <translation>Bühnenpläne (*.json)</translation>
+    </message>
+    <message>
+        <source>Stage plots (*.json);;All files (*)</source>
+        <translation>Bühnenpläne (*.json);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Stand</source>
+        <translation>Stativ</translation>
+    </message>
+    <message>
+        <source>Supplied by</source>
+        <translation>Gestellt von</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Symbol without a label</source>
+        <translation>Symbol ohne Beschriftung</translation>
+    </message>
+    <message>
+        <source>Symbols</source>
+        <translation>Symbole</translation>
+    </message>
+    <message>
+        <source>Symbols stand on this layer: %1. What becomes of them?</source>
+        <translation>Symbole auf dieser Ebene: %1. Was wird aus ihnen?</translation>
+    </message>
+    <message>
+        <source>Takes the layer out</source>
+        <translation>Nimmt die Ebene heraus</translation>
+    </message>
+    <message>
+        <source>Takes the link to a symbol away</source>
+        <translation>Nimmt die Verknüpfung mit einem Symbol weg</translation>
+    </message>
+    <message>
+        <source>Takes the selected rows out</source>
+        <translation>Nimmt die ausgewählten Zeilen heraus</translation>
+    </message>
+    <message>
+        <source>Templates</source>
+        <translation>Vorlagen</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no part of a plot: %1</source>
+        <translation>Die Zwischenablage enthält keinen Teil eines Plans: %1</translation>
+    </message>
+    <message>
+        <source>The file holds entries that this program does not know and cannot keep; they may come from another program. Save under another name to keep the file as it is.</source>
+        <translation>Die Datei enthält Einträge, die dieses Programm nicht kennt und nicht behalten kann; sie können von einem anderen Programm stammen. Speichern Sie unter einem anderen Namen, damit die Datei bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The file holds entries that this program does not know. They are named before the first save.</source>
+        <translation>Die Datei enthält Einträge, die dieses Programm nicht kennt. Sie werden vor dem ersten Speichern genannt.</translation>
+    </message>
+    <message>
+        <source>The file is left as it is. Choose another one, or a backup of it.</source>
+        <translation>Die Datei bleibt, wie sie ist. Wählen Sie eine andere oder eine Sicherung von ihr.</translation>
+    </message>
+    <message>
+        <source>The file is left as it is. You can look at its picture.</source>
+        <translation>Die Datei bleibt, wie sie ist. Sie können ihr Bild ansehen.</translation>
+    </message>
+    <message>
+        <source>The items of the plot. Tab selects the next one, arrow keys move it.</source>
+        <translation>Die Gegenstände des Plans. Die Tabulatortaste wählt den nächsten aus, Pfeiltasten verschieben ihn.</translation>
+    </message>
+    <message>
+        <source>The last layer, a locked one and one with locked symbols stay. Unlock them first.</source>
+        <translation>Die letzte Ebene, eine gesperrte und eine mit gesperrten Symbolen bleiben. Entsperren Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>The list of accepted findings beside the plot cannot be understood and is not replaced. What you accept holds until the window closes.</source>
+        <translation>Die Liste der hingenommenen Befunde neben dem Plan ist nicht verständlich und wird nicht ersetzt. Was Sie hinnehmen, gilt, bis das Fenster schließt.</translation>
+    </message>
+    <message>
+        <source>The list of accepted findings cannot be read: %1</source>
+        <translation>Die Liste der hingenommenen Befunde kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>The list of accepted findings was made by a newer version. It is left as it is.</source>
+        <translation>Die Liste der hingenommenen Befunde stammt von einer neueren Version. Sie bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The plot was not saved</source>
+        <translation>Der Plan wurde nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly. Changes up to %1 were kept.</source>
+        <translation>Das Programm endete unerwartet. Änderungen bis %1 wurden aufgehoben.</translation>
+    </message>
+    <message>
+        <source>They are lost if you do not save them.</source>
+        <translation>Sie gehen verloren, wenn Sie sie nicht speichern.</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>To &amp;Back</source>
+        <translation>Ganz nach &amp;hinten</translation>
+    </message>
+    <message>
+        <source>To &amp;Front</source>
+        <translation>Ganz nach &amp;vorn</translation>
+    </message>
+    <message>
+        <source>To the left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>To the right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Turn &amp;Left</source>
+        <translation>Nach &amp;links drehen</translation>
+    </message>
+    <message>
+        <source>Turn &amp;Right</source>
+        <translation>Nach &amp;rechts drehen</translation>
+    </message>
+    <message>
+        <source>Turned by</source>
+        <translation>Gedreht um</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>U&amp;nlock</source>
+        <translation>E&amp;ntsperren</translation>
+    </message>
+    <message>
+        <source>Unlink</source>
+        <translation>Lösen</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Venue</source>
+        <translation>Spielort</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>Gewicht</translation>
+    </message>
+    <message>
+        <source>What does the new plot begin with?</source>
+        <translation>Womit beginnt der neue Plan?</translation>
+    </message>
+    <message>
+        <source>What to do</source>
+        <translation>Was zu tun ist</translation>
+    </message>
+    <message>
+        <source>Whoever saves second is asked before anything is replaced. In this window, a crash would lose what you have not saved.</source>
+        <translation>Wer als Zweiter speichert, wird gefragt, bevor etwas ersetzt wird. In diesem Fenster ginge bei einem Absturz verloren, was nicht gespeichert ist.</translation>
+    </message>
+    <message>
+        <source>Whole &amp;Stage</source>
+        <translation>Ganze &amp;Bühne</translation>
+    </message>
+    <message>
+        <source>Why may it stay? The reason is kept beside the plot.</source>
+        <translation>Warum darf er bleiben? Der Grund wird neben dem Plan aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>With the equipment</source>
+        <translation>Mit der Ausstattung</translation>
+    </message>
+    <message>
+        <source>With the inputs</source>
+        <translation>Mit den Eingängen</translation>
+    </message>
+    <message>
+        <source>With the mixes</source>
+        <translation>Mit den Monitorwegen</translation>
+    </message>
+    <message>
+        <source>With the notes</source>
+        <translation>Mit den Anmerkungen</translation>
+    </message>
+    <message>
+        <source>YYYY-MM-DD hh:mm</source>
+        <translation>JJJJ-MM-TT hh:mm</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>different</source>
+        <translation>verschieden</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>not saved yet</source>
+        <translation>noch nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>unnamed</source>
+        <translation>ohne Namen</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be edited as it is</source>
+        <translation>„%1“ kann so nicht bearbeitet werden</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be opened</source>
+        <translation>„%1“ kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>“%1” is no number for the column “%2”.</source>
+        <translation>„%1“ ist keine Zahl für die Spalte „%2“.</translation>
+    </message>
+    <message>
+        <source>“%1” is no stage plot, or is damaged</source>
+        <translation>„%1“ ist kein Bühnenplan oder beschädigt</translation>
+    </message>
+    <message>
+        <source>“%1” is open in another window</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet</translation>
+    </message>
+    <message>
+        <source>“%1” was changed by another program</source>
+        <translation>„%1“ wurde von einem anderen Programm geändert</translation>
+    </message>
+    <message>
+        <source>“%1” was made by a newer version</source>
+        <translation>„%1“ stammt von einer neueren Version</translation>
+    </message>
+</context>
+</TS>
