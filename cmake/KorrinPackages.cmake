@@ -50,4 +50,19 @@ fonts-noto-cjk, fonts-symbola")
 plots, which a touring act sends to a venue.")
 endif()
 
+if(KORRIN_BUILD_EDITOR)
+  list(APPEND CPACK_COMPONENTS_ALL editor)
+  set(CPACK_DEBIAN_EDITOR_PACKAGE_NAME korrin-editor)
+  set(CPACK_DEBIAN_EDITOR_PACKAGE_SECTION graphics)
+  # Symbols of the window itself, and its buttons in the user's language.
+  set(CPACK_DEBIAN_EDITOR_PACKAGE_DEPENDS "libqt6svg6")
+  set(CPACK_DEBIAN_EDITOR_PACKAGE_RECOMMENDS "qt6-translations-l10n, qt6-wayland, \
+fonts-dejavu-core")
+  set(CPACK_COMPONENT_EDITOR_DESCRIPTION "The desktop editor: draws a stage plot and the lists that a venue works
+from, finds what the plot still lacks, and opens plots by a double click.")
+  if(BUILD_SHARED_LIBS)
+    set(CPACK_COMPONENT_EDITOR_DEPENDS runtime)
+  endif()
+endif()
+
 include(CPack)
