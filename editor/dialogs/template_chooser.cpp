@@ -81,7 +81,10 @@ TemplateChooser::TemplateChooser(Environment environment, QWidget* parent)
 
 void TemplateChooser::add(const KorrinProject& project, const QString& title,
                           const QString& summary, int id) {
-  auto* item = new QListWidgetItem(thumbnailOf(project, devicePixelRatioF()), title, list_);
+  const QPixmap thumbnail = thumbnailOf(project, devicePixelRatioF());
+  QIcon icon(thumbnail);
+  icon.addPixmap(thumbnail, QIcon::Selected);  // Else the style would dye the paper.
+  auto* item = new QListWidgetItem(icon, title, list_);
   item->setData(idRole, id);
   item->setData(summaryRole, summary);
   item->setToolTip(summary);

@@ -4,11 +4,13 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QMenu>
+#include <QToolBar>
 
 #include "editor/files/file_questions.h"
 #include "editor/files/plot_files.h"
 #include "editor/files/recent_files.h"
 #include "editor/main_window.h"
+#include "editor/menus/live_actions.h"
 
 namespace korrin::editor {
 namespace {
@@ -34,24 +36,25 @@ void listRecentFiles(QMenu& menu, PlotFiles* files) {
 void addFileMenu(MainWindow& window) {
   auto* files = new PlotFiles(window.plot(), &window);
   QMenu& menu = window.fileMenu();
+  LiveActions& actions = window.actions();
   QAction* begin =
-      menu.addAction(tr("&New…"), QKeySequence::New, files, [files] { files->begin(); });
-  begin->setObjectName("new");
-  menu.addAction(tr("&Open…"), QKeySequence::Open, files, [files] { files->openAnother(); })
-      ->setObjectName("open");
+      actions.add(menu, tr("&New…"), "new", QKeySequence::New, [files] { files->begin(); });
+  QAction* open = actions.add(menu, tr("&Open…"), "open", QKeySequence::Open,
+                              [files] { files->openAnother(); });
   QMenu* recent = menu.addMenu(tr("Open &Recent"));
   QObject::connect(files, &PlotFiles::recentFilesChanged, recent,
                    [recent, files] { listRecentFiles(*recent, files); });
   listRecentFiles(*recent, files);
   menu.addSeparator();
-  menu.addAction(tr("&Save"), QKeySequence::Save, files, [files] { files->save(); })
-      ->setObjectName("save");
-  menu.addAction(tr("Save &As…"), QKeySequence::SaveAs, files, [files] { files->saveAs(); })
-      ->setObjectName("saveAs");
+  QAction* save =
+      actions.add(menu, tr("&Save"), "save", QKeySequence::Save, [files] { files->save(); });
+  actions.add(menu, tr("Save &As…"), "", QKeySequence::SaveAs, [files] { files->saveAs(); });
   menu.addSeparator();
-  QAction* close = menu.addAction(tr("&Quit"), QKeySequence::Quit, &window, &QWidget::close);
-  close->setObjectName("quit");
+  QAction* close =
+      actions.add(menu, tr("&Quit"), "", QKeySequence::Quit, [&window] { window.close(); });
   close->setMenuRole(QAction::QuitRole);
+  window.toolBar().addActions({begin, open, save});
+  window.toolBar().addSeparator();
 
   QObject::connect(files, &PlotFiles::said, &window, &MainWindow::say);
   window.setCloseQuestion([files] {

@@ -40,6 +40,8 @@ class DataPanels : public QObject {
 
  public:
   explicit DataPanels(MainWindow& window) : QObject(&window), window_(window) {
+    // Fields want height, lists want width.
+    window_.setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     addRight();
     addLists();
     addFindings();

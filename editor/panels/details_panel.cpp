@@ -2,6 +2,7 @@
 
 #include <QGroupBox>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "editor/panels/detail_fields.h"
@@ -32,6 +33,8 @@ DetailsPanel::DetailsPanel(OpenPlot& plot, QWidget* parent) : QWidget(parent), p
   auto* area = new QScrollArea(this);
   area->setWidget(content);
   area->setWidgetResizable(true);
+  area->setMinimumWidth(content->minimumSizeHint().width() +
+                        style()->pixelMetric(QStyle::PM_ScrollBarExtent));
   area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* layout = new QVBoxLayout(this);

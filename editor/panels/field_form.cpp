@@ -18,9 +18,10 @@ namespace {
 constexpr auto dateFormat = "yyyy-MM-dd HH:mm";
 
 void setText(QLineEdit& line, const std::optional<QVariant>& value) {
-  line.setPlaceholderText(value ? QString() : FieldForm::tr("different"));
   const QString text = value ? value->toString() : QString();
-  if (line.text() != text) line.setText(text);
+  if (line.text() == text) return;
+  line.setText(text);
+  line.setCursorPosition(0);
 }
 
 // The colour, or a frame where there is none.
@@ -113,7 +114,6 @@ QWidget* FieldForm::makeEditor(std::size_t place) {
   }
   auto* line = new QLineEdit(this);
   const bool isDate = field.kind == FormField::Kind::date;
-  if (isDate) line->setPlaceholderText(tr("YYYY-MM-DD hh:mm"));
   connect(line, &QLineEdit::editingFinished, this, [=, this] {
     if (!isDate || line->text().isEmpty()) {
       report(place, isDate ? QVariant() : QVariant(line->text()));
@@ -157,6 +157,9 @@ void FieldForm::show(std::size_t field, const std::optional<QVariant>& value) {
     choice->setCurrentIndex(value ? value->toInt() : -1);
     choice->setPlaceholderText(value ? QString() : tr("different"));
   } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+    line->setPlaceholderText(!value                                         ? tr("different")
+                             : fields_[field].kind == FormField::Kind::date ? tr("YYYY-MM-DD hh:mm")
+                                                                            : QString());
     if (fields_[field].kind == FormField::Kind::date && value && value->isValid())
       setText(*line, value->toDateTime().toString(dateFormat));
     else

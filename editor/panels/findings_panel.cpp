@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStyle>
-#include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -55,7 +54,7 @@ FindingsPanel::FindingsPanel(OpenPlot& plot, QWidget* parent)
       summary_(new QLabel(this)),
       preview_(new QLabel(this)),
       jump_(new QPushButton(tr("&Show"), this)),
-      fix_(new QToolButton(this)),
+      fix_(new QPushButton(tr("&Fix"), this)),
       fixMenu_(new QMenu(this)),
       waive_(new QPushButton(this)),
       showsWaived_(new QCheckBox(tr("Accepted ones too"), this)) {
@@ -95,15 +94,11 @@ void FindingsPanel::build() {
   connect(list_, &QWidget::customContextMenuRequested, this, [this](QPoint place) {
     if (current() != nullptr) fixMenu_->popup(list_->viewport()->mapToGlobal(place));
   });
-  fix_->setText(tr("&Fix"));
-  fix_->setPopupMode(QToolButton::InstantPopup);
   fix_->setMenu(fixMenu_);
   fixMenu_->setToolTipsVisible(true);
   preview_->setTextFormat(Qt::PlainText);
   preview_->setWordWrap(true);
   preview_->setMinimumWidth(120);
-  fix_->setSizePolicy(jump_->sizePolicy());
-  fix_->setMinimumHeight(jump_->sizeHint().height());
 
   auto* top = new QHBoxLayout;
   top->addWidget(summary_, 1);

@@ -14,7 +14,6 @@ class QCheckBox;
 class QLabel;
 class QMenu;
 class QPushButton;
-class QToolButton;
 class QTreeWidget;
 
 namespace korrin::editor {
@@ -63,7 +62,7 @@ class FindingsPanel : public QWidget {
   QLabel* summary_;
   QLabel* preview_;
   QPushButton* jump_;
-  QToolButton* fix_;
+  QPushButton* fix_;
   QMenu* fixMenu_;
   QPushButton* waive_;
   QCheckBox* showsWaived_;

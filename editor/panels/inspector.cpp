@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -51,6 +52,8 @@ Inspector::Inspector(OpenPlot& plot, QWidget* parent)
   hint_->setEnabled(false);
   area_->setWidget(form_);
   area_->setWidgetResizable(true);
+  area_->setMinimumWidth(form_->minimumSizeHint().width() +
+                         style()->pixelMetric(QStyle::PM_ScrollBarExtent));
   area_->setFrameShape(QFrame::NoFrame);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* layout = new QVBoxLayout(this);

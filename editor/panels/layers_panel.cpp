@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QToolBar>
@@ -42,6 +43,7 @@ LayersPanel::LayersPanel(OpenPlot& plot, QWidget* parent)
   list_->header()->setSectionResizeMode(shownColumn, QHeaderView::ResizeToContents);
   list_->header()->setSectionResizeMode(lockedColumn, QHeaderView::ResizeToContents);
   list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+  list_->installEventFilter(this);
   auto* bar = new QToolBar(this);
   makeActions(*bar);
   auto* layout = new QVBoxLayout(this);
@@ -59,6 +61,15 @@ LayersPanel::LayersPanel(OpenPlot& plot, QWidget* parent)
     if (changes.affectsDocumentStructure) refresh();
   });
   refresh();
+}
+
+// F2 renames the layer here, not the symbol on the canvas.
+bool LayersPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride ||
+      static_cast<QKeyEvent*>(event)->key() != Qt::Key_F2)
+    return QWidget::eventFilter(watched, event);
+  event->accept();
+  return true;
 }
 
 void LayersPanel::makeActions(QToolBar& bar) {

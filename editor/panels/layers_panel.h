@@ -25,6 +25,9 @@ class LayersPanel : public QWidget {
  Q_SIGNALS:
   void said(const QString& sentence);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void makeActions(QToolBar& bar);
   void refresh();

@@ -86,11 +86,11 @@ void ListPanel::makeActions(QToolBar& bar) {
   addAction(bar, "link", tr("Link"),
             tr("Links the selected rows to the symbol that is selected on the stage. Rows can be "
                "dragged onto a symbol as well."),
-            Qt::CTRL | Qt::Key_L, &ListPanel::linkToSelected);
+            Qt::CTRL | Qt::Key_K, &ListPanel::linkToSelected);
   addAction(bar, "unlink", tr("Unlink"), tr("Takes the link to a symbol away"), {},
             &ListPanel::unlink);
   addAction(bar, "showLinked", tr("Show on Stage"), tr("Selects the symbol of the row"),
-            Qt::CTRL | Qt::SHIFT | Qt::Key_L, &ListPanel::showLinked);
+            Qt::CTRL | Qt::SHIFT | Qt::Key_K, &ListPanel::showLinked);
 }
 
 std::vector<UUID> ListPanel::selectedRows() const {
@@ -189,10 +189,13 @@ bool ListPanel::eventFilter(QObject* watched, QEvent* event) {
   const bool isCopy = key.matches(QKeySequence::Copy);
   const bool isPaste = key.matches(QKeySequence::Paste);
   const bool isClear = key.matches(QKeySequence::Delete);
-  if (!isCopy && !isPaste && !isClear) return QWidget::eventFilter(watched, event);
   // The same keys work on the canvas; in a table they are the table's.
-  event->accept();
-  if (isOverride) return true;
+  const bool isOfTable = key.matches(QKeySequence::SelectAll) || key.key() == Qt::Key_F2;
+  if (isOverride && (isCopy || isPaste || isClear || isOfTable)) {
+    event->accept();
+    return true;
+  }
+  if (isOverride || (!isCopy && !isPaste && !isClear)) return QWidget::eventFilter(watched, event);
   if (isCopy) copy();
   if (isPaste) paste();
   if (isClear) model_->clear(view_->selectionModel()->selectedIndexes());

@@ -2,14 +2,18 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDockWidget>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
 
+#include "editor/dialogs/template_chooser.h"
 #include "editor/look/theme.h"
 #include "editor/main_window.h"
 #include "editor/output/sheets.h"
+#include "editor/panels/findings_panel.h"
 
 int main(int argc, char** argv) {
   using namespace korrin;
@@ -41,5 +45,33 @@ int main(int argc, char** argv) {
   if (!QTest::qWaitForWindowExposed(&preview)) return 1;
   QTest::qWait(300);
   preview.grab().save(folder.filePath("editor-print-preview.png"));
+  TemplateChooser chooser(Environment::system());
+  chooser.show();
+  QTest::qWait(200);
+  chooser.grab().save(folder.filePath("editor-new.png"));
+
+  // A plot with something to mend.
+  KorrinProject flawed = KorrinProject::example();
+  flawed.inputs.edit(3).channel = flawed.inputs[2].channel;
+  flawed.inputs.edit(4).source = "";
+  flawed.monitorMixes.edit(1).outputPatch = "";
+  flawed.items.edit(0).position.x = 7'000;
+  flawed.equipmentRequirements.edit(0).quantity = 0;
+  MainWindow window;
+  window.plot().begin(flawed);
+  window.show();
+  if (!QTest::qWaitForWindowExposed(&window)) return 1;
+  auto* findings = window.findChild<FindingsPanel*>();
+  findings->refresh();
+  auto* dock = window.findChild<QDockWidget*>("findings");
+  dock->raise();
+  window.resizeDocks({dock}, {320}, Qt::Vertical);
+  window.findChild<QDockWidget*>("details")->raise();
+  auto* list = findings->findChild<QTreeWidget*>();
+  list->setCurrentItem(list->topLevelItem(0));
+  QTest::qWait(200);
+  window.canvas().zoomToFit();
+  QTest::qWait(200);
+  window.grab().save(folder.filePath("editor-findings.png"));
   return 0;
 }

@@ -208,6 +208,20 @@ class PanelsTest : public QObject {
     QCOMPARE(plot->project().inputs[0].plotItemID, std::optional(item.id));
   }
 
+  void keepsKeysOfATableFromTheCanvas() {
+    plot->select({plot->project().items[0].id});
+    auto* dock = window->findChild<QDockWidget*>("inputs");
+    dock->raise();
+    QTableView& table = qobject_cast<ListPanel*>(dock->widget())->view();
+    table.setCurrentIndex(table.model()->index(0, 1));
+    window->activateWindow();
+    table.setFocus();
+    QTRY_VERIFY(table.hasFocus());
+    QTest::keyClick(&table, Qt::Key_Delete);
+    QCOMPARE(plot->project().items.size(), trio().items.size());
+    QCOMPARE(plot->project().inputs[0].source, Text());
+  }
+
   void namesEveryWidgetThatTakesTheKeyboard() {
     for (const QWidget* widget : window->findChildren<QWidget*>()) {
       const bool isField = qobject_cast<const QLineEdit*>(widget) != nullptr ||
