@@ -12,6 +12,10 @@
         <translation>%1 (%2)</translation>
     </message>
     <message>
+        <source>%1 cannot be compared. %2</source>
+        <translation>%1 kann nicht verglichen werden. %2</translation>
+    </message>
+    <message>
         <source>%1 is locked</source>
         <translation>%1 ist gesperrt</translation>
     </message>
@@ -52,6 +56,10 @@
         <translation>&amp;Anordnen</translation>
     </message>
     <message>
+        <source>&amp;Changes Since…</source>
+        <translation>&amp;Änderungen seit …</translation>
+    </message>
+    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
     </message>
@@ -74,6 +82,10 @@
     <message>
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
+        <translation>&amp;Ausgeben</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -122,6 +134,10 @@
     <message>
         <source>&amp;Paste</source>
         <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Drucken …</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -304,6 +320,10 @@
         <translation>Anmerkungen ändern</translation>
     </message>
     <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
         <source>Channel</source>
         <translation>Kanal</translation>
     </message>
@@ -314,6 +334,10 @@
     <message>
         <source>Colour</source>
         <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Compare With</source>
+        <translation>Vergleichen mit</translation>
     </message>
     <message>
         <source>Create &amp;Plot</source>
@@ -392,6 +416,18 @@
         <translation>Fehler</translation>
     </message>
     <message>
+        <source>Export Sheets as PDF</source>
+        <translation>Blätter als PDF ausgeben</translation>
+    </message>
+    <message>
+        <source>Export Sheets as SVG</source>
+        <translation>Blätter als SVG ausgeben</translation>
+    </message>
+    <message>
+        <source>Export Stage as Picture</source>
+        <translation>Bühne als Bild ausgeben</translation>
+    </message>
+    <message>
         <source>F&amp;orward</source>
         <translation>Nach v&amp;orn</translation>
     </message>
@@ -450,6 +486,10 @@
     <message>
         <source>It is not what you opened or saved last. Saving replaces what the other program wrote.</source>
         <translation>Die Datei ist nicht, was Sie zuletzt geöffnet oder gespeichert haben. Speichern ersetzt, was das andere Programm geschrieben hat.</translation>
+    </message>
+    <message>
+        <source>It was made by a newer version of this program.</source>
+        <translation>Die Datei stammt von einer neueren Version dieses Programms.</translation>
     </message>
     <message>
         <source>Item</source>
@@ -596,6 +636,10 @@
         <translation>Anmerkungen</translation>
     </message>
     <message>
+        <source>Nothing has changed since %1.</source>
+        <translation>Seit %1 hat sich nichts geändert.</translation>
+    </message>
+    <message>
         <source>Nothing to mend.</source>
         <translation>Nichts zu beheben.</translation>
     </message>
@@ -624,6 +668,14 @@
         <translation>Ausgang</translation>
     </message>
     <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png)</source>
+        <translation>PNG (*.png)</translation>
+    </message>
+    <message>
         <source>Paper</source>
         <translation>Papier</translation>
     </message>
@@ -648,12 +700,20 @@
         <translation>Plan und Bühne</translation>
     </message>
     <message>
+        <source>Plots (*.json);;All (*)</source>
+        <translation>Pläne (*.json);;Alle (*)</translation>
+    </message>
+    <message>
         <source>Power</source>
         <translation>Strom</translation>
     </message>
     <message>
         <source>Prepared by</source>
         <translation>Erstellt von</translation>
+    </message>
+    <message>
+        <source>Print Pre&amp;view…</source>
+        <translation>Druck&amp;vorschau …</translation>
     </message>
     <message>
         <source>Quantity</source>
@@ -694,6 +754,10 @@
     <message>
         <source>Riser height</source>
         <translation>Podesthöhe</translation>
+    </message>
+    <message>
+        <source>SVG (*.svg)</source>
+        <translation>SVG (*.svg)</translation>
     </message>
     <message>
         <source>Save &amp;As…</source>
@@ -752,6 +816,14 @@
         <translation>Blätter</translation>
     </message>
     <message>
+        <source>Sheets as &amp;PDF…</source>
+        <translation>Blätter als &amp;PDF …</translation>
+    </message>
+    <message>
+        <source>Sheets as &amp;SVG…</source>
+        <translation>Blätter als &amp;SVG …</translation>
+    </message>
+    <message>
         <source>Show on Stage</source>
         <translation>Auf der Bühne zeigen</translation>
     </message>
@@ -770,6 +842,10 @@
     <message>
         <source>Stage</source>
         <translation>Bühne</translation>
+    </message>
+    <message>
+        <source>Stage as Pi&amp;cture…</source>
+        <translation>Bühne als &amp;Bild …</translation>
     </message>
     <message>
         <source>Stage plots (*.json)</source>
@@ -952,6 +1028,10 @@
         <translation>Womit beginnt der neue Plan?</translation>
     </message>
     <message>
+        <source>What has changed since %1:</source>
+        <translation>Was sich seit %1 geändert hat:</translation>
+    </message>
+    <message>
         <source>What to do</source>
         <translation>Was zu tun ist</translation>
     </message>
@@ -988,6 +1068,10 @@
         <translation>Mit den Anmerkungen</translation>
     </message>
     <message>
+        <source>Written: %1</source>
+        <translation>Geschrieben: %1</translation>
+    </message>
+    <message>
         <source>YYYY-MM-DD hh:mm</source>
         <translation>JJJJ-MM-TT hh:mm</translation>
     </message>
@@ -1004,6 +1088,10 @@
         <translation>und %1 weitere</translation>
     </message>
     <message>
+        <source>and more</source>
+        <translation>und mehr</translation>
+    </message>
+    <message>
         <source>different</source>
         <translation>verschieden</translation>
     </message>
@@ -1018,6 +1106,10 @@
     <message>
         <source>not saved yet</source>
         <translation>noch nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>plot</source>
+        <translation>Plan</translation>
     </message>
     <message>
         <source>unnamed</source>
