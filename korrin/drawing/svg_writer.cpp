@@ -19,6 +19,10 @@ constexpr std::string_view fonts =
 // Room for the height of a picture that is known only when all is written.
 constexpr std::size_t gapLength = 64;
 
+// A string that grows is copied, and twice as large for that time. Strings of this size are given
+// back to the system one by one when they are joined; smaller ones allocators may keep.
+constexpr std::size_t largestPart = std::size_t{32} << 20;
+
 constexpr std::string_view replacement = "\uFFFD";
 
 /// What stands for the byte at the start of `rest`, which XML obeys or does not allow; empty for
@@ -88,6 +92,47 @@ std::string measures(double width, double height) {
 std::string svgNumber(double value) {
   NumberText text{};
   return std::string(write(value, text));
+}
+
+/// Begins another string where this one is large.
+void SvgWriter::rollOver() {
+  if (content_.size() < largestPart) return;
+  constexpr std::size_t slack = 4096;
+  std::string fresh;
+  fresh.reserve(largestPart + slack);
+  written_.push_back(std::move(content_));
+  content_ = std::move(fresh);
+}
+
+void SvgWriter::add(const SvgWriter& other) {
+  for (const std::string& part : other.written_) {
+    content_ += part;
+    rollOver();
+  }
+  content_ += other.content_;
+  rollOver();
+}
+
+std::string SvgWriter::content() const {
+  std::string whole;
+  for (const std::string& part : written_) whole += part;
+  return whole += content_;
+}
+
+std::string SvgWriter::take() {
+  if (written_.empty()) return std::move(content_);
+  std::size_t size = content_.size();
+  for (const std::string& part : written_) size += part.size();
+  std::string whole;
+  whole.reserve(size);
+  for (std::string& part : written_) {
+    whole += part;
+    std::string().swap(part);  // an assignment would keep the memory
+  }
+  written_.clear();
+  whole += content_;
+  std::string().swap(content_);
+  return whole;
 }
 
 void SvgWriter::number(double value) {
@@ -163,7 +208,8 @@ void SvgWriter::beginDocument(double width, std::string_view title) {
 void SvgWriter::endDocument(double height) {
   if (heightGap_ > 0) {
     const std::string text = measures(width_, height);
-    content_.replace(heightGap_, text.size(), text);
+    std::string& first = written_.empty() ? content_ : written_.front();
+    first.replace(heightGap_, text.size(), text);
     heightGap_ = 0;
   }
   content_ += "</svg>\n";
@@ -236,6 +282,7 @@ void SvgWriter::text(Place place, std::string_view text, const TextStyle& style)
   content_ += '>';
   escaped(text);
   content_ += "</text>\n";
+  rollOver();
 }
 
 void SvgWriter::haloText(Place place, std::string_view text, const TextStyle& style) {
@@ -244,6 +291,7 @@ void SvgWriter::haloText(Place place, std::string_view text, const TextStyle& st
   content_ += '>';
   escaped(text);
   content_ += "</text>\n";
+  rollOver();
 }
 
 void SvgWriter::place(Place place, double degrees, bool flipX, bool flipY) {
@@ -277,6 +325,7 @@ void SvgWriter::reuse(std::size_t name, Place at, double degrees, bool flipX, bo
   content_.append("<use xlink:href=\"#s").append(std::to_string(name)).append("\"");
   place(at, degrees, flipX, flipY);
   content_ += "/>\n";
+  rollOver();
 }
 
 void SvgWriter::beginTexts(double size) {
@@ -297,7 +346,10 @@ void SvgWriter::beginTitled(std::string_view title) {
   content_ += "</title>\n";
 }
 
-void SvgWriter::endGroup() { content_ += "</g>\n"; }
+void SvgWriter::endGroup() {
+  content_ += "</g>\n";
+  rollOver();
+}
 
 // A nested picture clips what does not fit it, and needs no name as a clipping path would.
 void SvgWriter::beginClipped(const Box& box) {

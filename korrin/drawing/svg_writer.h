@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "korrin/drawing/paper.h"
 
@@ -34,7 +35,7 @@ struct TextStyle {
   std::string_view colour = "";  ///< Empty for that of the group, which is ink unless it says.
 };
 
-/// One string that grows: what is written is never copied.
+/// What is written is copied once at most, into the string that `take` gives.
 class SvgWriter {
  public:
   /// A picture of this size in millimetres, with a title for those who cannot see it.
@@ -80,11 +81,13 @@ class SvgWriter {
   void image(std::size_t name, const Box& box);
 
   /// Adds what another writer has written.
-  void add(const SvgWriter& other) { content_ += other.content_; }
-  const std::string& content() const { return content_; }
-  std::string take() { return std::move(content_); }
+  void add(const SvgWriter& other);
+  std::string content() const;
+  /// The content, which the writer loses. Takes little memory beside it.
+  std::string take();
 
  private:
+  void rollOver();
   void begin(double width, double height, std::string_view title);
   void number(double value);
   void attribute(std::string_view name, double value);
@@ -95,8 +98,9 @@ class SvgWriter {
   void beginText(Place place, const TextStyle& style);
   void escaped(std::string_view text);
 
+  std::vector<std::string> written_;  // in front of the content; each large
   std::string content_;
-  std::size_t heightGap_ = 0;  // where the height belongs that was not known
+  std::size_t heightGap_ = 0;  // where in the first string the height belongs that was not known
   double width_ = 0;
 };
 

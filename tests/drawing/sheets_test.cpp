@@ -275,6 +275,23 @@ INSTANTIATE_TEST_SUITE_P(
                               "1969-12-27 20:01 UTC-99:59"}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(SvgWriter, JoinsWhatIsTooLargeForOneString) {
+  const std::string text(20'000'000, 'x');
+  SvgWriter part;
+  part.text({1, 2}, text, {});
+  SvgWriter svg;
+  svg.beginDocument(100, "");
+  for (int i = 0; i < 3; ++i) svg.add(part);
+  svg.text({1, 2}, "last", {});
+  svg.endDocument(77);
+  const std::string expected = svg.content();
+  const std::string whole = svg.take();
+  EXPECT_TRUE(whole == expected);
+  EXPECT_GT(whole.size(), 3 * text.size());
+  EXPECT_EQ(countOf(whole.substr(0, 600), "viewBox=\"0 0 100 77\""), 1u);
+  EXPECT_TRUE(whole.ends_with(">last</text>\n</svg>\n"));
+}
+
 TEST(SvgWriter, WritesNumbersThatEveryReaderTakes) {
   EXPECT_EQ(svgNumber(0.1 + 0.2), "0.3");
   EXPECT_EQ(svgNumber(-0.0001), "0");

@@ -45,9 +45,12 @@ DrawingOptions drawingOptions(const KorrinProject& project, const RenderOptions&
 /// The pictures that together are the result: several only for PDF, which has pages of its own.
 std::vector<std::string> drawPictures(const KorrinProject& project, const RevisionMarks& marks,
                                       const RenderOptions& options, const DrawingOptions& drawing) {
-  if (options.isPlotOnly) return {drawMarkedPlot(project, marks, drawing)};
-  if (!options.page && options.converted != PictureFormat::pdf)
-    return {drawMarkedStackedPages(project, marks, drawing)};
+  if (options.isPlotOnly || (!options.page && options.converted != PictureFormat::pdf)) {
+    std::vector<std::string> one;  // a braced list would copy the picture
+    one.push_back(options.isPlotOnly ? drawMarkedPlot(project, marks, drawing)
+                                     : drawMarkedStackedPages(project, marks, drawing));
+    return one;
+  }
   std::vector<std::string> pages = drawMarkedPages(project, marks, drawing);
   const std::size_t count = pages.size();
   if (!options.page) return pages;
@@ -146,7 +149,7 @@ ExitCode render(const RenderOptions& given, Console& console) {
       current = inputName(options.file);
     }
     AssetFolders folders(options.assetFolders);
-    const std::vector<std::string> pictures =
+    std::vector<std::string> pictures =
         drawPictures(project, marks, options, drawingOptions(project, options, folders));
     current = isToConsole ? "standard output" : *options.output;
     if (!isToConsole) requireNoPlot(current);
@@ -156,7 +159,7 @@ ExitCode render(const RenderOptions& given, Console& console) {
                                   ? convertPictures(pictures, *options.converted,
                                                     {.title = project.metadata.title.str(),
                                                      .pixelWidth = options.pixelWidth})
-                                  : pictures.front();
+                                  : std::move(pictures.front());
     current = destination;
     if (isToConsole) {
       console.out << bytes;
