@@ -366,6 +366,9 @@ TEST_F(Edit, StopsAtTheFirstLineThatIsRefused) {
       {"set GTR.position 5", "position takes 2 values parted by commas: x, y"},
       {"set GTR.layerID Stagee", "there is no layer \"Stagee\"; did you mean \"Stage\"?"},
       {"add item Microfone 0 0", "there is no symbol \"Microfone\"; did you mean \"Microphone\"?"},
+      {"add item wedge 0 0", "there is no symbol \"wedge\"; did you mean \"Wedge monitor\"?"},
+      {"paste from plot.jso",
+       "plot.jso: cannot be read: No such file or directory; did you mean \"plot.json\"?"},
       {"remove layer Risers",
        "items are on the layer \"Risers\"; name the layer that takes them behind it, or remove "
        "them first"},
@@ -381,6 +384,25 @@ TEST_F(Edit, StopsAtTheFirstLineThatIsRefused) {
     EXPECT_THAT(outcome.out, EndsWith("> " + line + "\n"));
   }
   EXPECT_EQ(contentOf(scratch.path("plot.json")), exampleDocument("festival-main-stage"));
+}
+
+TEST_F(Edit, GoesOnWhereThingsAreAsTheyAreWanted) {
+  const Outcome outcome =
+      run("front GTR\nfront GTR\nset GTR.layerID Stage\nlayer Stage GTR\n"
+          "set title Nachtzug\nset title Nachtzug\nquit\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out, HasSubstr("> front GTR\nchanged: nothing: the order is like this\n"));
+  EXPECT_THAT(outcome.out, HasSubstr("changed: nothing: these items are on the layer \"Stage\"\n"));
+  EXPECT_THAT(outcome.out, HasSubstr("> set title Nachtzug\nchanged: metadata\n"
+                                     "> set title Nachtzug\nchanged: nothing\n"));
+}
+
+TEST_F(Edit, NamesACopyByItsNumber) {
+  const Outcome outcome =
+      run("duplicate GTR 500 0\nlabel GTR#2 \"GTR 2\"\nset \"GTR 2\".position 0,0\nsave\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(plotIn(scratch, "plot.json").items[plotIn(scratch, "plot.json").items.size() - 1].label,
+            "GTR 2");
 }
 
 TEST_F(Edit, SaysThatUnsavedChangesAreLost) {

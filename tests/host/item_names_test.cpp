@@ -44,9 +44,24 @@ TEST(ItemNames, AreRefusedWhenSeveralItemsHaveTheLabel) {
   project.items.edit(9).label = "BV 1";
   const ItemNames names(project);
   EXPECT_EQ(refusal([&] { names.item("BV 1"); }),
-            "2 items are labelled \"BV 1\"; name one by its identifier: " +
+            "2 items are labelled \"BV 1\"; name one \"BV 1#1\", \"BV 1#2\" and so on, or by its "
+            "identifier: " +
                 project.items[8].id.text() + ", " + project.items[9].id.text());
   EXPECT_EQ(names.item(project.items[9].id.text()), project.items[9]);
+}
+
+TEST(ItemNames, TellItemsWithOneLabelApartByNumber) {
+  KorrinProject project = festival();
+  project.items.edit(9).label = "BV 1";
+  EXPECT_EQ(ItemNames(project).item("BV 1#1"), project.items[8]);
+  EXPECT_EQ(ItemNames(project).item("BV 1#2"), project.items[9]);
+  for (const char* name :
+       {"BV 1#3", "BV 1#99999999999999999999", "BV 1#0", "BV 1#", "#1", "BV 1#1 "})
+    EXPECT_NE(refusal([&] { ItemNames(project).item(name); }), "not refused") << name;
+  EXPECT_EQ(refusal([&] { ItemNames(project).item("BV 1#3"); }),
+            "there is no item \"BV 1#3\": 2 items are labelled \"BV 1\"");
+  project.items.edit(0).label = "BV 1#2";
+  EXPECT_EQ(ItemNames(project).item("BV 1#2"), project.items[0]);
 }
 
 TEST(ItemNames, OfTheirOwnFindEveryItem) {

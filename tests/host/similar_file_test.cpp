@@ -1,5 +1,6 @@
 #include "terminal/similar_file.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "scratch.h"
@@ -16,6 +17,20 @@ TEST(SimilarFile, IsLookedForBesideTheMissingOne) {
   EXPECT_EQ(similarFileSuggestion(scratch.path("nachtzug.json")), "") << "it is there";
   EXPECT_EQ(similarFileSuggestion(""), "");
   EXPECT_EQ(similarFileSuggestion(scratch.path("absent/nachtzug.json")), "");
+}
+
+TEST(SimilarFile, IsOfferedForEveryFileThatACommandReads) {
+  const Scratch scratch;
+  scratch.write("nachtzug.json", exampleDocument("festival-main-stage"));
+  scratch.write("known.txt", "");
+  for (const std::string command :
+       {"check nachzug.json", "check nachtzug.json nachzug.json", "asset nachzug.json",
+        "check --waivers nachzug.json nachtzug.json", "check --known-assets nown.txt nachtzug.json",
+        "check --assets known.tx nachtzug.json", "fix nachzug.json",
+        "diff nachtzug.json nachzug.json", "render --since nachzug.json nachtzug.json",
+        "edit --script nachzug.json nachtzug.json"})
+    EXPECT_THAT(scratch.korrin(command).err, testing::HasSubstr("; did you mean \"")) << command;
+  EXPECT_THAT(scratch.korrin("check other.json").err, testing::Not(testing::HasSubstr("did you")));
 }
 
 TEST(SimilarFile, IsOfferedByCommands) {

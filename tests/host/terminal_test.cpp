@@ -88,6 +88,18 @@ TEST(Progress, IsShownOnATerminalAndTakenAway) {
   EXPECT_EQ(printed.out.str(), "");
 }
 
+TEST(Progress, IsShownForOneLargeFile) {
+  Printed printed;
+  printed.console.errTerminal = {.isTerminal = true, .hasColour = true, .width = 40};
+  Progress(printed.console, 1).step("small.json", 3'999'999);
+  EXPECT_EQ(printed.err.str(), "");
+  Progress(printed.console, 1).step("large.json", 114'700'000);
+  EXPECT_EQ(printed.err.str(), "[1/1] 114 MB: large.json\r\x1b[K");
+  printed.console.errTerminal.isTerminal = false;
+  Progress(printed.console, 1).step("large.json", 114'700'000);
+  EXPECT_EQ(printed.err.str(), "[1/1] 114 MB: large.json\r\x1b[K");
+}
+
 TEST(Progress, IsNotShownElsewhereOrForASingleStep) {
   Printed printed;
   Progress(printed.console, 9).step("a.json");

@@ -9,6 +9,7 @@
 
 #include "assets/sha256.h"
 #include "documents/document_file.h"
+#include "terminal/similar_file.h"
 
 namespace korrin::host {
 namespace {
@@ -27,7 +28,7 @@ std::string lowerCase(std::string text) {
 }
 
 [[noreturn]] void fail(const std::string& folder, const std::error_code& error) {
-  throw FileError(folder + ": cannot be read: " + error.message());
+  throw FileError(folder + ": cannot be read: " + error.message() + similarFileSuggestion(folder));
 }
 
 }  // namespace

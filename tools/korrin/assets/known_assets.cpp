@@ -3,6 +3,7 @@
 #include "korrin/drawing/symbol_catalogue.h"
 
 #include "documents/document_file.h"
+#include "terminal/similar_file.h"
 
 namespace korrin::host {
 namespace {
@@ -25,7 +26,7 @@ KnownAssets knownAssets(const AssetOptions& options) {
     try {
       addAssetLines(readFile(path), known.identifiers);
     } catch (const FileError& error) {
-      throw FileError(inputName(path) + ": " + error.what());
+      throw FileError(inputName(path) + ": " + error.what() + similarFileSuggestion(path));
     }
   }
   if (known.identifiers.empty())

@@ -9,6 +9,7 @@
 #include "assets/judged_asset.h"
 #include "commands/parameters.h"
 #include "documents/document_file.h"
+#include "terminal/similar_file.h"
 
 namespace korrin::host {
 namespace {
@@ -27,7 +28,7 @@ JudgedAsset judgeFile(AssetJudge& judge, const std::string& path,
 void print(std::span<const JudgedAsset> assets, Console& console) {
   for (const JudgedAsset& asset : assets)
     if (asset.status == AssetStatus::unreadable)
-      complain(console, asset.name + ": " + asset.remark);
+      complain(console, asset.name + ": " + asset.remark + similarFileSuggestion(asset.name));
   printAssets(console.out, console.outTerminal, assets);
   console.out << assetSummary(assets) << '\n';
   printManifest(console.out, assets);
@@ -40,7 +41,7 @@ ExitCode judgeFiles(const AssetCommandOptions& options, Console& console) {
   std::vector<JudgedAsset> assets;
   Progress progress(console, options.files.size());
   for (const std::string& path : options.files) {
-    progress.step(inputName(path));
+    progress.step(inputName(path), sizeOf(path));
     assets.push_back(judgeFile(judge, path, options.mediaType));
   }
   progress.clear();

@@ -27,6 +27,7 @@
 #include "terminal/display_text.h"
 #include "terminal/failure.h"
 #include "terminal/in_order.h"
+#include "terminal/similar_file.h"
 
 namespace korrin::host {
 namespace {
@@ -76,7 +77,8 @@ FileFindings inspect(const std::string& path, const CheckOptions& options,
     if (options.waivers || path != standardStream)
       waivers = readWaivers(options.waivers.value_or(waiverFileFor(path)));
     if (options.waivers && !waivers)
-      throw Refusal(RefusalReason::unreadable, *options.waivers + ": there is no such file");
+      throw Refusal(RefusalReason::unreadable, *options.waivers + ": there is no such file" +
+                                                   similarFileSuggestion(*options.waivers));
     if (waivers)
       acceptWaived(file, audit(file.project), *waivers, options.withAudit);
     else if (options.withAudit)
@@ -89,7 +91,10 @@ FileFindings inspect(const std::string& path, const CheckOptions& options,
 
 void print(const FileFindings& file, Console& console) {
   if (file.refusal) {
-    complain(console, file.name + ": " + file.refusal->what());
+    const std::string what = file.refusal->what();
+    const bool isMissing = what.starts_with("cannot be read");
+    complain(console,
+             file.name + ": " + what + (isMissing ? similarFileSuggestion(file.name) : ""));
     return;
   }
   const std::vector<FindingRow> rows = openRows(file);
@@ -172,11 +177,11 @@ ExitCode checkFiles(const CheckOptions& options, Console& console) {
   AssetFolders folders(options.assetFolders);
   ExitCode result = ExitCode::clean;
   std::vector<FileFindings> reported;
-  const bool isParallel = options.workers > 1;
+  const bool isParallel = options.workers > 1 && files.size() > 1;
   CheckTotals totals;
   Progress progress(console, files.size());
   const auto inspectFile = [&](std::size_t i) {
-    if (!isParallel) progress.step(inputName(files[i]));
+    if (!isParallel) progress.step(inputName(files[i]), sizeOf(files[i]));
     return inspect(files[i], options, known);
   };
   // Folders of images remember what they have read: one thread looks into them.

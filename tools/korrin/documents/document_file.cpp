@@ -112,6 +112,12 @@ std::optional<std::string> openIfPresent(DocumentFile& file) {
   }
 }
 
+std::uintmax_t sizeOf(const std::string& path) {
+  std::error_code unknown;
+  const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+  return unknown ? 0 : size;
+}
+
 void makeFile(const std::string& path, std::string_view bytes) {
   DocumentFile file(path);
   try {

@@ -3,6 +3,7 @@
 // Files as whole strings of bytes: reading them, and replacing them all at once or not at all.
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -63,6 +64,9 @@ std::optional<std::string> readFileIfPresent(const std::string& path);
 
 /// The same of a file that may be saved in its place.
 std::optional<std::string> openIfPresent(DocumentFile& file);
+
+/// The bytes of a regular file; 0 where there is none.
+std::uintmax_t sizeOf(const std::string& path);
 
 /// Makes a new file. Throws FileError, "is there already", where there is one: of two that make it
 /// at once, one succeeds.

@@ -78,17 +78,18 @@ std::vector<Passage> editCommandsHelp() {
   std::vector<Row> rows;
   for (const EditCommand& command : editCommands())
     rows.push_back({command.use(), std::string(command.summary)});
-  return {
-      {.heading = "Commands, one a line", .rows = rows},
-      {.prose = "EDGE is one of " + edgeNames() +
-                "; AXIS is horizontally or vertically. ITEM is an identifier, or a label that only "
-                "one item has. LIST is item, input, mix, equipment, note, layer, group or asset; "
-                "NAME is a record's identifier, number or name. PATH is a field of the plot, or an "
-                "item's name, a point and a field of it; fields are called as in the document. A "
-                "field that may be absent is so with the VALUE none."},
-      {.prose = "Words with blanks stand in double quotes, in which \\\" is a quote, \\\\ a "
-                "backslash, \\n a line break, \\r a carriage return and \\t a tab; # begins a "
-                "comment."}};
+  return {{.heading = "Commands, one a line", .rows = rows},
+          {.prose =
+               "EDGE is one of " + edgeNames() +
+               "; AXIS is horizontally or vertically. ITEM is an identifier, a label that only one "
+               "item has, or a label and a number: \"MIX 1#2\" is the second of two. LIST is item, "
+               "input, mix, equipment, note, layer, group or asset; "
+               "NAME is a record's identifier, number or name. PATH is a field of the plot, or an "
+               "item's name, a point and a field of it; fields are called as in the document. A "
+               "field that may be absent is so with the VALUE none."},
+          {.prose = "Words with blanks stand in double quotes, in which \\\" is a quote, \\\\ a "
+                    "backslash, \\n a line break, \\r a carriage return and \\t a tab; # begins a "
+                    "comment."}};
 }
 
 }  // namespace korrin::host

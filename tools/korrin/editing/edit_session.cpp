@@ -42,6 +42,13 @@ const EditCommand& commandFor(const std::string& name, std::size_t wordCount) {
   throw LineError(uses);
 }
 
+/// Whether all but the time of the last change is the same. Change sets do not tell of metadata.
+bool haveOneMetadata(const KorrinProject& before, const KorrinProject& after) {
+  ProjectMetadata metadata = after.metadata;
+  metadata.modifiedAt = before.metadata.modifiedAt;
+  return metadata == before.metadata;
+}
+
 /// One line on what became of the plot.
 std::string changesSentence(const ChangeSet& changes, const KorrinProject& before,
                             const KorrinProject& after) {
@@ -62,7 +69,7 @@ std::string changesSentence(const ChangeSet& changes, const KorrinProject& befor
                     listed(named, mostNamed) + ")");
   if (changes.affectsTechnicalData) parts.push_back("technical data");
   if (changes.affectsDocumentStructure) parts.push_back("document structure");
-  if (parts.empty()) parts.push_back("nothing");
+  if (parts.empty()) parts.push_back(haveOneMetadata(before, after) ? "nothing" : "metadata");
   return "changed: " + printable(listed(parts)) + "\n";
 }
 

@@ -1,5 +1,7 @@
 #include "editing/item_names.h"
 
+#include <charconv>
+
 #include "korrin/commands/edit_refusal.h"
 
 #include "editing/edit_words.h"
@@ -12,10 +14,28 @@ namespace {
                                   const std::vector<const PlotItem*>& candidates) {
   constexpr std::size_t mostNamed = 4;
   std::string sentence = std::to_string(candidates.size()) + " items are labelled " +
-                         inQuotes(name) + "; name one by its identifier:";
+                         inQuotes(name) + "; name one " + inQuotes(std::string(name) + "#1") +
+                         ", " + inQuotes(std::string(name) + "#2") +
+                         " and so on, or by its identifier:";
   for (std::size_t i = 0; i < candidates.size() && i < mostNamed; ++i)
     sentence += (i == 0 ? " " : ", ") + candidates[i]->id.text();
   throw LineError(sentence + (candidates.size() > mostNamed ? ", ..." : ""));
+}
+
+/// A label and which of the items that have it, counted from 1.
+struct NumberedLabel {
+  Text label;
+  std::size_t number;
+};
+
+std::optional<NumberedLabel> numberedLabel(std::string_view name) {
+  const std::size_t sign = name.rfind('#');
+  if (sign == std::string_view::npos) return std::nullopt;
+  const std::string_view digits = name.substr(sign + 1);
+  std::size_t number = 0;
+  const auto read = std::from_chars(digits.begin(), digits.end(), number);
+  if (read.ec != std::errc() || read.ptr != digits.end() || number == 0) return std::nullopt;
+  return NumberedLabel{name.substr(0, sign), number};
 }
 
 }  // namespace
@@ -34,12 +54,25 @@ const PlotItem& ItemNames::item(std::string_view name) const {
   }
   const auto labelled = byLabel_.find(Text(name));
   if (labelled == byLabel_.end()) {
+    if (const PlotItem* numbered = numberedItem(name)) return *numbered;
     std::vector<std::string> labels;
     for (const PlotItem& item : project_.items) labels.push_back(item.label.str());
     throw LineError("there is no item " + inQuotes(name) + suggestion(name, labels));
   }
   if (labelled->second.size() > 1) refuseAmbiguous(name, labelled->second);
   return *labelled->second.front();
+}
+
+const PlotItem* ItemNames::numberedItem(std::string_view name) const {
+  const auto numbered = numberedLabel(name);
+  if (!numbered) return nullptr;
+  const auto labelled = byLabel_.find(numbered->label);
+  if (labelled == byLabel_.end()) return nullptr;
+  if (numbered->number <= labelled->second.size()) return labelled->second[numbered->number - 1];
+  throw LineError("there is no item " + inQuotes(name) + ": " +
+                  std::to_string(labelled->second.size()) +
+                  (labelled->second.size() == 1 ? " item is" : " items are") + " labelled " +
+                  inQuotes(numbered->label));
 }
 
 List<PlotItem> ItemNames::editableItems(const std::vector<std::string>& names) const {

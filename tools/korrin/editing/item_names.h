@@ -1,6 +1,7 @@
 #pragma once
 
-// How editing commands call plot items: by identifier, or by a label that no other item has.
+// How editing commands call plot items: by identifier, by a label that no other item has, or by a
+// label and a number.
 
 #include <optional>
 #include <string>
@@ -18,7 +19,8 @@ class ItemNames {
   explicit ItemNames(const KorrinProject& project);
 
   /// The item with this identifier or label. Labels are compared as texts are, letter case counts.
-  /// Throws LineError when there is none or when several items have the label.
+  /// "MIX 1#2" is the second item labelled "MIX 1", unless an item has that very label. Throws
+  /// LineError when there is none or when several items have the label.
   const PlotItem& item(std::string_view name) const;
 
   /// As `item` for each name; also throws when an item is named twice or may not be edited, and
@@ -32,6 +34,8 @@ class ItemNames {
   std::optional<std::string> obstacle(const PlotItem& item) const;
 
  private:
+  const PlotItem* numberedItem(std::string_view name) const;
+
   const KorrinProject& project_;
   std::unordered_map<UUID, const PlotItem*> byIdentifier_;
   std::unordered_map<Text, std::vector<const PlotItem*>> byLabel_;

@@ -129,6 +129,12 @@ const Symbol& symbolNamed(const std::string& word) {
     known.emplace_back(symbol.name);
   }
   for (const Symbol& symbol : builtInSymbols()) known.emplace_back(symbol.assetID);
+  // "wedge" is far from "Wedge monitor" by letters, and yet what is meant.
+  if (!similarWord(word, known))
+    for (const Symbol& symbol : builtInSymbols())
+      if (!word.empty() && lowerCase(symbol.name).find(lowerCase(word)) != std::string::npos)
+        throw LineError("there is no symbol " + inQuotes(word) + "; did you mean " +
+                        inQuotes(symbol.name) + "?");
   throw LineError("there is no symbol " + inQuotes(word) +
                   suggestion(word, known, "; list symbols shows them"));
 }

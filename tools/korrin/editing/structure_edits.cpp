@@ -15,6 +15,7 @@
 #include "editing/item_names.h"
 #include "editing/plot_lists.h"
 #include "terminal/display_text.h"
+#include "terminal/similar_file.h"
 
 namespace korrin::host {
 namespace {
@@ -53,11 +54,20 @@ void applyIfAny(EditSession& session, const std::optional<DocumentCommand>& comm
   session.apply(*command);
 }
 
+/// The same where things may be as they are wanted, which ends no script.
+void applyUnlessDone(EditSession& session, const std::optional<DocumentCommand>& command,
+                     std::string_view otherwise) {
+  if (command)
+    session.apply(*command);
+  else
+    session.console().out << "changed: nothing: " << otherwise << '\n';
+}
+
 void restack(EditSession& session, const Words& words, StackingMove move) {
-  applyIfAny(
+  applyUnlessDone(
       session,
       stackingCommand(session.project(), selected(session, words), move, session.environment()),
-      "the order stays as it is");
+      "the order is like this");
 }
 
 /// The fragment that `copy` wrote into a file.
@@ -67,7 +77,7 @@ PlotFragment fragmentIn(const std::string& file) {
   } catch (const DecodingError& error) {
     throw LineError(inputName(file) + ": is not what copy writes: " + error.what());
   } catch (const Failure& failure) {
-    throw LineError(inputName(file) + ": " + failure.what());
+    throw LineError(inputName(file) + ": " + failure.what() + similarFileSuggestion(file));
   }
 }
 
@@ -124,11 +134,11 @@ void putOnLayer(EditSession& session, const Words& words) {
   const PlotLayer& layer =
       session.project().layers[placeOf<PlotLayer>(session.project(), words[0])];
   if (layer.isLocked) throw LineError("the layer " + inQuotes(words[0]) + " is locked");
-  applyIfAny(
+  applyUnlessDone(
       session,
       layerAssigningCommand(session.project(),
                             selected(session, Words(words.begin() + 1, words.end())), layer.id),
-      "these items are on the layer " + inQuotes(words[0]) + " already");
+      printable("these items are on the layer " + inQuotes(words[0])));
 }
 
 void removeLayer(EditSession& session, const Words& words) {

@@ -49,14 +49,18 @@ void complain(Console& console, std::string_view sentence) {
 }
 
 Progress::Progress(Console& console, std::size_t steps)
-    : console_(console), steps_(steps), isEnabled_(console.errTerminal.isTerminal && steps > 1) {}
+    : console_(console), steps_(steps), isEnabled_(console.errTerminal.isTerminal) {}
 
-void Progress::step(std::string_view name) {
+void Progress::step(std::string_view name, std::uintmax_t bytes) {
+  // Such a plot takes the tenth of a second in which people begin to wonder.
+  constexpr std::uintmax_t many = 4'000'000;
+  constexpr std::uintmax_t megabyte = 1'000'000;
   ++begun_;
-  if (!isEnabled_) return;
+  if (!isEnabled_ || (steps_ < 2 && bytes < many)) return;
   clear();
-  const std::string line =
-      "[" + std::to_string(begun_) + "/" + std::to_string(steps_) + "] " + printable(name);
+  const std::string line = "[" + std::to_string(begun_) + "/" + std::to_string(steps_) + "] " +
+                           (bytes < many ? "" : std::to_string(bytes / megabyte) + " MB: ") +
+                           printable(name);
   console_.out.flush();
   // One column stays free: a line that fills the terminal would wrap and could not be taken away.
   console_.err << shortened(line, console_.errTerminal.width - 1) << std::flush;

@@ -3,6 +3,7 @@
 // What the program knows about the places it prints to.
 
 #include <cstddef>
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -38,7 +39,7 @@ struct Console {
 void complain(Console& console, std::string_view sentence);
 
 /// A line on the console's error output that says how far the work has come. Shown only on a
-/// terminal, and only for two or more steps.
+/// terminal, and only for two or more steps, or where a step takes a while.
 class Progress {
  public:
   Progress(Console& console, std::size_t steps);
@@ -46,8 +47,8 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
-  /// Shows that the next step, called `name`, begins.
-  void step(std::string_view name);
+  /// Shows that the next step, called `name`, begins. It takes a while where it has many bytes.
+  void step(std::string_view name, std::uintmax_t bytes = 0);
   /// Takes the line away, so that something else can be printed.
   void clear();
 
