@@ -14,6 +14,7 @@
 #include "benchmarks/support/mirror_writing.h"
 #include "benchmarks/support/peer_nodes.h"
 #include "benchmarks/support/plot_generator.h"
+#include "benchmarks/support/varied_plot.h"
 
 namespace korrin::benchmarks {
 namespace {
@@ -42,9 +43,8 @@ std::string withShuffledKeys(const std::string& document) {
   return tree.dump();
 }
 
-void addReading(const std::string& layout, std::size_t items, const std::string& document) {
+void addReading(const std::string& name, std::size_t items, const std::string& document) {
   const auto text = std::make_shared<const std::string>(document);
-  const std::string name = "decode/" + layout;
   compete(name + "/korrin", items, [text] { return decodeJSON<KorrinProject>(*text); });
   compete(name + "/nlohmann-json", items, [text] {
     return ReadingOf<KorrinProject>::from(NlohmannNode(nlohmann::json::parse(*text)));
@@ -55,12 +55,20 @@ void addReading(const std::string& layout, std::size_t items, const std::string&
   });
 }
 
-void addWriting(std::size_t items, const KorrinProject& project) {
-  compete("encode/compact/korrin", items, [project] { return encodeJSON(project); });
+void addWriting(const std::string& name, std::size_t items, const KorrinProject& project) {
+  compete(name + "/korrin", items, [project] { return encodeJSON(project); });
   const auto mirror =
       std::make_shared<const Mirror<KorrinProject>>(MirrorOf<KorrinProject>::of(project));
-  compete("encode/compact/nlohmann-json", items,
+  compete(name + "/nlohmann-json", items,
           [mirror] { return TreeOf<KorrinProject>::of(*mirror).dump(); });
+}
+
+void addMix(const std::string& mix, std::size_t items, const KorrinProject& project) {
+  const std::string compact = encodeJSON(project);
+  addReading("decode" + mix + "/compact", items, compact);
+  addReading("decode" + mix + "/indented", items, encodeJSON(project, {.prettyPrinted = true}));
+  addReading("decode" + mix + "/shuffled", items, withShuffledKeys(compact));
+  addWriting("encode" + mix + "/compact", items, project);
 }
 
 }  // namespace
@@ -70,11 +78,8 @@ int main(int argc, char** argv) {
   using namespace korrin::benchmarks;
   for (const std::size_t items : itemCounts) {
     const korrin::KorrinProject project = generatedPlot(items);
-    const std::string compact = encodeJSON(project);
-    addReading("compact", items, compact);
-    addReading("indented", items, encodeJSON(project, {.prettyPrinted = true}));
-    addReading("shuffled", items, withShuffledKeys(compact));
-    addWriting(items, project);
+    addMix("", items, project);
+    addMix("-varied", items, withVariedContents(project));
   }
   return runContest(argc, argv);
 }

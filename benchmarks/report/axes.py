@@ -39,16 +39,21 @@ COPIED = "vectors, copied for undo"
 EVERY_SIZE = (30, 1_000, 10_000, 100_000)
 LAYOUTS = {"compact": "compact", "indented": "indented", "shuffled": "keys shuffled"}
 
+READERS = {"nlohmann-json": "nlohmann-json", "simdjson": "simdjson (DOM)"}
+READING = (growing("compact", {30: 20, 1_000: 18, 100_000: 15}, "nlohmann-json")
+           + growing("compact", dict.fromkeys(EVERY_SIZE, 1), "simdjson")
+           + growing("indented", dict.fromkeys(EVERY_SIZE, 1.1), "simdjson"))
+
 AXES = (
-    Axis("decode", "Reading a document", LAYOUTS, {"nlohmann-json": "nlohmann-json", "simdjson": "simdjson (DOM)"},
-         growing("compact", {30: 20, 1_000: 16, 100_000: 12}, "nlohmann-json")
-         + growing("compact", dict.fromkeys(EVERY_SIZE, 1), "simdjson"),
-         case_heading="layout"),
+    Axis("decode", "Reading a document", LAYOUTS, READERS, READING, case_heading="layout"),
+    Axis("decode-varied", "Reading varied contents", LAYOUTS, READERS, READING, case_heading="layout"),
     Axis("reading-heap", "Heap while reading", {"compact": "compact"},
          {"nlohmann-json": "nlohmann-json", "simdjson": "simdjson (DOM)"},
          growing("compact", dict.fromkeys(EVERY_SIZE, 1.5)), case_heading="layout", unit="document"),
     Axis("encode", "Writing a document", {"compact": "compact"}, {"nlohmann-json": "nlohmann-json"},
          growing("compact", {30: 18, 1_000: 14, 100_000: 8}, "nlohmann-json"), case_heading="layout"),
+    Axis("encode-varied", "Writing varied contents", {"compact": "compact"}, {"nlohmann-json": "nlohmann-json"},
+         case_heading="layout"),
     Axis("delete", "Deletion",
          {"short": "one item", "long": "one item, long texts", "beside-thread": "one item, second thread",
           "tenth": "every tenth item"},
