@@ -1,11 +1,13 @@
 #include "korrin/preflight/preflight_engine.h"
 
 #include <algorithm>
+#include <compare>
 #include <cstdint>
 #include <string>
-#include <tuple>
+#include <string_view>
 #include <utility>
 
+#include "korrin/foundation/id_table.h"
 #include "korrin/preflight/preflight_findings.h"
 #include "korrin/preflight/stage_bounds.h"
 
@@ -13,6 +15,18 @@ namespace korrin::PreflightEngine {
 namespace {
 
 using findings::Finding;
+
+// A finding before its texts are made, which waits until their order is known: most titles and
+// details are then those of the finding before.
+struct Note {
+  const Finding* finding;
+  std::uint32_t title;   // place among the completed texts, 0 for the finding's own
+  std::uint32_t detail;  // likewise
+  std::optional<UUID> relatedID;
+  std::optional<UUID> recordID;
+
+  const UUID& concerned() const { return recordID ? *recordID : *relatedID; }
+};
 
 // The values that stand more than once, each once and in ascending order.
 std::vector<std::int64_t> repeatedValues(std::vector<std::int64_t> values) {
@@ -29,10 +43,8 @@ std::vector<std::int64_t> repeatedValues(std::vector<std::int64_t> values) {
 class Inspection {
  public:
   Inspection(const KorrinProject& project, const std::unordered_set<Text>& knownAssetIDs)
-      : project_(project), knownAssetIDs_(knownAssetIDs) {
-    itemIDs_.reserve(project.items.size());
-    for (const PlotItem& item : project.items) itemIDs_.push_back(item.id);
-    std::sort(itemIDs_.begin(), itemIDs_.end());
+      : project_(project), knownAssetIDs_(knownAssetIDs), itemIDs_(project.items.size()) {
+    for (const PlotItem& item : project.items) itemIDs_.insert(item.id);
   }
 
   std::vector<PreflightIssue> run() && {
@@ -55,7 +67,9 @@ class Inspection {
       checkBounds(item);
       checkAsset(item);
     }
-    return std::move(issues_);
+    std::sort(notes_.begin(), notes_.end(),
+              [this](const Note& a, const Note& b) { return standsBefore(a, b); });
+    return issues();
   }
 
  private:
@@ -71,8 +85,9 @@ class Inspection {
       if (!(record.*number) ||
           !std::binary_search(repeated.begin(), repeated.end(), *(record.*number)))
         continue;
-      report(finding, std::string(finding.title) + std::to_string(*(record.*number)),
-             finding.detail, relatedItem(record), record.id);
+      notes_.push_back({&finding,
+                        completed(std::string(finding.title) + std::to_string(*(record.*number))),
+                        0, relatedItem(record), record.id});
     }
   }
 
@@ -85,8 +100,8 @@ class Inspection {
     // A name of blanks is a name: only one without any characters is replaced.
     const std::string_view name = mix.name.empty() ? "this mix" : std::string_view(mix.name);
     const Finding& finding = findings::mixWithoutOutput;
-    report(finding, finding.title, std::string(finding.detail).append(name) + ".", relatedItem(mix),
-           mix.id);
+    notes_.push_back({&finding, 0, completed(std::string(finding.detail).append(name) + "."),
+                      relatedItem(mix), mix.id});
   }
 
   void checkQuantity(const EquipmentRequirement& line) {
@@ -127,51 +142,86 @@ class Inspection {
   // The item that a record points at, when the project holds it.
   template <class Record>
   std::optional<UUID> relatedItem(const Record& record) const {
-    return record.plotItemID &&
-                   std::binary_search(itemIDs_.begin(), itemIDs_.end(), *record.plotItemID)
-               ? record.plotItemID
-               : std::nullopt;
+    return record.plotItemID && itemIDs_.contains(*record.plotItemID) ? record.plotItemID
+                                                                      : std::nullopt;
   }
 
   template <class Record>
   void reportRecord(const Finding& finding, const Record& record) {
-    report(finding, finding.title, finding.detail, relatedItem(record), record.id);
+    notes_.push_back({&finding, 0, 0, relatedItem(record), record.id});
   }
   void reportItem(const Finding& finding, const PlotItem& item) {
-    report(finding, finding.title, finding.detail, item.id, std::nullopt);
+    notes_.push_back({&finding, 0, 0, item.id, std::nullopt});
   }
-  void report(const Finding& finding, Text title, Text detail, std::optional<UUID> relatedID,
-              std::optional<UUID> recordID) {
-    issues_.emplace_back(finding.rule, finding.severity, std::move(title), std::move(detail),
-                         relatedID, recordID);
+
+  std::uint32_t completed(Text text) {
+    completed_.push_back(std::move(text));
+    return static_cast<std::uint32_t>(completed_.size());
+  }
+  std::strong_ordering compare(std::uint32_t a, std::string_view ownOfA, std::uint32_t b,
+                               std::string_view ownOfB) const {
+    if (a == 0 && b == 0) return ownOfA.compare(ownOfB) <=> 0;  // ASCII: the order of bytes
+    if (a == 0) return ownOfA <=> completed_[b - 1];
+    if (b == 0) return completed_[a - 1] <=> ownOfB;
+    return completed_[a - 1] <=> completed_[b - 1];
+  }
+
+  // By severity, title, detail, id and related item. The most serious first, as severities are
+  // declared.
+  //
+  // Records that share an identifier make issues that differ in the related item only; without it,
+  // their places would be an accident of how the standard library sorts.
+  bool standsBefore(const Note& a, const Note& b) const {
+    const Finding& findingOfA = *a.finding;
+    const Finding& findingOfB = *b.finding;
+    if (&findingOfA != &findingOfB || a.title != b.title || a.detail != b.detail) {
+      if (findingOfA.severity != findingOfB.severity)
+        return findingOfA.severity < findingOfB.severity;
+      const auto byTitle = compare(a.title, findingOfA.title, b.title, findingOfB.title);
+      if (byTitle != 0) return byTitle < 0;
+      const auto byDetail = compare(a.detail, findingOfA.detail, b.detail, findingOfB.detail);
+      if (byDetail != 0) return byDetail < 0;
+      // An id is the rule's name and an identifier, whose texts have the order of its bytes.
+      const auto byRule = rawValue(findingOfA.rule) <=> rawValue(findingOfB.rule);
+      if (byRule != 0) return byRule < 0;
+    }
+    const auto byID = a.concerned() <=> b.concerned();
+    return byID != 0 ? byID < 0 : a.relatedID < b.relatedID;
+  }
+
+  std::vector<PreflightIssue> issues() const {
+    std::vector<PreflightIssue> result;
+    result.reserve(notes_.size());
+    const Finding* former = nullptr;
+    Text title;
+    Text detail;
+    for (const Note& note : notes_) {
+      const Finding& finding = *note.finding;
+      if (&finding != former) {
+        title = finding.title;
+        detail = finding.detail;
+        former = &finding;
+      }
+      result.emplace_back(
+          finding.rule, finding.severity, note.title == 0 ? title : completed_[note.title - 1],
+          note.detail == 0 ? detail : completed_[note.detail - 1], note.relatedID, note.recordID);
+    }
+    return result;
   }
 
   const KorrinProject& project_;
   const std::unordered_set<Text>& knownAssetIDs_;
-  // In ascending order. A hash set would let a document with identifiers chosen to collide take
-  // quadratic time.
-  std::vector<UUID> itemIDs_;
+  IDTable itemIDs_;
   std::unordered_set<Text> embeddedAssetIDs_;
-  std::vector<PreflightIssue> issues_;
+  std::vector<Note> notes_;
+  std::vector<Text> completed_;  // titles and details
 };
-
-// The most serious first, as severities are declared.
-//
-// Records that share an identifier make issues that differ in the related item only; without it,
-// their places would be an accident of how the standard library sorts.
-bool standsBefore(const PreflightIssue& a, const PreflightIssue& b) {
-  if (a.severity != b.severity) return a.severity < b.severity;
-  return std::tie(a.title, a.detail, a.id, a.relatedID) <
-         std::tie(b.title, b.detail, b.id, b.relatedID);
-}
 
 }  // namespace
 
 std::vector<PreflightIssue> inspect(const KorrinProject& project,
                                     const std::unordered_set<Text>& knownAssetIDs) {
-  std::vector<PreflightIssue> issues = Inspection(project, knownAssetIDs).run();
-  std::sort(issues.begin(), issues.end(), standsBefore);
-  return issues;
+  return Inspection(project, knownAssetIDs).run();
 }
 
 }  // namespace korrin::PreflightEngine

@@ -1,6 +1,9 @@
 #include "korrin/preflight/preflight_issue.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "korrin/coding/json_codec.h"
@@ -18,12 +21,22 @@ template struct Codec<List<PreflightRule>>;
 
 namespace {
 
+constexpr std::size_t longestRule = [] {
+  std::size_t longest = 0;
+  for (const auto& row : CaseTable<PreflightRule>::cases)
+    longest = std::max(longest, row.rawValue.size());
+  return longest;
+}();
+
 Text identifier(PreflightRule rule, const Text& detail, const std::optional<UUID>& relatedID,
                 const std::optional<UUID>& recordID) {
   const std::optional<UUID>& concerned = recordID ? recordID : relatedID;
-  std::string text(rawValue(rule));
-  text += ':';
-  text += concerned ? concerned->text() : detail.str();
+  std::string text;
+  text.reserve(longestRule + 1 + UUID::textLength);
+  text.append(rawValue(rule)) += ':';
+  if (!concerned) return text += std::string_view(detail);
+  text.resize(text.size() + UUID::textLength);
+  concerned->writeText(text.data() + text.size() - UUID::textLength);
   return text;
 }
 
