@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "korrin/coding/date_coding.h"
+#include "korrin/coding/decimal_quotient.h"
 #include "korrin/coding/instant_text.h"
 #include "korrin/coding/json_number.h"
 
@@ -10,9 +11,6 @@ namespace korrin::json {
 namespace {
 
 using Kind = DecodingError::Kind;
-
-constexpr std::array powersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 }  // namespace
 
@@ -40,11 +38,10 @@ void Reader::read(double& value) {
     scanner_.returnTo(start);
   }
   const NumberToken token = number("a number");
-  if (token.isShort) {
-    // Both operands are exact, so the quotient is the nearest double; the sign of -0 is kept.
-    const double magnitude =
-        static_cast<double>(token.digits) / powersOfTen[static_cast<std::size_t>(token.decimals)];
-    value = token.isNegative() ? -magnitude : magnitude;
+  const auto magnitude =
+      token.isShort ? nearestQuotient(token.digits, token.decimals) : std::nullopt;
+  if (magnitude) {
+    value = token.isNegative() ? -*magnitude : *magnitude;  // keeps the sign of -0
     return;
   }
   const auto nearest = nearestDouble(token.text);
@@ -55,7 +52,8 @@ void Reader::read(double& value) {
 
 void Reader::read(std::int64_t& value) {
   const NumberToken token = number("an integer");
-  if (token.isShort && token.decimals == 0) {
+  constexpr std::uint64_t highest = std::numeric_limits<std::int64_t>::max();
+  if (token.isShort && token.decimals == 0 && token.digits <= highest) {
     const auto magnitude = static_cast<std::int64_t>(token.digits);
     value = token.isNegative() ? -magnitude : magnitude;
     return;

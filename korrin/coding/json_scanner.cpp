@@ -4,18 +4,12 @@
 #include <cstdint>
 #include <optional>
 
+#include "korrin/coding/digits.h"
+#include "korrin/coding/text_block.h"
 #include "korrin/foundation/utf8.h"
-#include "korrin/foundation/words.h"
 
 namespace korrin::json {
 namespace {
-
-// Marks the bytes that end a run of plain characters: a quotation mark, a backslash, a control
-// character or a byte that is not ASCII.
-std::uint64_t specialBytes(std::uint64_t word) {
-  return words::bytesEqual(word, '"') | words::bytesEqual(word, '\\') |
-         words::bytesBelow(word, 0x20) | (word & words::highBits);
-}
 
 std::optional<unsigned> hexValue(char c) {
   if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
@@ -86,12 +80,12 @@ std::string unescaped(const StringToken& token) {
 }
 
 void Scanner::skipSpaceRun() {
-  constexpr std::uint64_t blanks = words::everyByte * ' ';
-  for (;;) {
-    while (end_ - at_ >= 8 && words::loadWord(at_) == blanks) at_ += 8;
-    if (at_ == end_ || (*at_ != ' ' && *at_ != '\n' && *at_ != '\r' && *at_ != '\t')) return;
-    ++at_;
+  while (end_ - at_ >= std::ptrdiff_t{blockSize}) {
+    const std::size_t blanks = blanksInBlock(at_);
+    at_ += blanks;
+    if (blanks < blockSize) return;
   }
+  while (at_ != end_ && (*at_ == ' ' || *at_ == '\n' || *at_ == '\r' || *at_ == '\t')) ++at_;
 }
 
 void Scanner::throwMissingColon() const { throw Malformed{at_, "\":\" after the key"}; }
@@ -105,14 +99,10 @@ StringToken Scanner::string() {
   const char* const open = at_++;
   bool hasEscapes = false;
   for (;;) {
-    while (end_ - at_ >= 8) {
-      const std::uint64_t marks = specialBytes(words::loadWord(at_));
-      if (marks == 0) {
-        at_ += 8;
-        continue;
-      }
-      at_ += words::firstMarked(marks);
-      break;
+    while (end_ - at_ >= std::ptrdiff_t{blockSize}) {
+      const std::size_t plain = plainInBlock(at_);
+      at_ += plain;
+      if (plain < blockSize) break;
     }
     if (at_ == end_) throw Malformed{at_, "the string's closing quotation mark"};
     const auto byte = static_cast<unsigned char>(*at_);
@@ -155,38 +145,38 @@ void Scanner::takeEscape() {
   at_ += 4;
 }
 
-// Appends the digits that stand next, at least one, to the decimal number `value`. The result wraps
-// for a long number, where it is not used.
-std::uint64_t Scanner::takeDigits(std::uint64_t value) {
-  if (at_ == end_ || !isDigit(*at_)) throw Malformed{at_, "a digit"};
-  do {
-    value = value * 10 + static_cast<std::uint64_t>(*at_++ - '0');
-  } while (at_ != end_ && isDigit(*at_));
-  return value;
-}
-
-NumberToken Scanner::anyNumber() {
+// The rest of a number whose first digit should stand at `first`; up to `at` its digits have been
+// read.
+NumberToken Scanner::longNumber(const char* first, const char* at, std::uint64_t digits) {
   const char* const start = at_;
-  take('-');
-  const char* const first = at_;
-  std::uint64_t digits = 0;
-  if (!take('0')) digits = takeDigits(0);
-  std::ptrdiff_t digitCount = at_ - first;
+  const auto takeDigits = [this](const char* from, std::uint64_t& value) {
+    const char* const to = appendDigits(from, end_, value);
+    if (to == from) throw Malformed{from, "a digit"};
+    return to;
+  };
+  if (at == first) throw Malformed{at, "a digit"};
+  if (*first == '0' && at != first + 1) {
+    at = first + 1;  // no digit follows a leading 0
+    digits = 0;
+  }
+  std::ptrdiff_t digitCount = at - first;
   std::ptrdiff_t decimals = 0;
-  if (take('.')) {
-    const char* const point = at_;
-    digits = takeDigits(digits);
-    decimals = at_ - point;
+  if (at != end_ && *at == '.') {
+    const char* const point = at + 1;
+    at = takeDigits(point, digits);
+    decimals = at - point;
     digitCount += decimals;
   }
   bool isShort = digitCount <= NumberToken::maximumDigits;
-  if (take('e') || take('E')) {
+  if (at != end_ && (*at == 'e' || *at == 'E')) {
+    ++at;
+    if (at != end_ && (*at == '+' || *at == '-')) ++at;
+    std::uint64_t exponent = 0;
+    at = takeDigits(at, exponent);
     isShort = false;
-    if (!take('+')) take('-');
-    takeDigits(0);
   }
-  return {
-      {start, static_cast<std::size_t>(at_ - start)}, digits, static_cast<int>(decimals), isShort};
+  at_ = at;
+  return {{start, static_cast<std::size_t>(at - start)}, digits, decimals, isShort};
 }
 
 void Scanner::skipScalar() {

@@ -27,13 +27,12 @@ std::string unescaped(const StringToken& token);
 struct NumberToken {
   std::string_view text;
   /// Where `isShort`, the number is its sign, these digits, and a point before the last `decimals`
-  /// of them: at most 15 digits and no exponent, so that digits and power of ten are exact as
-  /// doubles.
+  /// of them: no more digits than 64 bits hold, and no exponent.
   std::uint64_t digits;
-  int decimals;
+  std::int64_t decimals;
   bool isShort;
 
-  static constexpr std::ptrdiff_t maximumDigits = 15;
+  static constexpr std::ptrdiff_t maximumDigits = 19;
 
   bool isNegative() const { return text.front() == '-'; }
 };
@@ -62,8 +61,13 @@ class Scanner {
   void returnTo(const char* position) { at_ = position; }
 
   [[gnu::always_inline]] void skipSpace() {
-    if (at_ != end_ && static_cast<unsigned char>(*at_) > ' ') return;
-    skipSpaceRun();
+    // Nothing, a single blank behind a colon, or a line's end and its indentation.
+    if (at_ == end_) return;
+    if (static_cast<unsigned char>(*at_) > ' ') return;
+    if (*at_ == ' ' && end_ - at_ >= 2 && static_cast<unsigned char>(at_[1]) > ' ')
+      ++at_;
+    else
+      skipSpaceRun();
   }
 
   /// The first character of the next value, or NUL at the end of the text.
@@ -143,12 +147,13 @@ class Scanner {
     const char* const first = start + (*start == '-' ? 1 : 0);
     const char* at = first;
     std::uint64_t digits = 0;
-    while (at != end_ && isDigit(*at))
+    while (at != end_ && *at >= '0' && *at <= '9')
       digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
-    const std::ptrdiff_t count = at - first;
-    const bool goesOn = at != end_ && (*at == '.' || *at == 'e' || *at == 'E');
-    if (goesOn || count == 0 || count > NumberToken::maximumDigits || (*first == '0' && count > 1))
-      return anyNumber();
+    const bool goesOn = at == end_ || *at == '.' || *at == 'e' || *at == 'E';
+    if (goesOn || at == first || at - first > NumberToken::maximumDigits || *first == '0') {
+      // A single 0 is the most frequent number of all.
+      if (goesOn || at - first != 1) return longNumber(first, at, digits);
+    }
     at_ = at;
     return {{start, static_cast<std::size_t>(at - start)}, digits, 0, true};
   }
@@ -173,11 +178,10 @@ class Scanner {
   void leave(char close);
   static bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-  NumberToken anyNumber();
+  NumberToken longNumber(const char* first, const char* at, std::uint64_t digits);
   void skipSpaceRun();
   void skipScalar();
   void takeEscape();
-  std::uint64_t takeDigits(std::uint64_t value);
 
   const char* begin_;
   const char* at_;

@@ -1,6 +1,8 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -134,8 +136,61 @@ TEST(DecodedText, ResolvesEveryEscape) {
 
 TEST(DecodedText, SharesTheStorageOfAnEqualOneBeforeIt) {
   const auto note = decodeJSON<ProjectNote>(
-      R"({"id":"00000000-0000-0000-0000-000000000000","title":"Power","body":"Power"})");
-  EXPECT_EQ(&note.title.str(), &note.body.str());
+      R"({"id":"00000000-0000-0000-0000-000000000000","title":"Clean 230 V power","body":"Clean 230 V power"})");
+  EXPECT_EQ(std::string_view(note.title).data(), std::string_view(note.body).data());
+}
+
+// Where sixteen bytes are looked at a time: at every size, at every distance from the document's
+// end, and with every kind of byte at every place.
+TEST(DecodedText, IsTheSameAtEverySizeAndNearTheEndOfTheDocument) {
+  for (std::size_t size = 0; size <= 40; ++size)
+    for (const std::string special : {"", "\u00e9", "\\n", "\\u00e9", "\x7F"})
+      for (std::size_t place = 0; place <= size; ++place)
+        for (std::size_t blanks = 0; blanks <= 20; blanks += 5) {
+          if (special.empty() && place != 0) continue;
+          std::string body(size, 'b');
+          std::string raw = body;
+          raw.insert(place, special);
+          body.insert(place, special == "\\n" ? "\n" : special == "\\u00e9" ? "\u00e9" : special);
+          const std::string text =
+              R"({"id":"00000000-0000-0000-0000-000000000000","title":"","body":")" + raw +
+              R"("})" + std::string(blanks, ' ');
+          // In memory of exactly its size, so that a byte read beyond it is found.
+          const std::vector<char> exact(text.begin(), text.end());
+          const auto note = decodeJSON<ProjectNote>(std::string_view(exact.data(), exact.size()));
+          ASSERT_EQ(note.body.str(), body);
+        }
+}
+
+TEST(DecodedText, EndsAtControlCharactersAndIllFormedBytesWhereverTheyStand) {
+  for (std::size_t size = 0; size <= 33; ++size)
+    for (std::size_t place = 0; place <= size; ++place)
+      for (const char bad : {'\x1F', '\0', '\x80', '\xFF'}) {
+        std::string body(size, 'b');
+        body.insert(place, 1, bad);
+        const std::string text =
+            R"({"id":"00000000-0000-0000-0000-000000000000","title":"","body":")" + body + R"("})";
+        EXPECT_THROW(decodeJSON<ProjectNote>(text), DecodingError) << size << ' ' << place;
+      }
+}
+
+TEST(DecodedDocument, MayHaveAnyRunOfBlanksBetweenItsParts) {
+  const std::string id = R"("00000000-0000-0000-0000-000000000000")";
+  for (std::size_t count = 0; count <= 40; ++count)
+    for (const char blank : {' ', '\n', '\r', '\t'}) {
+      const std::string gap(count, blank);
+      const std::string text = gap + "{" + gap + R"("id")" + gap + ":" + gap + id + gap + "," +
+                               gap + R"("title")" + gap + ":" + gap + R"("t")" + gap + "," + gap +
+                               R"("body")" + gap + ":" + gap + R"("b")" + gap + "}" + gap;
+      const std::vector<char> exact(text.begin(), text.end());
+      EXPECT_EQ(decodeJSON<ProjectNote>(std::string_view(exact.data(), exact.size())).body, "b");
+      // A vertical tab is no blank of JSON.
+      for (const std::size_t at : {std::size_t{0}, count / 2, count}) {
+        std::string wrong = text;
+        wrong.insert(at, 1, '\v');
+        EXPECT_THROW(decodeJSON<ProjectNote>(wrong), DecodingError);
+      }
+    }
 }
 
 TEST(DecodedText, MayBeOfAnySize) {
