@@ -19,17 +19,16 @@ HistoryPanel::HistoryPanel(OpenPlot& plot, QWidget* parent) : QListWidget(parent
 void HistoryPanel::refresh() {
   // A drag reports at each step and is one entry, at its end.
   if (plot_.isInGesture()) return;
-  const EditHistory& history = plot_.history();
   QStringList names{tr("Beginning")};
   const auto add = [&](const Text& name) {
     names.append(name.empty() ? tr("Edit") : plain(toQString(name)));
   };
-  for (const Text& name : history.undoNames()) add(name);
-  for (const Text& name : history.redoNames()) add(name);
+  for (const Text& name : plot_.history().undoNames()) add(name);
+  for (const Text& name : plot_.history().redoNames()) add(name);
 
   const QSignalBlocker quiet(this);
   while (count() > names.size()) delete takeItem(count() - 1);
-  const int present = int(history.undoCount());
+  const int present = int(plot_.history().undoCount());
   for (int i = 0; i < names.size(); ++i) {
     if (i == count()) addItem(names[i]);
     QListWidgetItem* entry = item(i);

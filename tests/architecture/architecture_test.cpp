@@ -255,7 +255,7 @@ TEST(Architecture, ExportsWhatAPublicHeaderDeclaresAndNothingElse) {
 
 // The folders of the desktop editor, in the same way.
 const std::vector<std::set<std::string>> editorFloors = {
-    {"look", "plot"}, {"canvas", "dialogs", "files", "menus", "output", "panels"}};
+    {"languages", "look", "plot"}, {"canvas", "dialogs", "files", "menus", "output", "panels"}};
 
 TEST(Architecture, HasAPlaceForEveryFolderOfTheEditor) {
   ASSERT_GT(editor.size(), 20u);
