@@ -101,13 +101,23 @@ class SafeMending {
 
   std::optional<SafeFixes> result() && {
     constexpr int mostRounds = 100;
-    for (int round = 0; round < mostRounds && goOnce(); ++round) continue;
+    for (int round = 0; round < mostRounds; ++round)
+      if (!goOnce(Mends::contents) && !goOnce(Mends::identifiers)) break;
     if (titles_.empty()) return std::nullopt;
     return SafeFixes{.titles = std::move(titles_),
                      .command = fixes::replacingProject(std::move(project_), environment_)};
   }
 
  private:
+  // Fresh identifiers have rounds of their own: a link made in the same round would go to the
+  // former one.
+  enum class Mends { contents, identifiers };
+
+  static Mends mendedBy(const PreflightIssue&) { return Mends::contents; }
+  static Mends mendedBy(const AuditFinding& finding) {
+    return finding.rule == AuditRule::sharedIdentifier ? Mends::identifiers : Mends::contents;
+  }
+
   template <class Visit>
   void forEachFinding(Visit visit) const {
     for (const PreflightIssue& issue : PreflightEngine::inspect(project_, {})) visit(issue);
@@ -115,12 +125,12 @@ class SafeMending {
   }
 
   // Whether anything was mended: what was in the way of another fix may be gone.
-  bool goOnce() {
+  bool goOnce(Mends mends) {
     FixFinder fixesFor(project_);
     Round round(project_);
     const std::size_t count = titles_.size();
     forEachFinding([&](const auto& finding) {
-      if (!sought_.contains(finding.id)) return;
+      if (mendedBy(finding) != mends || !sought_.contains(finding.id)) return;
       const std::vector<Fix> fixes = fixesFor(finding, environment_);
       if (fixes.size() == 1 && round.take(fixes.front(), environment_))
         titles_.push_back(fixes.front().title);

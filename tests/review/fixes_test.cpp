@@ -288,6 +288,27 @@ TEST(SafeFixes, MendWhatHasOneFixInOneCommand) {
   EXPECT_EQ(mended, project);
 }
 
+TEST(SafeFixes, LinkToTheFreshIdentifierOfARecordThatSharedIts) {
+  KorrinProject project = KorrinProject::newDocument();
+  PlotItem wedge;
+  wedge.id = project.layers[0].id;
+  wedge.kind = PlotItemKind::monitor;
+  wedge.label = "Vocals";
+  wedge.layerID = project.layers[0].id;
+  wedge.size = {.width = 600, .height = 400};
+  project.items.push_back(wedge);
+  MonitorMix mix;
+  mix.id = identifier(2);
+  mix.name = "Vocals";
+  mix.outputPatch = "Aux 1";
+  project.monitorMixes.push_back(mix);
+  const std::optional<SafeFixes> fixes = safeFixes(project);
+  ASSERT_TRUE(fixes);
+  fixes->command.apply(project);
+  EXPECT_NE(project.items[0].id, project.layers[0].id);
+  EXPECT_EQ(project.monitorMixes[0].plotItemID, project.items[0].id);
+}
+
 TEST(SafeFixes, LeaveAcceptedFindingsAlone) {
   KorrinProject project = sampleProject();
   project.items.edit(0).style.tintHex = "red";
