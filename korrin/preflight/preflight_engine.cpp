@@ -182,7 +182,7 @@ class Inspection {
       const auto byDetail = compare(a.detail, findingOfA.detail, b.detail, findingOfB.detail);
       if (byDetail != 0) return byDetail < 0;
       // An id is the rule's name and an identifier, whose texts have the order of its bytes.
-      const auto byRule = rawValue(findingOfA.rule) <=> rawValue(findingOfB.rule);
+      const int byRule = rawValue(findingOfA.rule).compare(rawValue(findingOfB.rule));
       if (byRule != 0) return byRule < 0;
     }
     const auto byID = a.concerned() <=> b.concerned();
