@@ -290,14 +290,14 @@ TEST(SafeFixes, MendWhatHasOneFixInOneCommand) {
 
 TEST(SafeFixes, LinkToTheFreshIdentifierOfARecordThatSharedIts) {
   KorrinProject project = KorrinProject::newDocument();
-  PlotItem wedge;
+  PlotItem wedge{};
   wedge.id = project.layers[0].id;
   wedge.kind = PlotItemKind::monitor;
   wedge.label = "Vocals";
   wedge.layerID = project.layers[0].id;
   wedge.size = {.width = 600, .height = 400};
   project.items.push_back(wedge);
-  MonitorMix mix;
+  MonitorMix mix{};
   mix.id = identifier(2);
   mix.name = "Vocals";
   mix.outputPatch = "Aux 1";
