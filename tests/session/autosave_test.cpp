@@ -14,25 +14,19 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "korrin/foundation/steady_time.h"
 #include "korrin/session/document_file.h"
 
 #include "tests/session/folder.h"
-#include "tests/support/sample_project.h"
+#include "tests/session/two_plots.h"
 
 namespace korrin {
 namespace {
 
 namespace fs = std::filesystem;
+using test::first;
+using test::second;
 using namespace std::chrono_literals;
-
-KorrinProject titled(const std::string& title) {
-  KorrinProject project = test::sampleProject();
-  project.metadata.title = title;
-  return project;
-}
-
-const KorrinProject first = titled("first");
-const KorrinProject second = titled("second");
 
 class AutosaveTest : public testing::Test {
  protected:
@@ -52,11 +46,13 @@ class AutosaveTest : public testing::Test {
 
 TEST_F(AutosaveTest, WritesTheLatestOnceNothingComesAnyMore) {
   Autosave autosave(recovery, 400ms);
+  const auto begin = steadyTime();
   autosave.note(first);
   autosave.note(second);
-  EXPECT_FALSE(fs::exists(recovery));
-  waitFor([&] { return fs::exists(recovery); });
-  EXPECT_EQ(recovered(), "second");
+  const bool wasWritten = fs::exists(recovery);
+  // A busy machine may let this thread wait for so long that writing is right.
+  EXPECT_TRUE(!wasWritten || steadyTime() - begin > 400ms);
+  waitFor([&] { return recovered() == "second"; });
   EXPECT_EQ(autosave.failure(), std::nullopt);
   EXPECT_EQ(folder.count(), 1u);
 }

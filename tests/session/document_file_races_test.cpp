@@ -11,24 +11,17 @@
 #include "korrin/session/document_file.h"
 
 #include "tests/session/folder.h"
-#include "tests/support/sample_project.h"
+#include "tests/session/two_plots.h"
 
 namespace korrin {
 namespace {
 
 namespace fs = std::filesystem;
 using test::contentOf;
-
-KorrinProject titled(const std::string& title) {
-  KorrinProject project = test::sampleProject();
-  project.metadata.title = title;
-  return project;
-}
-
-const KorrinProject first = titled("first");
-const KorrinProject second = titled("second");
-const std::string firstBytes = bytesToSave(first);
-const std::string secondBytes = bytesToSave(second);
+using test::first;
+using test::firstBytes;
+using test::second;
+using test::secondBytes;
 
 TEST(DocumentFile, LetsExactlyOneOfManySaversMakeAFile) {
   for (int round = 0; round < 20; ++round) {

@@ -7,6 +7,7 @@
 
 #include "korrin/foundation/same_bits.h"
 
+#include "tests/session/applied.h"
 #include "tests/support/laws.h"
 #include "tests/support/sample_project.h"
 
@@ -14,21 +15,11 @@ namespace korrin {
 namespace {
 
 using namespace test::sample;
+using test::after;
 using test::identifier;
+using test::itemOf;
 using test::sampleProject;
 using test::TestEnvironment;
-
-KorrinProject after(KorrinProject project, const std::optional<DocumentCommand>& command) {
-  if (command) command->apply(project, TestEnvironment());
-  return project;
-}
-
-const PlotItem& itemOf(const KorrinProject& project, UUID id) {
-  for (const PlotItem& item : project.items)
-    if (item.id == id) return item;
-  ADD_FAILURE() << "there is no item " << id.text();
-  return project.items[0];
-}
 
 void turn(PlotItem& item) { item.rotationDegrees += 90; }
 

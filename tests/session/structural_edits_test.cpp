@@ -12,6 +12,7 @@
 
 #include "korrin/foundation/same_bits.h"
 
+#include "tests/session/applied.h"
 #include "tests/support/effort.h"
 #include "tests/support/laws.h"
 #include "tests/support/random_edits.h"
@@ -21,23 +22,13 @@ namespace korrin {
 namespace {
 
 using namespace test::sample;
+using test::after;
 using test::identifier;
 using test::instant;
+using test::itemOf;
 using test::microphone;
 using test::sampleProject;
 using test::TestEnvironment;
-
-KorrinProject after(KorrinProject project, const std::optional<DocumentCommand>& command) {
-  if (command) command->apply(project, TestEnvironment());
-  return project;
-}
-
-PlotItem itemOf(const KorrinProject& project, UUID id) {
-  for (const PlotItem& item : project.items)
-    if (item.id == id) return item;
-  ADD_FAILURE() << "there is no item " << id.text();
-  return microphone(id);
-}
 
 bool holds(const KorrinProject& project, UUID id) {
   for (const PlotItem& item : project.items)
