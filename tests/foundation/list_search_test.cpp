@@ -220,11 +220,11 @@ TEST(ListSearch, FindsEachElementBehindOthersThatCameOrWent) {
 
 TEST(ListSearch, MarksListsOfIdentifiersWithAllBitsAlike) {
   std::array<int, 32> identifiers{};
-  for (std::uint64_t i = 0; i < 3200; ++i)
+  for (std::uint64_t i = 0; i < 32'000; ++i)
     for (std::size_t bit = 0; bit < 32; ++bit)
       identifiers[bit] += static_cast<int>(detail::FilterMark::of(identifier(i)) >> bit & 1);
   // Two bits of 32 for each, and one where they meet.
-  EXPECT_THAT(identifiers, testing::Each(testing::AllOf(testing::Gt(150), Lt(250))));
+  EXPECT_THAT(identifiers, testing::Each(testing::AllOf(testing::Gt(1650), Lt(2350))));
 }
 
 TEST(ListSearch, PassesOverElementsThatWereEditedBeforeTheirLeafWasCopied) {
@@ -232,14 +232,15 @@ TEST(ListSearch, PassesOverElementsThatWereEditedBeforeTheirLeafWasCopied) {
   for (std::size_t i = 0; i < list.size(); ++i) list.edit(i).id = identifier(10'000 + i);
   const List<Symbol> copy = list;
   for (std::size_t i = 0; i < list.size(); i += 64) list.edit(i).id = identifier(20'000 + i);
-  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(150u)));
+  // One in 128 or 255 others by chance, and one open slot a leaf.
+  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(300u)));
 }
 
 TEST(ListSearch, PassesOverElementsThatWereReplacedOneByOne) {
   List<Symbol> list = symbols(64 * 100);
   for (std::size_t i = 0; i < list.size(); i += 3)
     list.replace(i, {.id = identifier(10'000 + i), .colour = 1});
-  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(50u)));
+  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(150u)));
   EXPECT_THAT(candidates(list, identifier(10'003)), testing::Contains(3u));
 }
 
@@ -263,7 +264,12 @@ TEST(ListSearch, FindsEveryListThatHoldsTheIdentifierOrIsEmpty) {
     for (const UUID& member : bundles[i].members)
       ASSERT_THAT(candidates(bundles, member), testing::IsSupersetOf({i, std::size_t{200}}));
   }
-  EXPECT_THAT(candidates(bundles, identifier(1'000'000)), SizeIs(Lt(80u)));
+  // An absent identifier is found in 5 % of the bundles, or in 21 % if its two bits are one: the
+  // mean over many says what a single one, under a hash of another key each time, cannot.
+  std::size_t found = 0;
+  for (std::uint64_t absent = 0; absent < 500; ++absent)
+    found += candidates(bundles, identifier(1'000'000 + absent)).size() - 1;
+  EXPECT_LT(found / 500, 50u);
 }
 
 // Whoever chooses identifiers alike gains no more than that each element is looked at.
