@@ -46,6 +46,7 @@ Inspector::Inspector(OpenPlot& plot, QWidget* parent)
   bold.setBold(true);
   heading_->setFont(bold);
   heading_->setContentsMargins(10, 8, 10, 0);
+  heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   hint_->setWordWrap(true);
   hint_->setAlignment(Qt::AlignTop);
   hint_->setContentsMargins(10, 12, 10, 0);
@@ -54,6 +55,8 @@ Inspector::Inspector(OpenPlot& plot, QWidget* parent)
   area_->setWidgetResizable(true);
   area_->setMinimumWidth(form_->minimumSizeHint().width() +
                          style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+  // The stage must not jump when a selection brings the fields up.
+  setMinimumWidth(area_->minimumWidth());
   area_->setFrameShape(QFrame::NoFrame);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* layout = new QVBoxLayout(this);
