@@ -14,7 +14,6 @@
 #include <QTreeWidget>
 #include <algorithm>
 #include <cmath>
-#include <map>
 
 #include "korrin/coding/json.h"
 #include "korrin/model/document_coding.h"
@@ -27,55 +26,12 @@
 #include "editor/panels/symbol_palette.h"
 #include "tests/editor/support/answers.h"
 #include "tests/editor/support/hands.h"
+#include "tests/editor/support/plots.h"
 
 namespace korrin::editor {
 namespace {
 
 using namespace test;
-
-// A clock that stands still and identifiers that count up: two evenings are the same.
-Environment evening() {
-  return {.now = [] { return Instant{} + std::chrono::hours(24 * 365 * 50); },
-          .makeUUID =
-              [made = std::uint32_t{0}]() mutable {
-                UUID::Bytes bytes{};
-                ++made;
-                for (std::size_t i = 0; i < 4; ++i)
-                  bytes[15 - i] = static_cast<std::uint8_t>(made >> (8 * i));
-                return UUID(bytes);
-              }};
-}
-
-// The document with its identifiers numbered as they come: two plots from one template agree.
-QString withoutIdentifiers(const KorrinProject& project) {
-  static const QRegularExpression identifier("[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}");
-  const QString text = QString::fromStdString(encodeJSON(project, prettyPrinted));
-  std::map<QString, qsizetype> numbers;
-  QString result;
-  qsizetype end = 0;
-  for (auto found = identifier.globalMatch(text); found.hasNext();) {
-    const auto match = found.next();
-    const qsizetype number =
-        numbers.emplace(match.captured(), qsizetype(numbers.size())).first->second;
-    result += text.mid(end, match.capturedStart() - end) + '#' + QString::number(number);
-    end = match.capturedEnd();
-  }
-  return result + text.mid(end);
-}
-
-// What differs, for who reads the log of a failure.
-bool areEqual(const KorrinProject& actual, const KorrinProject& expected) {
-  if (actual == expected) return true;
-  const QStringList is = QString::fromStdString(encodeJSON(actual, prettyPrinted)).split('\n');
-  const QStringList shouldBe =
-      QString::fromStdString(encodeJSON(expected, prettyPrinted)).split('\n');
-  int left = 5;
-  for (qsizetype i = 0; i < std::min(is.size(), shouldBe.size()) && left > 0; ++i)
-    if (is[i] != shouldBe[i] && left-- > 0)
-      qWarning("line %d is %s and should be %s", int(i), qPrintable(is[i]),
-               qPrintable(shouldBe[i]));
-  return false;
-}
 
 class EveningTest : public QObject {
   Q_OBJECT
@@ -86,7 +42,7 @@ class EveningTest : public QObject {
     QCoreApplication::setOrganizationName("KorrinTests");
     QCoreApplication::setApplicationName("evening");
     QSettings().clear();
-    window = std::make_unique<MainWindow>(evening());
+    window = std::make_unique<MainWindow>(repeatable());
     window->show();
     QVERIFY(activate(*window));
   }
@@ -117,8 +73,8 @@ class EveningTest : public QObject {
     press(QKeySequence::New);
     QVERIFY(choosing.wasAsked() && activate(*window));
     states = {project()};
-    QCOMPARE(withoutIdentifiers(project()),
-             withoutIdentifiers(KorrinProject::template_(KorrinTemplateID::powerTrio, evening())));
+    QCOMPARE(withoutIdentifiers(project()), withoutIdentifiers(KorrinProject::template_(
+                                                KorrinTemplateID::powerTrio, repeatable())));
   }
 
   void dropASymbol() {
