@@ -5,7 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QPointer>
+#include <QMouseEvent>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
