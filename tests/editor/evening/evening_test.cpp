@@ -182,8 +182,9 @@ class EveningTest : public QObject {
     click(tabOf(*window, "Findings"));
     auto* panel = window->findChild<FindingsPanel*>();
     auto* list = panel->findChild<QTreeWidget*>();
-    QTRY_VERIFY(!panel->findings().empty() &&
-                panel->findings().front().severity == PreflightSeverity::error);
+    QTRY_VERIFY_WITH_TIMEOUT(!panel->findings().empty() &&
+                                 panel->findings().front().severity == PreflightSeverity::error,
+                             60'000);
     click(cellOf(*list, list->model()->index(0, 1)));
     const auto buttons = panel->findChildren<QAbstractButton*>();
     const auto fix = std::find_if(buttons.begin(), buttons.end(),

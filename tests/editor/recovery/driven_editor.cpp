@@ -1,12 +1,13 @@
 // The editor, driven by lines on its standard input, so that a test can kill it:
 //
-//     edit        moves all items by the arrow key, and prints the plot as it is then
+//     edit        moves the next item by the arrow key, and prints the plot as it is then
 //     undo        takes the last edit back, and prints the plot
 //     document    prints the plot
 //
 // A plot is printed as one line. Templates and recoveries that are offered are taken; what comes
 // before that waits until there is no question left.
 
+#include <QMenu>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <iostream>
@@ -32,7 +33,6 @@ int main(int argc, char** argv) {
     dialog.findChild<QAbstractButton*>("create")->click();
   });
   begin(window, QApplication::arguments().value(1));
-  window.activateWindow();
 
   QSocketNotifier input(0, QSocketNotifier::Read);
   input.setEnabled(false);
@@ -42,12 +42,10 @@ int main(int argc, char** argv) {
     if (QApplication::activeModalWidget() != nullptr) return;  // The line is still there later.
     std::string line;
     if (!std::getline(std::cin, line)) return QApplication::quit();
-    QWidget* stage = window.canvas().viewport();
     if (line == "edit") {
-      QTest::keySequence(stage, QKeySequence::SelectAll);
-      QTest::keyClick(&window.canvas(), Qt::Key_Right);
+      for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Right}) QTest::keyClick(&window.canvas(), key);
     } else if (line == "undo") {
-      QTest::keySequence(stage, QKeySequence::Undo);
+      window.editMenu().actions().front()->trigger();
     }
     std::cout << korrin::encodeJSON(window.plot().project()) << std::endl;
   });

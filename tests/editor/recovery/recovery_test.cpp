@@ -86,6 +86,7 @@ class RecoveryTest : public QObject {
     {
       DrivenEditor editor(home->path(), {path});
       states.push_back(editor.ask("edit"));
+      QVERIFY(timeless(states.front()) != timeless(trio()));
       QTRY_VERIFY_WITH_TIMEOUT(keptAt(place) == states.front(), patience);
       for (int i = 0; i < 20; ++i) states.push_back(editor.ask("edit"));
       editor.kill();

@@ -53,7 +53,7 @@ inline void type(const char* text) {
 /// at the beginning, and after each dialog.
 inline bool activate(QWidget& window) {
   window.activateWindow();
-  return QTest::qWaitForWindowActive(&window);
+  return QTest::qWaitForWindowActive(&window, 60'000);
 }
 
 /// Drags within one widget, by several moves.
