@@ -44,6 +44,10 @@ class Canvas : public QGraphicsView {
   using Drop = std::function<void(const QByteArray& data, const UUID& itemID)>;
   void acceptOnItems(const QString& mimeType, Drop drop) { drops_[mimeType] = std::move(drop); }
 
+  /// Files that are dropped from a file manager: `drop` gets their paths and the place on stage.
+  using FileDrop = std::function<void(const QStringList& paths, const QPointF& place)>;
+  void acceptFiles(FileDrop drop) { fileDrop_ = std::move(drop); }
+
   /// What a right click opens; the menu is the caller's.
   void setContextMenu(QMenu* menu) { contextMenu_ = menu; }
 
@@ -103,6 +107,7 @@ class Canvas : public QGraphicsView {
   void placeRulers();
   std::optional<UUID> itemAt(const QPointF& point) const;
   const QString* dropTypeOf(const QMimeData& dragged) const;
+  bool takesFiles(const QMimeData& dragged) const;
   QPointF onStage(const QPoint& at) const { return mapToScene(at); }
 
   OpenPlot& plot_;
@@ -115,6 +120,7 @@ class Canvas : public QGraphicsView {
   QMenu* contextMenu_ = nullptr;
   std::vector<QGraphicsLineItem*> guideLines_;
   std::map<QString, Drop> drops_;
+  FileDrop fileDrop_;
   std::optional<Press> press_;
   std::unique_ptr<Drag> drag_;
   bool isSpaceDown_ = false;

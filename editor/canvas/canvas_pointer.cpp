@@ -7,6 +7,8 @@
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QScrollBar>
+#include <QTimer>
+#include <QUrl>
 #include <QWheelEvent>
 #include <cmath>
 
@@ -20,6 +22,14 @@ namespace korrin::editor {
 namespace {
 
 constexpr double reachPixels = 7;
+
+// Of files on this computer.
+QStringList pathsOf(const QMimeData& dragged) {
+  QStringList paths;
+  for (const QUrl& url : dragged.urls())
+    if (url.isLocalFile()) paths += url.toLocalFile();
+  return paths;
+}
 
 }  // namespace
 
@@ -197,13 +207,19 @@ const QString* Canvas::dropTypeOf(const QMimeData& dragged) const {
   return nullptr;
 }
 
+bool Canvas::takesFiles(const QMimeData& dragged) const {
+  return fileDrop_ && dragged.hasUrls() && !pathsOf(dragged).isEmpty();
+}
+
 void Canvas::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasFormat(symbolType) || dropTypeOf(*event->mimeData()) != nullptr)
+  const QMimeData& dragged = *event->mimeData();
+  if (dragged.hasFormat(symbolType) || dropTypeOf(dragged) != nullptr || takesFiles(dragged))
     event->acceptProposedAction();
 }
 
 void Canvas::dragMoveEvent(QDragMoveEvent* event) {
-  const bool isSymbol = event->mimeData()->hasFormat(symbolType);
+  // These find their place anywhere; all else is for an item.
+  const bool isSymbol = event->mimeData()->hasFormat(symbolType) || takesFiles(*event->mimeData());
   const std::optional<UUID> under =
       isSymbol ? std::nullopt : itemAt(onStage(event->position().toPoint()));
   if (under) plot_.select({*under});
@@ -219,6 +235,11 @@ void Canvas::dropEvent(QDropEvent* event) {
   } else if (const QString* type = dropTypeOf(*event->mimeData())) {
     if (const std::optional<UUID> id = itemAt(point))
       drops_.at (*type)(event->mimeData()->data(*type), *id);
+  } else if (takesFiles(*event->mimeData())) {
+    // The program that files are dragged from waits until this event is over.
+    QTimer::singleShot(
+        0, this, [this, paths = pathsOf(*event->mimeData()), point] { fileDrop_(paths, point); });
+    setFocus();
   }
   event->setDropAction(Qt::CopyAction);
   event->accept();

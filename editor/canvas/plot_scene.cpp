@@ -6,11 +6,13 @@
 
 namespace korrin::editor {
 
-PlotScene::PlotScene(OpenPlot& plot, QObject* parent) : QGraphicsScene(parent), plot_(plot) {
+PlotScene::PlotScene(OpenPlot& plot, QObject* parent)
+    : QGraphicsScene(parent), plot_(plot), pictures_(plot.artwork()) {
   // Items move all the time; keeping an index of them costs more than it saves.
   setItemIndexMethod(NoIndex);
   connect(&plot_, &OpenPlot::replaced, this, &PlotScene::showAll);
   connect(&plot_, &OpenPlot::changed, this, &PlotScene::showChanges);
+  connect(&plot_.artwork(), &PlotArtwork::arrived, this, &PlotScene::showArtwork);
   showAll();
 }
 
@@ -72,6 +74,11 @@ void PlotScene::showUnnamed() {
     if (view == views_.end() || view->second->plotItem() != item) showItem(item);
   }
   std::erase_if(views_, [&](const auto& entry) { return !present.contains(entry.first); });
+}
+
+void PlotScene::showArtwork(const Text& sha256) {
+  for (const auto& [id, view] : views_)
+    if (view->plotItem().assetID == sha256) view->redraw(pictures_);
 }
 
 void PlotScene::showOrder() {

@@ -33,6 +33,7 @@ class PlotScene : public QGraphicsScene {
   /// Returns whether its place among the others may be another.
   bool showItem(const PlotItem& item);
   void showUnnamed();
+  void showArtwork(const Text& sha256);
   void showOrder();
   void showStage();
 

@@ -98,6 +98,11 @@ void SymbolView::show(const PlotItem& item, SymbolPictures& pictures) {
   label_->show(item);
 }
 
+void SymbolView::redraw(SymbolPictures& pictures) {
+  picture_ = pictures.pictureOf(item_);
+  update();
+}
+
 void SymbolView::setPlace(int place) {
   setZValue(place);
   label_->setZValue(labelsBegin + place);

@@ -40,6 +40,8 @@ class SymbolView : public QGraphicsItem {
 
   /// Takes the item's new state; draws anew only what that changes.
   void show(const PlotItem& item, SymbolPictures& pictures);
+  /// Draws it anew: its image has come.
+  void redraw(SymbolPictures& pictures);
   const PlotItem& plotItem() const { return item_; }
   LabelView& label() { return *label_; }
 

@@ -1,5 +1,6 @@
 #include "editor/files/plot_files.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,6 +15,7 @@
 #include "editor/files/file_questions.h"
 #include "editor/files/paths.h"
 #include "editor/files/recent_files.h"
+#include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -41,7 +43,9 @@ PlotFiles::PlotFiles(OpenPlot& plot, QWidget* window, const QString& folder)
     : QObject(window),
       plot_(plot),
       window_(window),
-      safetyCopy_(new SafetyCopy(plot, folder, this)) {}
+      safetyCopy_(new SafetyCopy(plot, folder, this)) {
+  plot_.artwork().setSharedFolder(toPath(folder + "/assets"));
+}
 
 QString PlotFiles::defaultFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/unsaved";
@@ -54,11 +58,21 @@ QString PlotFiles::name() const {
 }
 
 void PlotFiles::start(const QString& path) {
+  sweep();
   if (!path.isEmpty()) {
     open(path);
     return;
   }
   if (!recoverLeftBehind()) begin();
+}
+
+void PlotFiles::sweep() {
+  if (!plot_.history().isSaved() || !safetyCopy_->isAlone()) return;
+  const QDir shared(pathText(plot_.artwork().sharedFolder()));
+  const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
+  const QFileInfoList images = shared.entryInfoList(QDir::Files);
+  for (const QFileInfo& image : images)
+    if (image.lastModified() < yesterday) QFile::remove(image.absoluteFilePath());
 }
 
 bool PlotFiles::recoverLeftBehind() {
@@ -217,6 +231,8 @@ bool PlotFiles::saveTo(const QString& path) {
 
 bool PlotFiles::write(DocumentFile& file, bool asks) {
   const QString path = pathText(file.path());
+  // First, so that no saved plot lacks an image that was there.
+  const std::vector<std::string> leftOut = plot_.artwork().bringTo(file.path());
   try {
     if (asks)
       file.save(plot_.project());
@@ -253,6 +269,10 @@ bool PlotFiles::write(DocumentFile& file, bool asks) {
   for (const std::string& remark : file.notKept())
     sentence += ' ' + plain(QString::fromStdString(remark));
   Q_EMIT said(sentence);
+  if (!leftOut.empty())
+    tellFailure(window_, tr("The plot is saved, but not all of its images"),
+                plain(QString::fromStdString(leftOut.front())) + ' ' +
+                    tr("Make room in the plot's folder, or save the plot in another one."));
   return true;
 }
 

@@ -39,6 +39,10 @@ class PlotFiles : public QObject {
   /// Whether the window may forget the plot: it is saved, or the user said so.
   bool mayForget();
 
+  /// Removes the images that were kept for plots without a file or for the clipboard, where nobody
+  /// can need them any more.
+  void sweep();
+
   SafetyCopy& safetyCopy() { return *safetyCopy_; }
 
  Q_SIGNALS:

@@ -59,6 +59,16 @@ std::vector<Recovery> SafetyCopy::leftBehind() const {
   return found;
 }
 
+bool SafetyCopy::isAlone() const {
+  for (int number = 1; number <= maximumWithoutFile; ++number) {
+    const std::filesystem::path place = placeWithoutFile(number);
+    if (place == document_) continue;
+    if (QFileInfo::exists(pathText(recoveryFileFor(place))) || !lockOf(place)->tryLock(0))
+      return false;
+  }
+  return true;
+}
+
 void SafetyCopy::discard(const Recovery& recovery) {
   std::error_code ignored;  // It is offered once more then, which does no harm.
   std::filesystem::remove(recovery.file, ignored);

@@ -35,6 +35,10 @@ class SafetyCopy : public QObject {
   /// Plots without a file that a crash left behind, those of running editors not among them.
   std::vector<Recovery> leftBehind() const;
 
+  /// Whether this is the only plot without a file, among those of running editors and those that a
+  /// crash left behind.
+  bool isAlone() const;
+
   /// Removes such a plot, once it was taken over or given up.
   static void discard(const Recovery& recovery);
 

@@ -1147,5 +1147,101 @@
         <source>“%1” was made by a newer version</source>
         <translation>„%1“ stammt von einer neueren Version</translation>
     </message>
+    <message>
+        <source>The file is empty. Copy it again from where it came from.</source>
+        <translation>Die Datei ist leer. Kopieren Sie sie noch einmal von dort, wo sie herkommt.</translation>
+    </message>
+    <message>
+        <source>It is none of PNG, JPEG, GIF, BMP, TIFF, WebP, HEIF, AVIF and PDF. Export it as PNG and insert that.</source>
+        <translation>Es ist weder PNG, JPEG, GIF, BMP, TIFF, WebP, HEIF, AVIF noch PDF. Exportieren Sie es als PNG und fügen Sie das ein.</translation>
+    </message>
+    <message>
+        <source>The image is damaged, cut short or of a kind that is not read. Open it in a picture program and save it anew as PNG or JPEG.</source>
+        <translation>Das Bild ist beschädigt, abgeschnitten oder von einer Art, die nicht gelesen wird. Öffnen Sie es in einem Bildprogramm und speichern Sie es neu als PNG oder JPEG.</translation>
+    </message>
+    <message>
+        <source>The image has a side of 0 pixels. Export it again.</source>
+        <translation>Eine Seite des Bildes hat 0 Pixel. Exportieren Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>A side of the image is longer than %1 pixels. Make it smaller; 2000 pixels are plenty on paper.</source>
+        <translation>Eine Seite des Bildes ist länger als %1 Pixel. Verkleinern Sie es; 2000 Pixel reichen auf Papier bei weitem.</translation>
+    </message>
+    <message>
+        <source>The image has more than %1 pixels. Make it smaller; 2000 pixels a side are plenty on paper.</source>
+        <translation>Das Bild hat mehr als %1 Pixel. Verkleinern Sie es; 2000 Pixel je Seite reichen auf Papier bei weitem.</translation>
+    </message>
+    <message>
+        <source>The PDF needs a password, or is encrypted in a way that is not read. Save it without a password.</source>
+        <translation>Das PDF verlangt ein Passwort oder ist auf eine Art verschlüsselt, die nicht gelesen wird. Speichern Sie es ohne Passwort.</translation>
+    </message>
+    <message>
+        <source>The PDF is damaged, has no page, or takes too much work to read. Print it into a new PDF and insert that.</source>
+        <translation>Das PDF ist beschädigt, hat keine Seite oder ist zu aufwendig zu lesen. Drucken Sie es in ein neues PDF und fügen Sie das ein.</translation>
+    </message>
+    <message>
+        <source>The first page of the PDF has no usable size. Print it into a new PDF and insert that.</source>
+        <translation>Die erste Seite des PDF hat keine brauchbare Größe. Drucken Sie es in ein neues PDF und fügen Sie das ein.</translation>
+    </message>
+    <message>
+        <source>The first page of the PDF is larger than %1 points. Print it on smaller paper.</source>
+        <translation>Die erste Seite des PDF ist größer als %1 Punkt. Drucken Sie es auf kleineres Papier.</translation>
+    </message>
+    <message>
+        <source>With it, the images of this plot would have more than %1 pixels together. Make it smaller, or delete another image.</source>
+        <translation>Mit ihm hätten die Bilder dieses Plans zusammen mehr als %1 Pixel. Verkleinern Sie es, oder löschen Sie ein anderes Bild.</translation>
+    </message>
+    <message>
+        <source>image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>It %1.</source>
+        <translation>Meldung: %1.</translation>
+    </message>
+    <message>
+        <source>It cannot be kept beside the plot: %1. Save the plot in another folder and insert it again.</source>
+        <translation>Es kann nicht neben dem Plan abgelegt werden: %1. Speichern Sie den Plan in einem anderen Ordner und fügen Sie es noch einmal ein.</translation>
+    </message>
+    <message>
+        <source>Insert Image</source>
+        <translation>Bild einfügen</translation>
+    </message>
+    <message>
+        <source>Insert Images</source>
+        <translation>Bilder einfügen</translation>
+    </message>
+    <message>
+        <source>Insert &amp;Image…</source>
+        <translation>B&amp;ild einfügen…</translation>
+    </message>
+    <message>
+        <source>Further files that were not inserted: %1</source>
+        <translation>Weitere Dateien, die nicht eingefügt wurden: %1</translation>
+    </message>
+    <message>
+        <source>The plot has no layer to put an image on. Add one in the panel Layers.</source>
+        <translation>Der Plan hat keine Ebene für ein Bild. Fügen Sie im Bereich Ebenen eine hinzu.</translation>
+    </message>
+    <message>
+        <source>“%1” is not inserted. %2</source>
+        <translation>„%1“ ist nicht eingefügt. %2</translation>
+    </message>
+    <message>
+        <source>Images and PDFs (*.png *.jpg *.jpeg *.gif *.bmp *.tif *.tiff *.webp *.heic *.heif *.avif *.pdf);;All files (*)</source>
+        <translation>Bilder und PDFs (*.png *.jpg *.jpeg *.gif *.bmp *.tif *.tiff *.webp *.heic *.heif *.avif *.pdf);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>An image is not there, or is not safe to show: a frame stands in its place. Put its file back beside the plot and open the plot again.</source>
+        <translation>Ein Bild ist nicht da oder nicht sicher zu zeigen: ein Rahmen steht an seiner Stelle. Legen Sie die Datei wieder neben den Plan und öffnen Sie den Plan noch einmal.</translation>
+    </message>
+    <message>
+        <source>The plot is saved, but not all of its images</source>
+        <translation>Der Plan ist gespeichert, aber nicht alle seine Bilder</translation>
+    </message>
+    <message>
+        <source>Make room in the plot's folder, or save the plot in another one.</source>
+        <translation>Schaffen Sie Platz im Ordner des Plans, oder speichern Sie den Plan in einem anderen.</translation>
+    </message>
 </context>
 </TS>

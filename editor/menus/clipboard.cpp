@@ -7,6 +7,8 @@
 
 #include "korrin/session/clipboard.h"
 
+#include "editor/plot/plot_artwork.h"
+
 namespace korrin::editor {
 namespace {
 
@@ -19,6 +21,8 @@ QString tr(const char* text) { return QCoreApplication::translate("Clipboard", t
 bool copySelection(const OpenPlot& plot) {
   const PlotFragment fragment = fragmentOf(plot.project(), plot.selection());
   if (fragment.items.empty()) return false;
+  // The images go where another window finds them. Without them it shows frames.
+  plot.artwork().bring(fragment.assetManifest, plot.artwork().sharedFolder());
   auto* data = new QMimeData;
   data->setData(fragmentType, QByteArray::fromStdString(encodeJSON(fragment)));
   QGuiApplication::clipboard()->setMimeData(data);
@@ -35,8 +39,11 @@ void pasteInto(OpenPlot& plot, const QPointF& shift) {
                        {.offset = {.x = shift.x(), .y = shift.y()}, .layerID = plot.activeLayer()},
                        plot.environment());
     if (!paste) return;
-    plot.perform(tr("Paste"), paste->command,
-                 {.select = IDSet(paste->itemIDs.begin(), paste->itemIDs.end())});
+    if (!plot.perform(tr("Paste"), paste->command,
+                      {.select = IDSet(paste->itemIDs.begin(), paste->itemIDs.end())}))
+      return;
+    for (const std::string& failure : plot.artwork().bringHere(fragment.assetManifest))
+      Q_EMIT plot.refused(QString::fromStdString(failure));
   } catch (const DecodingError& error) {
     Q_EMIT plot.refused(tr("The clipboard holds no part of a plot: %1").arg(error.what()));
   }

@@ -7,10 +7,12 @@
 
 #include "korrin/session/structural_edits.h"
 
+#include "editor/dialogs/insert_images.h"
 #include "editor/main_window.h"
 #include "editor/menus/clipboard.h"
 #include "editor/menus/live_actions.h"
 #include "editor/menus/menus.h"
+#include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -83,6 +85,22 @@ void addClipboard(MainWindow& window, LiveActions& actions) {
   window.toolBar().addSeparator();
 }
 
+void addImages(MainWindow& window, LiveActions& actions) {
+  OpenPlot& plot = window.plot();
+  actions.add(window.editMenu(), tr("Insert &Image…"), "picture", QKeySequence("Ctrl+Shift+I"),
+              [&window, &plot] { askForImages(plot, window.canvas().middle(), &window); });
+  QObject::connect(
+      &plot.artwork(), &PlotArtwork::arrived, &window, [&window, &plot](const Text& sha256) {
+        if (plot.artwork().isMissing(sha256))
+          window.say(
+              tr("An image is not there, or is not safe to show: a frame stands in its place. Put "
+                 "its file back beside the plot and open the plot again."));
+      });
+  window.canvas().acceptFiles([&window, &plot](const QStringList& paths, const QPointF& place) {
+    insertImages(plot, paths, place, &window);
+  });
+}
+
 }  // namespace
 
 void fillEditMenu(MainWindow& window, LiveActions& actions) {
@@ -92,6 +110,7 @@ void fillEditMenu(MainWindow& window, LiveActions& actions) {
   menu.addSeparator();
   addClipboard(window, actions);
   menu.addSeparator();
+  addImages(window, actions);
   actions.add(
       menu, tr("Edit &Label"), "label", QKeySequence("F2"),
       [&window] { window.canvas().editLabel(); }, [&plot] { return plot.selection().size() == 1; });

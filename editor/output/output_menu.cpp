@@ -16,6 +16,7 @@
 #include "editor/main_window.h"
 #include "editor/menus/live_actions.h"
 #include "editor/output/sheets.h"
+#include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -24,6 +25,15 @@ namespace {
 constexpr int pictureWidth = 3200;  // pixels: sharp on any screen
 
 QString tr(const char* text) { return QCoreApplication::translate("Output", text); }
+
+// Qt's painter draws fewer kinds of images than those who look at SVG.
+enum class Drawn { byOthers, byPainter };
+
+PrintedWith printedWith(const OpenPlot& plot, Drawn drawn) {
+  const PlotArtwork& artwork = plot.artwork();
+  return {.artwork =
+              drawn == Drawn::byPainter ? artwork.bytesForPainting() : artwork.bytesForFiles()};
+}
 
 // Beside the plot, under its name.
 QString suggestion(const OpenPlot& plot, const QString& ending) {
@@ -56,9 +66,11 @@ void askAndSave(MainWindow& window, const QString& title, const QString& filter,
 }
 
 void savePdf(MainWindow& window) {
-  askAndSave(
-      window, tr("Export Sheets as PDF"), tr("PDF (*.pdf)"), ".pdf",
-      [&window](const QString& name) { write(window, name, pdfOf(window.plot().project())); });
+  askAndSave(window, tr("Export Sheets as PDF"), tr("PDF (*.pdf)"), ".pdf",
+             [&window](const QString& name) {
+               write(window, name,
+                     pdfOf(window.plot().project(), printedWith(window.plot(), Drawn::byPainter)));
+             });
 }
 
 // A file for each sheet, numbered where there are several.
@@ -66,7 +78,8 @@ void saveSvg(MainWindow& window) {
   askAndSave(window, tr("Export Sheets as SVG"), tr("SVG (*.svg)"), ".svg",
              [&window](const QString& name) {
                const QFileInfo info(name);
-               const std::vector<std::string> sheets = sheetsOf(window.plot().project());
+               const std::vector<std::string> sheets =
+                   sheetsOf(window.plot().project(), printedWith(window.plot(), Drawn::byOthers));
                for (std::size_t i = 0; i < sheets.size(); ++i) {
                  const QString numbered =
                      QString("%1/%2-%3.svg").arg(info.path(), info.completeBaseName()).arg(i + 1);
@@ -82,7 +95,9 @@ void savePicture(MainWindow& window) {
                QByteArray bytes;
                QBuffer buffer(&bytes);
                buffer.open(QIODevice::WriteOnly);
-               pictureOfStage(window.plot().project(), pictureWidth).save(&buffer, "PNG");
+               pictureOfStage(window.plot().project(), pictureWidth,
+                              printedWith(window.plot(), Drawn::byPainter))
+                   .save(&buffer, "PNG");
                write(window, name, bytes);
              });
 }
@@ -92,8 +107,10 @@ void preview(MainWindow& window) {
   setPaper(printer, window.plot().project());
   QPrintPreviewDialog dialog(&printer, &window);
   dialog.resize(1100, 800);
-  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                   [&window](QPrinter* onto) { printSheets(*onto, window.plot().project()); });
+  QObject::connect(
+      &dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&window](QPrinter* onto) {
+        printSheets(*onto, window.plot().project(), printedWith(window.plot(), Drawn::byPainter));
+      });
   dialog.exec();
 }
 
@@ -101,7 +118,8 @@ void print(MainWindow& window) {
   QPrinter printer(QPrinter::HighResolution);
   setPaper(printer, window.plot().project());
   QPrintDialog dialog(&printer, &window);
-  if (dialog.exec() == QDialog::Accepted) printSheets(printer, window.plot().project());
+  if (dialog.exec() == QDialog::Accepted)
+    printSheets(printer, window.plot().project(), printedWith(window.plot(), Drawn::byPainter));
 }
 
 }  // namespace

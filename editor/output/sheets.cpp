@@ -9,16 +9,14 @@
 
 #include <QtPrintSupport/QPrinter>
 
-#include "korrin/drawing/plot_drawing.h"
-
 #include "editor/look/painted_svg.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
 namespace {
 
-DrawingOptions optionsOfHere() {
-  DrawingOptions options;
+DrawingOptions optionsFor(const PrintedWith& with) {
+  DrawingOptions options{.assetBytes = with.artwork};
   options.utcOffset = std::chrono::duration_cast<std::chrono::minutes>(
       std::chrono::seconds(QDateTime::currentDateTime().offsetFromUtc()));
   return options;
@@ -40,8 +38,8 @@ void paint(QPaintDevice& device, const std::vector<std::string>& sheets, NewPage
 
 }  // namespace
 
-std::vector<std::string> sheetsOf(const KorrinProject& project) {
-  return drawPages(project, optionsOfHere());
+std::vector<std::string> sheetsOf(const KorrinProject& project, const PrintedWith& with) {
+  return drawMarkedPages(project, with.marks, optionsFor(with));
 }
 
 void setPaper(QPagedPaintDevice& device, const KorrinProject& project) {
@@ -52,7 +50,7 @@ void setPaper(QPagedPaintDevice& device, const KorrinProject& project) {
                                    isDeep ? QPageLayout::Portrait : QPageLayout::Landscape, {}));
 }
 
-QByteArray pdfOf(const KorrinProject& project) {
+QByteArray pdfOf(const KorrinProject& project, const PrintedWith& with) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
@@ -61,12 +59,12 @@ QByteArray pdfOf(const KorrinProject& project) {
   writer.setResolution(dotsPerInch);
   writer.setTitle(toQString(project.metadata.title));
   setPaper(writer, project);
-  paint(writer, sheetsOf(project), [&writer] { writer.newPage(); });
+  paint(writer, sheetsOf(project, with), [&writer] { writer.newPage(); });
   return bytes;
 }
 
-QImage pictureOfStage(const KorrinProject& project, int pixels) {
-  QSvgRenderer renderer(paintedSvg(drawPlot(project, optionsOfHere())));
+QImage pictureOfStage(const KorrinProject& project, int pixels, const PrintedWith& with) {
+  QSvgRenderer renderer(paintedSvg(drawMarkedPlot(project, with.marks, optionsFor(with))));
   const QSizeF size =
       renderer.viewBoxF().size().scaled(QSizeF(pixels, pixels), Qt::KeepAspectRatio);
   QImage image(size.toSize().expandedTo({1, 1}), QImage::Format_RGB32);
@@ -77,9 +75,9 @@ QImage pictureOfStage(const KorrinProject& project, int pixels) {
   return image;
 }
 
-void printSheets(QPrinter& printer, const KorrinProject& project) {
+void printSheets(QPrinter& printer, const KorrinProject& project, const PrintedWith& with) {
   printer.setFullPage(true);
-  paint(printer, sheetsOf(project), [&printer] { printer.newPage(); });
+  paint(printer, sheetsOf(project, with), [&printer] { printer.newPage(); });
 }
 
 }  // namespace korrin::editor

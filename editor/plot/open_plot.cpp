@@ -5,6 +5,7 @@
 
 #include "korrin/validation/document_validation.h"
 
+#include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -12,7 +13,8 @@ namespace korrin::editor {
 OpenPlot::OpenPlot(Environment environment, QObject* parent)
     : QObject(parent),
       environment_(std::move(environment)),
-      history_(KorrinProject::newDocument(environment_)) {}
+      history_(KorrinProject::newDocument(environment_)),
+      artwork_(new PlotArtwork(*this)) {}
 
 void OpenPlot::begin(KorrinProject project, std::optional<DocumentFile> file) {
   history_ = EditHistory(std::move(project));

@@ -12,6 +12,8 @@
 
 namespace korrin::editor {
 
+class PlotArtwork;
+
 /// What an edit may say beside its name.
 struct EditOptions {
   std::optional<IDSet> select = {};  ///< What is selected afterwards; absent: what was before.
@@ -40,6 +42,9 @@ class OpenPlot : public QObject {
   void setFile(DocumentFile file);
   /// To be called after every save.
   void markSaved();
+
+  /// The images that the plot shows.
+  PlotArtwork& artwork() const { return *artwork_; }
 
   const IDSet& selection() const { return selection_; }
   /// Of these, the items that may be selected (see `KorrinProject::canSelectItem`).
@@ -98,6 +103,7 @@ class OpenPlot : public QObject {
   std::optional<DocumentFile> file_;
   IDSet selection_;
   std::optional<UUID> activeLayer_;
+  PlotArtwork* artwork_;
 };
 
 }  // namespace korrin::editor
