@@ -15,7 +15,9 @@
 #include "editor/canvas/label_editor.h"
 #include "editor/canvas/ruler.h"
 #include "editor/canvas/stage_ground.h"
+#include "editor/languages/library_texts.h"
 #include "editor/look/theme.h"
+#include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
 
@@ -106,10 +108,12 @@ void Canvas::addSymbol(std::string_view assetID, const QPointF& place) {
   const std::optional<UUID> layer = plot_.activeLayer();
   for (const Symbol& symbol : builtInSymbols()) {
     if (symbol.assetID != assetID || !layer) continue;
-    const PlotItem item = makeItem(symbol, {.x = std::round(place.x()), .y = std::round(place.y())},
-                                   *layer, plot_.environment());
-    plot_.perform(tr("Add %1").arg(QString::fromUtf8(symbol.name.data())),
-                  DocumentCommand::insertItems({item}), {.select = IDSet{item.id}});
+    const QString name = inUsersLanguage(symbol.name);
+    PlotItem item = makeItem(symbol, {.x = std::round(place.x()), .y = std::round(place.y())},
+                             *layer, plot_.environment());
+    item.label = toText(name);
+    plot_.perform(tr("Add %1").arg(name), DocumentCommand::insertItems({item}),
+                  {.select = IDSet{item.id}});
     return;
   }
 }

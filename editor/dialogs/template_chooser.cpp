@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "editor/dialogs/plot_picture.h"
+#include "editor/languages/library_texts.h"
 
 namespace korrin::editor {
 namespace {
@@ -24,10 +25,6 @@ QPixmap thumbnailOf(const KorrinProject& project, qreal pixelRatio) {
   options.patchNumbers = false;
   options.scaleBar = false;
   return pictureOf(project, thumbnailSize, pixelRatio, options);
-}
-
-QString toQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), qsizetype(text.size()));
 }
 
 }  // namespace
@@ -73,7 +70,8 @@ TemplateChooser::TemplateChooser(Environment environment, QWidget* parent)
   add(KorrinProject::newDocument(environment_), tr("Empty Stage"),
       tr("A stage of 12 m by 8 m with nothing on it."), emptyStage);
   for (const KorrinTemplate& one : KorrinTemplate::all())
-    add(one.project, toQString(title(one.id)), toQString(korrin::summary(one.id)), int(one.id));
+    add(one.project, inUsersLanguage(title(one.id)), inUsersLanguage(korrin::summary(one.id)),
+        int(one.id));
   list_->setCurrentRow(0);
   list_->setFocus();
   resize(3 * (thumbnailSize.width() + 28) + 80, 640);

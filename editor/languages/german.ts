@@ -196,12 +196,20 @@
         <translation>1 : %1</translation>
     </message>
     <message>
+        <source>A complete festival-ready plot with 11 inputs, three mixes, and production notes.</source>
+        <translation>Ein vollständiger Plan für Festivals mit 11 Eingängen, drei Mixen und Hinweisen zur Produktion.</translation>
+    </message>
+    <message>
         <source>A finding is accepted for a reason. Nothing was changed.</source>
         <translation>Ein Befund wird aus einem Grund hingenommen. Nichts wurde geändert.</translation>
     </message>
     <message>
         <source>A stage of 12 m by 8 m with nothing on it.</source>
         <translation>Eine Bühne von 12 m mal 8 m, auf der nichts steht.</translation>
+    </message>
+    <message>
+        <source>A visible label helps venue teams read the plot.</source>
+        <translation>Mit einer sichtbaren Beschriftung liest das Haus den Plan leichter.</translation>
     </message>
     <message>
         <source>AUDIENCE</source>
@@ -220,6 +228,10 @@
         <translation>Hingenommen: %1</translation>
     </message>
     <message>
+        <source>Acoustic guitar</source>
+        <translation>Akustische Gitarre</translation>
+    </message>
+    <message>
         <source>Add</source>
         <translation>Hinzufügen</translation>
     </message>
@@ -230,6 +242,18 @@
     <message>
         <source>Add Layer</source>
         <translation>Ebene hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a source name to the input list.</source>
+        <translation>Tragen Sie die Quelle in die Eingangsliste ein.</translation>
+    </message>
+    <message>
+        <source>Add an output patch for %1.</source>
+        <translation>Tragen Sie einen Ausgang für %1 ein.</translation>
+    </message>
+    <message>
+        <source>Add an output patch for this mix.</source>
+        <translation>Tragen Sie einen Ausgang für diesen Mix ein.</translation>
     </message>
     <message>
         <source>Adds a layer above all others</source>
@@ -288,8 +312,20 @@
         <translation>Nach hin&amp;ten</translation>
     </message>
     <message>
+        <source>Bass amplifier</source>
+        <translation>Bassverstärker</translation>
+    </message>
+    <message>
         <source>Beginning</source>
         <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>Boom stand</source>
+        <translation>Galgenstativ</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
     </message>
     <message>
         <source>Category</source>
@@ -328,6 +364,14 @@
         <translation>Kanal</translation>
     </message>
     <message>
+        <source>Channel is below 1</source>
+        <translation>Kanal ist kleiner als 1</translation>
+    </message>
+    <message>
+        <source>Choir riser</source>
+        <translation>Chorpodest</translation>
+    </message>
+    <message>
         <source>Choose a colour</source>
         <translation>Eine Farbe wählen</translation>
     </message>
@@ -336,8 +380,16 @@
         <translation>Farbe</translation>
     </message>
     <message>
+        <source>Colour cannot be read</source>
+        <translation>Farbe ist nicht lesbar</translation>
+    </message>
+    <message>
         <source>Compare With</source>
         <translation>Vergleichen mit</translation>
+    </message>
+    <message>
+        <source>Consoles count their channels and mixes from 1.</source>
+        <translation>Pulte zählen ihre Kanäle und Mixe ab 1.</translation>
     </message>
     <message>
         <source>Create &amp;Plot</source>
@@ -354,6 +406,14 @@
     <message>
         <source>D&amp;uplicate</source>
         <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>DI box</source>
+        <translation>DI-Box</translation>
+    </message>
+    <message>
+        <source>DJ table</source>
+        <translation>DJ-Tisch</translation>
     </message>
     <message>
         <source>Dar&amp;k Colours</source>
@@ -388,12 +448,40 @@
         <translation>Nach unten</translation>
     </message>
     <message>
+        <source>Drum fill</source>
+        <translation>Drumfill</translation>
+    </message>
+    <message>
+        <source>Drum kit</source>
+        <translation>Schlagzeug</translation>
+    </message>
+    <message>
+        <source>Drums, bass, guitar, three mixes, and a practical festival input list.</source>
+        <translation>Schlagzeug, Bass, Gitarre, drei Mixe und eine brauchbare Eingangsliste für Festivals.</translation>
+    </message>
+    <message>
         <source>Duplicate</source>
         <translation>Duplizieren</translation>
     </message>
     <message>
+        <source>Duplicate input channel %1</source>
+        <translation>Eingangskanal %1 ist doppelt</translation>
+    </message>
+    <message>
+        <source>Duplicate monitor mix %1</source>
+        <translation>Monitormix %1 ist doppelt</translation>
+    </message>
+    <message>
         <source>E-mail</source>
         <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Each input channel must be unique.</source>
+        <translation>Jeder Eingangskanal darf nur einmal vorkommen.</translation>
+    </message>
+    <message>
+        <source>Each monitor mix number must be unique.</source>
+        <translation>Jede Nummer eines Monitormixes darf nur einmal vorkommen.</translation>
     </message>
     <message>
         <source>Edit</source>
@@ -404,12 +492,28 @@
         <translation>Be&amp;schriftung bearbeiten</translation>
     </message>
     <message>
+        <source>Electronic Duo</source>
+        <translation>Elektronik-Duo</translation>
+    </message>
+    <message>
+        <source>Embedded image is listed twice</source>
+        <translation>Eingebettetes Bild ist doppelt aufgeführt</translation>
+    </message>
+    <message>
+        <source>Embedded image is not used</source>
+        <translation>Eingebettetes Bild wird nicht benutzt</translation>
+    </message>
+    <message>
         <source>Empty Stage</source>
         <translation>Leere Bühne</translation>
     </message>
     <message>
         <source>Equipment</source>
         <translation>Ausstattung</translation>
+    </message>
+    <message>
+        <source>Equipment link is invalid</source>
+        <translation>Verknüpfung der Ausrüstung ist ungültig</translation>
     </message>
     <message>
         <source>Error</source>
@@ -444,6 +548,10 @@
         <translation>Befunde (%1)</translation>
     </message>
     <message>
+        <source>Five-Piece Band</source>
+        <translation>Fünfköpfige Band</translation>
+    </message>
+    <message>
         <source>Flip &amp;Horizontally</source>
         <translation>&amp;Waagerecht spiegeln</translation>
     </message>
@@ -460,6 +568,22 @@
         <translation>Möbel</translation>
     </message>
     <message>
+        <source>Give %1 channel %2</source>
+        <translation>%1: Kanal %2 zuweisen</translation>
+    </message>
+    <message>
+        <source>Give %1 number %2</source>
+        <translation>%1: Nummer %2 zuweisen</translation>
+    </message>
+    <message>
+        <source>Give the record in %1 with the identifier %2 a fresh one, its links following</source>
+        <translation>%1: Eintrag mit der Kennung %2 bekommt eine neue, seine Verknüpfungen folgen</translation>
+    </message>
+    <message>
+        <source>Grand piano</source>
+        <translation>Flügel</translation>
+    </message>
+    <message>
         <source>Grid</source>
         <translation>Raster</translation>
     </message>
@@ -468,8 +592,60 @@
         <translation>Raster anzeigen</translation>
     </message>
     <message>
+        <source>Group and symbol disagree</source>
+        <translation>Gruppe und Symbol widersprechen sich</translation>
+    </message>
+    <message>
+        <source>Group is empty</source>
+        <translation>Gruppe ist leer</translation>
+    </message>
+    <message>
+        <source>Group lists a symbol twice</source>
+        <translation>Gruppe führt ein Symbol doppelt auf</translation>
+    </message>
+    <message>
+        <source>Group lists an unknown symbol</source>
+        <translation>Gruppe führt ein unbekanntes Symbol auf</translation>
+    </message>
+    <message>
+        <source>Handrail</source>
+        <translation>Geländer</translation>
+    </message>
+    <message>
+        <source>Hidden layer holds symbols</source>
+        <translation>Ausgeblendete Ebene enthält Symbole</translation>
+    </message>
+    <message>
+        <source>Hide the label of %1</source>
+        <translation>%1: Beschriftung ausblenden</translation>
+    </message>
+    <message>
         <source>History</source>
         <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Horn stand</source>
+        <translation>Bläserpult</translation>
+    </message>
+    <message>
+        <source>Identifier is used in two lists</source>
+        <translation>Kennung steht in zwei Listen</translation>
+    </message>
+    <message>
+        <source>In-ear monitor</source>
+        <translation>In-Ear-Monitor</translation>
+    </message>
+    <message>
+        <source>Input is not placed</source>
+        <translation>Eingang steht nicht auf dem Plan</translation>
+    </message>
+    <message>
+        <source>Input link is invalid</source>
+        <translation>Verknüpfung des Eingangs ist ungültig</translation>
+    </message>
+    <message>
+        <source>Input source is missing</source>
+        <translation>Quelle des Eingangs fehlt</translation>
     </message>
     <message>
         <source>Inputs</source>
@@ -478,6 +654,10 @@
     <message>
         <source>Instrument</source>
         <translation>Instrument</translation>
+    </message>
+    <message>
+        <source>Invalid equipment quantity</source>
+        <translation>Ungültige Anzahl in der Ausrüstung</translation>
     </message>
     <message>
         <source>It asks for a program that reads version %1 of the format; this one reads up to version %2. The file is left as it is. Update this program, or ask whoever sent the plot for an older version of it.</source>
@@ -496,6 +676,14 @@
         <translation>Gegenstand</translation>
     </message>
     <message>
+        <source>Keep only the first entry of %1</source>
+        <translation>%1: nur den ersten Eintrag behalten</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>Keyboard</translation>
+    </message>
+    <message>
         <source>Kind</source>
         <translation>Art</translation>
     </message>
@@ -510,6 +698,10 @@
     <message>
         <source>Label size</source>
         <translation>Schriftgröße</translation>
+    </message>
+    <message>
+        <source>Laptop</source>
+        <translation>Laptop</translation>
     </message>
     <message>
         <source>Layer</source>
@@ -528,6 +720,10 @@
         <translation>Links und rechts vertauscht</translation>
     </message>
     <message>
+        <source>Let %1 list the symbols that name it</source>
+        <translation>%1: die Symbole aufführen, die sie nennen</translation>
+    </message>
+    <message>
         <source>Letter</source>
         <translation>Letter</translation>
     </message>
@@ -540,12 +736,20 @@
         <translation>Verknüpfen</translation>
     </message>
     <message>
+        <source>Link %1 to %2</source>
+        <translation>%1: verknüpfen mit %2</translation>
+    </message>
+    <message>
         <source>Link to Symbol</source>
         <translation>Mit Symbol verknüpfen</translation>
     </message>
     <message>
         <source>Links the selected rows to the symbol that is selected on the stage. Rows can be dragged onto a symbol as well.</source>
         <translation>Verknüpft die ausgewählten Zeilen mit dem Symbol, das auf der Bühne ausgewählt ist. Zeilen können auch auf ein Symbol gezogen werden.</translation>
+    </message>
+    <message>
+        <source>List each symbol of %1 once</source>
+        <translation>%1: jedes Symbol einmal aufführen</translation>
     </message>
     <message>
         <source>Loc&amp;k</source>
@@ -572,6 +776,10 @@
         <translation>Weg</translation>
     </message>
     <message>
+        <source>Mix number is below 1</source>
+        <translation>Nummer des Mixes ist kleiner als 1</translation>
+    </message>
+    <message>
         <source>Monitor</source>
         <translation>Monitor</translation>
     </message>
@@ -580,8 +788,24 @@
         <translation>Monitorwege</translation>
     </message>
     <message>
+        <source>Monitor link is invalid</source>
+        <translation>Verknüpfung des Monitormixes ist ungültig</translation>
+    </message>
+    <message>
+        <source>Monitor mix is not placed</source>
+        <translation>Monitormix steht nicht auf dem Plan</translation>
+    </message>
+    <message>
+        <source>Monitor output is missing</source>
+        <translation>Ausgang des Monitormixes fehlt</translation>
+    </message>
+    <message>
         <source>Move</source>
         <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Move %1 inside the stage, to x %2 mm, y %3 mm</source>
+        <translation>%1: auf die Bühne schieben, nach x %2 mm, y %3 mm</translation>
     </message>
     <message>
         <source>Move Layer Down</source>
@@ -590,6 +814,14 @@
     <message>
         <source>Move Layer Up</source>
         <translation>Ebene nach oben</translation>
+    </message>
+    <message>
+        <source>Move the symbol inside the stage boundary.</source>
+        <translation>Schieben Sie das Symbol auf die Bühne.</translation>
+    </message>
+    <message>
+        <source>Move the symbol until its turned corners are inside.</source>
+        <translation>Schieben Sie das Symbol, bis seine gedrehten Ecken auf der Bühne liegen.</translation>
     </message>
     <message>
         <source>Move to La&amp;yer</source>
@@ -616,6 +848,10 @@
         <translation>Schiebt die ausgewählten Zeilen nach oben</translation>
     </message>
     <message>
+        <source>Music stand</source>
+        <translation>Notenpult</translation>
+    </message>
+    <message>
         <source>Name</source>
         <translation>Name</translation>
     </message>
@@ -626,6 +862,10 @@
     <message>
         <source>New symbols go on this layer</source>
         <translation>Neue Symbole kommen auf diese Ebene</translation>
+    </message>
+    <message>
+        <source>No symbol shows this image.</source>
+        <translation>Kein Symbol zeigt dieses Bild.</translation>
     </message>
     <message>
         <source>Note</source>
@@ -642,6 +882,14 @@
     <message>
         <source>Nothing to mend.</source>
         <translation>Nichts zu beheben.</translation>
+    </message>
+    <message>
+        <source>Number is below 1</source>
+        <translation>Nummer ist kleiner als 1</translation>
+    </message>
+    <message>
+        <source>One identifier stands in %1.</source>
+        <translation>Dieselbe Kennung steht in: %1.</translation>
     </message>
     <message>
         <source>Only you can know what is right here</source>
@@ -684,8 +932,16 @@
         <translation>Einfügen</translation>
     </message>
     <message>
+        <source>Percussion</source>
+        <translation>Percussion</translation>
+    </message>
+    <message>
         <source>Performer</source>
         <translation>Musiker</translation>
+    </message>
+    <message>
+        <source>Person seated</source>
+        <translation>Sitzende Person</translation>
     </message>
     <message>
         <source>Picture of the plot</source>
@@ -708,6 +964,14 @@
         <translation>Strom</translation>
     </message>
     <message>
+        <source>Power Trio</source>
+        <translation>Power-Trio</translation>
+    </message>
+    <message>
+        <source>Power distribution</source>
+        <translation>Stromverteiler</translation>
+    </message>
+    <message>
         <source>Prepared by</source>
         <translation>Erstellt von</translation>
     </message>
@@ -716,8 +980,16 @@
         <translation>Druck&amp;vorschau …</translation>
     </message>
     <message>
+        <source>Put %1 on the first layer, %2</source>
+        <translation>%1: auf die erste Ebene legen, %2</translation>
+    </message>
+    <message>
         <source>Quantity</source>
         <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Quantity must be greater than zero.</source>
+        <translation>Die Anzahl muss größer als null sein.</translation>
     </message>
     <message>
         <source>Recover Unsaved Changes</source>
@@ -732,8 +1004,44 @@
         <translation>Entfernen</translation>
     </message>
     <message>
+        <source>Remove %1</source>
+        <translation>%1: entfernen</translation>
+    </message>
+    <message>
         <source>Remove Layer</source>
         <translation>Ebene entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the channel of %1</source>
+        <translation>%1: Kanal entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the colour of %1</source>
+        <translation>%1: Farbe entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the empty %1</source>
+        <translation>%1: leer, entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the link of %1 to a symbol that is not in the plot</source>
+        <translation>%1: Verknüpfung mit einem fehlenden Symbol entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the number of %1</source>
+        <translation>%1: Nummer entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the riser height of %1</source>
+        <translation>%1: Podesthöhe entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the unused %1</source>
+        <translation>%1: unbenutzt, entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the unused %1, all %2 entries</source>
+        <translation>%1: unbenutzt, alle %2 Einträge entfernen</translation>
     </message>
     <message>
         <source>Rename Layer</source>
@@ -754,6 +1062,14 @@
     <message>
         <source>Riser height</source>
         <translation>Podesthöhe</translation>
+    </message>
+    <message>
+        <source>Riser height is not a number</source>
+        <translation>Podesthöhe ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>Round-base stand</source>
+        <translation>Stativ mit Rundfuß</translation>
     </message>
     <message>
         <source>SVG (*.svg)</source>
@@ -812,6 +1128,22 @@
         <translation>Wählt das Symbol der Zeile aus</translation>
     </message>
     <message>
+        <source>Set the label of %1 to %2, the name of %3</source>
+        <translation>%1: Beschriftung %2 setzen, den Namen von %3</translation>
+    </message>
+    <message>
+        <source>Set the label of %1 to %2, the source of %3</source>
+        <translation>%1: Beschriftung %2 setzen, die Quelle von %3</translation>
+    </message>
+    <message>
+        <source>Set the quantity of %1 to 1</source>
+        <translation>%1: Anzahl auf 1 setzen</translation>
+    </message>
+    <message>
+        <source>Set the source of %1 to %2, the label of its symbol</source>
+        <translation>%1: Quelle %2 setzen, die Beschriftung des Symbols</translation>
+    </message>
+    <message>
         <source>Sheets</source>
         <translation>Blätter</translation>
     </message>
@@ -832,8 +1164,20 @@
         <translation>Ebene zeigen oder verbergen</translation>
     </message>
     <message>
+        <source>Show the %1</source>
+        <translation>%1: einblenden</translation>
+    </message>
+    <message>
         <source>Shown</source>
         <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Side fill</source>
+        <translation>Sidefill</translation>
+    </message>
+    <message>
+        <source>Solo Acoustic</source>
+        <translation>Solo akustisch</translation>
     </message>
     <message>
         <source>Source</source>
@@ -856,8 +1200,24 @@
         <translation>Bühnenpläne (*.json);;Alle Dateien (*)</translation>
     </message>
     <message>
+        <source>Stairs</source>
+        <translation>Treppe</translation>
+    </message>
+    <message>
         <source>Stand</source>
         <translation>Stativ</translation>
+    </message>
+    <message>
+        <source>Stereo playback, two performers, IEMs, vocal inputs, and clean power.</source>
+        <translation>Zuspielung in Stereo, zwei Personen, In-Ears, Gesangseingänge und sauberer Strom.</translation>
+    </message>
+    <message>
+        <source>Stool</source>
+        <translation>Hocker</translation>
+    </message>
+    <message>
+        <source>Sub-snake</source>
+        <translation>Stagebox</translation>
     </message>
     <message>
         <source>Supplied by</source>
@@ -866,6 +1226,26 @@
     <message>
         <source>Symbol</source>
         <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Symbol asset is missing</source>
+        <translation>Bild des Symbols fehlt</translation>
+    </message>
+    <message>
+        <source>Symbol is on no layer</source>
+        <translation>Symbol liegt auf keiner Ebene</translation>
+    </message>
+    <message>
+        <source>Symbol is outside the stage</source>
+        <translation>Symbol liegt außerhalb der Bühne</translation>
+    </message>
+    <message>
+        <source>Symbol label is empty</source>
+        <translation>Beschriftung des Symbols ist leer</translation>
+    </message>
+    <message>
+        <source>Symbol names a missing group</source>
+        <translation>Symbol nennt eine Gruppe, die es nicht gibt</translation>
     </message>
     <message>
         <source>Symbol without a label</source>
@@ -878,6 +1258,18 @@
     <message>
         <source>Symbols stand on this layer: %1. What becomes of them?</source>
         <translation>Symbole auf dieser Ebene: %1. Was wird aus ihnen?</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tisch</translation>
+    </message>
+    <message>
+        <source>Take %1 out of a group that does not exist</source>
+        <translation>%1: aus einer Gruppe nehmen, die es nicht gibt</translation>
+    </message>
+    <message>
+        <source>Take what is no symbol out of %1</source>
+        <translation>%1: herausnehmen, was kein Symbol ist</translation>
     </message>
     <message>
         <source>Takes the layer out</source>
@@ -900,8 +1292,20 @@
         <translation>Text</translation>
     </message>
     <message>
+        <source>The %1 is hidden and holds %2 symbols that will not be printed.</source>
+        <translation>%1 ist ausgeblendet und enthält %2 Symbole, die nicht gedruckt werden.</translation>
+    </message>
+    <message>
+        <source>The %1 is hidden and holds 1 symbol that will not be printed.</source>
+        <translation>%1 ist ausgeblendet und enthält 1 Symbol, das nicht gedruckt wird.</translation>
+    </message>
+    <message>
         <source>The clipboard holds no part of a plot: %1</source>
         <translation>Die Zwischenablage enthält keinen Teil eines Plans: %1</translation>
+    </message>
+    <message>
+        <source>The document says version %1 of the format, and version %2 is the newest known here.</source>
+        <translation>Das Dokument nennt Version %1 des Formats; die neueste, die hier bekannt ist, ist Version %2.</translation>
     </message>
     <message>
         <source>The file holds entries that this program does not know and cannot keep; they may come from another program. Save under another name to keep the file as it is.</source>
@@ -920,12 +1324,40 @@
         <translation>Die Datei bleibt, wie sie ist. Sie können ihr Bild ansehen.</translation>
     </message>
     <message>
+        <source>The group does not list exactly the symbols that name it.</source>
+        <translation>Die Gruppe führt nicht genau die Symbole auf, die sie nennen.</translation>
+    </message>
+    <message>
+        <source>The group lists a symbol more than once.</source>
+        <translation>Die Gruppe führt ein Symbol mehr als einmal auf.</translation>
+    </message>
+    <message>
+        <source>The group lists an identifier that no symbol has.</source>
+        <translation>Die Gruppe führt eine Kennung auf, die kein Symbol hat.</translation>
+    </message>
+    <message>
+        <source>The group lists no symbols.</source>
+        <translation>Die Gruppe führt keine Symbole auf.</translation>
+    </message>
+    <message>
+        <source>The group of this symbol does not exist.</source>
+        <translation>Die Gruppe dieses Symbols gibt es nicht.</translation>
+    </message>
+    <message>
         <source>The items of the plot. Tab selects the next one, arrow keys move it.</source>
         <translation>Die Gegenstände des Plans. Die Tabulatortaste wählt den nächsten aus, Pfeiltasten verschieben ihn.</translation>
     </message>
     <message>
         <source>The last layer, a locked one and one with locked symbols stay. Unlock them first.</source>
         <translation>Die letzte Ebene, eine gesperrte und eine mit gesperrten Symbolen bleiben. Entsperren Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>The layer of this symbol does not exist.</source>
+        <translation>Die Ebene dieses Symbols gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The linked plot item no longer exists.</source>
+        <translation>Das verknüpfte Symbol gibt es nicht mehr.</translation>
     </message>
     <message>
         <source>The list of accepted findings beside the plot cannot be understood and is not replaced. What you accept holds until the window closes.</source>
@@ -940,6 +1372,14 @@
         <translation>Die Liste der hingenommenen Befunde stammt von einer neueren Version. Sie bleibt, wie sie ist.</translation>
     </message>
     <message>
+        <source>The list of embedded images names this one more than once.</source>
+        <translation>Die Liste der eingebetteten Bilder nennt dieses mehr als einmal.</translation>
+    </message>
+    <message>
+        <source>The plot cannot be saved with this height.</source>
+        <translation>Mit dieser Höhe lässt sich der Plan nicht speichern.</translation>
+    </message>
+    <message>
         <source>The plot was not saved</source>
         <translation>Der Plan wurde nicht gespeichert</translation>
     </message>
@@ -948,8 +1388,20 @@
         <translation>Das Programm endete unerwartet. Änderungen bis %1 wurden aufgehoben.</translation>
     </message>
     <message>
+        <source>The symbol cannot be rendered.</source>
+        <translation>Das Symbol kann nicht gezeichnet werden.</translation>
+    </message>
+    <message>
         <source>They are lost if you do not save them.</source>
         <translation>Sie gehen verloren, wenn Sie sie nicht speichern.</translation>
+    </message>
+    <message>
+        <source>This input is not linked to a plot symbol.</source>
+        <translation>Dieser Eingang ist mit keinem Symbol verknüpft.</translation>
+    </message>
+    <message>
+        <source>This mix is not linked to a monitor symbol.</source>
+        <translation>Dieser Mix ist mit keinem Monitorsymbol verknüpft.</translation>
     </message>
     <message>
         <source>Title</source>
@@ -992,6 +1444,10 @@
         <translation>Gedreht um</translation>
     </message>
     <message>
+        <source>Turned symbol leaves the stage</source>
+        <translation>Gedrehtes Symbol ragt über die Bühne hinaus</translation>
+    </message>
+    <message>
         <source>Type</source>
         <translation>Art</translation>
     </message>
@@ -1012,12 +1468,24 @@
         <translation>Nach oben</translation>
     </message>
     <message>
+        <source>Upright bass</source>
+        <translation>Kontrabass</translation>
+    </message>
+    <message>
         <source>Venue</source>
         <translation>Spielort</translation>
     </message>
     <message>
+        <source>Vocal, acoustic guitar, DI, wedge, inputs, and a compact 8 × 6 m stage.</source>
+        <translation>Gesang, akustische Gitarre, DI, Monitor, Eingänge und eine kleine Bühne von 8 × 6 m.</translation>
+    </message>
+    <message>
         <source>Warning</source>
         <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Wedge monitor</source>
+        <translation>Monitorbox</translation>
     </message>
     <message>
         <source>Weight</source>
@@ -1068,6 +1536,14 @@
         <translation>Mit den Anmerkungen</translation>
     </message>
     <message>
+        <source>Write six or eight hexadecimal digits.</source>
+        <translation>Schreiben Sie sechs oder acht hexadezimale Ziffern.</translation>
+    </message>
+    <message>
+        <source>Written by a newer version</source>
+        <translation>Von einer neueren Version geschrieben</translation>
+    </message>
+    <message>
         <source>Written: %1</source>
         <translation>Geschrieben: %1</translation>
     </message>
@@ -1084,6 +1560,14 @@
         <translation>Ver&amp;kleinern</translation>
     </message>
     <message>
+        <source>amplifier %1</source>
+        <translation>Verstärker %1</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>und</translation>
+    </message>
+    <message>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
     </message>
@@ -1092,12 +1576,84 @@
         <translation>und mehr</translation>
     </message>
     <message>
+        <source>asset %1</source>
+        <translation>Bild %1</translation>
+    </message>
+    <message>
+        <source>at x %1 mm, y %2 mm</source>
+        <translation>bei x %1 mm, y %2 mm</translation>
+    </message>
+    <message>
+        <source>custom %1</source>
+        <translation>Symbol %1</translation>
+    </message>
+    <message>
         <source>different</source>
         <translation>verschieden</translation>
     </message>
     <message>
+        <source>equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>equipment %1</source>
+        <translation>Ausrüstung %1</translation>
+    </message>
+    <message>
+        <source>furniture %1</source>
+        <translation>Möbel %1</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>in row %1</source>
+        <translation>in Zeile %1</translation>
+    </message>
+    <message>
+        <source>input %1</source>
+        <translation>Eingang %1</translation>
+    </message>
+    <message>
+        <source>inputs</source>
+        <translation>Eingänge</translation>
+    </message>
+    <message>
+        <source>instrument %1</source>
+        <translation>Instrument %1</translation>
+    </message>
+    <message>
+        <source>layer %1</source>
+        <translation>Ebene %1</translation>
+    </message>
+    <message>
+        <source>layers</source>
+        <translation>Ebenen</translation>
+    </message>
+    <message>
+        <source>microphone %1</source>
+        <translation>Mikrofon %1</translation>
+    </message>
+    <message>
         <source>missing</source>
         <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>mix %1</source>
+        <translation>Mix %1</translation>
+    </message>
+    <message>
+        <source>mixes</source>
+        <translation>Mixe</translation>
+    </message>
+    <message>
+        <source>monitor %1</source>
+        <translation>Monitor %1</translation>
     </message>
     <message>
         <source>no</source>
@@ -1108,8 +1664,28 @@
         <translation>noch nicht gespeichert</translation>
     </message>
     <message>
+        <source>notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>performer %1</source>
+        <translation>Person %1</translation>
+    </message>
+    <message>
         <source>plot</source>
         <translation>Plan</translation>
+    </message>
+    <message>
+        <source>power %1</source>
+        <translation>Strom %1</translation>
+    </message>
+    <message>
+        <source>riser %1</source>
+        <translation>Podest %1</translation>
+    </message>
+    <message>
+        <source>symbols</source>
+        <translation>Symbole</translation>
     </message>
     <message>
         <source>unnamed</source>

@@ -5,14 +5,21 @@
 #include "korrin/drawing/symbol_catalogue.h"
 #include "korrin/preflight/preflight_engine.h"
 
+#include "editor/languages/library_texts.h"
+#include "editor/plot/qt_texts.h"
+
 namespace korrin::editor {
 namespace {
+
+Text inUsersLanguage(const Text& sentence) {
+  return toText(editor::inUsersLanguage(toQString(sentence)));
+}
 
 Finding findingOf(const PreflightIssue& issue, const KorrinProject& project) {
   Finding finding{.severity = issue.severity,
                   .id = issue.id,
-                  .title = issue.title,
-                  .detail = issue.detail,
+                  .title = inUsersLanguage(issue.title),
+                  .detail = inUsersLanguage(issue.detail),
                   .items = {},
                   .subject = subjectOf(issue, project),
                   .waiver = {},
@@ -24,8 +31,8 @@ Finding findingOf(const PreflightIssue& issue, const KorrinProject& project) {
 Finding findingOf(const AuditFinding& found) {
   return {.severity = found.severity,
           .id = found.id,
-          .title = found.title,
-          .detail = found.detail,
+          .title = inUsersLanguage(found.title),
+          .detail = inUsersLanguage(found.detail),
           .items = IDSet(found.itemIDs.begin(), found.itemIDs.end()),
           .subject = {},
           .waiver = {},

@@ -14,7 +14,7 @@ namespace korrin::editor {
 struct Finding {
   PreflightSeverity severity;
   Text id;
-  Text title;
+  Text title;  ///< This and the detail are in the user's language.
   Text detail;
   IDSet items;                          ///< The items concerned.
   std::optional<IssueSubject> subject;  ///< The row concerned, where it stands in a list.

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "editor/files/file_questions.h"
+#include "editor/languages/library_texts.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -183,7 +184,7 @@ void FindingsPanel::listFixes() {
   const Finding* finding = current();
   if (finding == nullptr) return;
   for (const Fix& fix : fixesOf(*finding, plot_.project(), plot_.environment())) {
-    const QString title = toQString(fix.title);
+    const QString title = inUsersLanguage(toQString(fix.title));
     QAction* action = fixMenu_->addAction(QString(title).replace('&', "&&"));
     action->setToolTip(title);
     const DocumentCommand command = fix.command;

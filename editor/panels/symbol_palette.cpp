@@ -13,6 +13,7 @@
 #include "korrin/drawing/symbol_catalogue.h"
 
 #include "editor/canvas/canvas.h"
+#include "editor/languages/library_texts.h"
 
 namespace korrin::editor {
 namespace {
@@ -62,12 +63,13 @@ QString textOf(std::string_view text) {
 void fill(QStandardItemModel& model) {
   for (const Symbol& symbol : builtInSymbols()) {
     const PlotItem item = makeItem(symbol, StagePoint::zero, {});
-    auto* row = new QStandardItem(QIcon(pictureOf(item)), textOf(symbol.name));
+    const QString name = inUsersLanguage(symbol.name);
+    auto* row = new QStandardItem(QIcon(pictureOf(item)), name);
     const QLocale locale;
     row->setData(textOf(symbol.assetID), assetRole);
-    row->setData(textOf(symbol.name) + ' ' + textOf(rawValue(symbol.kind)), wordsRole);
+    row->setData(name + ' ' + textOf(symbol.name) + ' ' + textOf(rawValue(symbol.kind)), wordsRole);
     row->setToolTip(SymbolPalette::tr("%1, %2 m × %3 m")
-                        .arg(textOf(symbol.name), locale.toString(symbol.size.width / 1000),
+                        .arg(name, locale.toString(symbol.size.width / 1000),
                              locale.toString(symbol.size.height / 1000)));
     row->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
     row->setEditable(false);
