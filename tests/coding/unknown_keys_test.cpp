@@ -1,15 +1,32 @@
 // What a document holds beside the fields that are read.
 
+#include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "korrin/coding/unknown_key_walk.h"
 #include "korrin/model/document_coding.h"
 
 #include "tests/support/full_project.h"
 
 namespace korrin {
+namespace {
+
+// A record that may be written without any member.
+struct Dimmer {
+  std::optional<double> level;
+};
+
+}  // namespace
+
+template <>
+constexpr auto fieldsOf<Dimmer>() {
+  return std::tuple{Field{"level", &Dimmer::level}};
+}
+
 namespace {
 
 using Paths = std::vector<std::string>;
@@ -143,6 +160,12 @@ TEST(UnknownKeyPath, CutsAKeyThatIsLongOnlyOnceItsEscapesAreRead) {
 
 TEST(UnknownKeys, AreNoneInAnEmptyList) {
   EXPECT_EQ(decodeJSONWithUnknownKeys<List<StagePoint>>("[]").unknownKeys, UnknownKeys{});
+}
+
+TEST(UnknownKeys, AreNoneInARecordWithoutMembers) {
+  EXPECT_EQ(json::UnknownKeyWalk(" { } ").paths<Dimmer>(), Paths{});
+  EXPECT_EQ(json::UnknownKeyWalk("[{},{\"glow\":1},{\"level\":1}]").paths<List<Dimmer>>(),
+            Paths{"[1].glow"});
 }
 
 TEST(UnknownKeys, AreNoneInADocumentThatIsRefused) {

@@ -85,6 +85,26 @@ TEST(ListDifference, TellsLongStretchesApart) {
             (std::vector<Stretch>{{{100, 140}, {100, 140}}, {{300, 340}, {300, 340}}}));
 }
 
+// Longer than the search ahead reaches, in elements and in leaves.
+TEST(ListDifference, IsTheOneLongStretchThatWasInsertedOrErased) {
+  const List<std::string> longer = numbered(3000);
+  for (const std::size_t length : {40u, 1900u}) {
+    for (const std::size_t place : {0u, 1u, 500u, 1000u}) {
+      List<std::string> shorter = longer;
+      std::size_t index = 0;
+      shorter.eraseIf([&](const std::string&) {
+        const bool isOfTheStretch = index >= place && index < place + length;
+        ++index;
+        return isOfTheStretch;
+      });
+      EXPECT_EQ(differences(longer, shorter),
+                (std::vector<Stretch>{{{place, place + length}, {place, place}}}));
+      EXPECT_EQ(differences(shorter, longer),
+                (std::vector<Stretch>{{{place, place}, {place, place + length}}}));
+    }
+  }
+}
+
 // Elements that stand in their leaf are never shared one by one, hence a leaf is the least.
 TEST(ListDifference, OfSmallElementsIsTheirLeaf) {
   List<int> before;

@@ -1,4 +1,6 @@
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -192,6 +194,22 @@ TEST(CrossReferenceStream, WithoutAnyWidthIsRebuilt) {
     EXPECT_EQ(pageOf(replaced(onePageInObjectStream("/MediaBox[0 0 3 3]"), "/W[1 4 2]", widths)),
               box(3, 3))
         << widths;
+}
+
+TEST(CrossReferences, AreRebuiltWhereverTheirTableIsCutOff) {
+  // The place of the table is stated before it, so that it is looked for wherever the file ends.
+  const std::string whole = onePage("/MediaBox[0 0 3 3]");
+  const std::size_t objects = whole.rfind("xref\n0 ");
+  const std::string table = whole.substr(objects, whole.rfind("trailer") - objects);
+  const std::size_t place = objects + 32;
+  std::string start = whole.substr(0, objects) + "startxref\n" + std::to_string(place);
+  start.resize(place, '\n');
+  for (std::size_t size = 0; size <= table.size(); ++size) {
+    const std::string file = start + table.substr(0, size);
+    // A sanitizer sees a byte read behind these.
+    const std::vector<char> bytes(file.begin(), file.end());
+    EXPECT_EQ(pageOf(std::string_view(bytes.data(), bytes.size())), box(3, 3)) << size;
+  }
 }
 
 }  // namespace

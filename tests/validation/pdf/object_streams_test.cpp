@@ -281,5 +281,19 @@ TEST(ObjectStream, EndsBeforeItsEndMarkWhateverFollows) {
   }
 }
 
+TEST(ObjectStream, EndsWhereItsLengthSaysWhenItsEndFollowsWithinSixteenBlanks) {
+  // Cut off at the mark inside the string the page would have no box.
+  const std::string_view data = "3 0 <</A(endstream)/MediaBox[0 0 3 3]>>";
+  for (const std::size_t blanks : {0u, 1u, 15u, 16u, 17u}) {
+    PdfBuilder pdf = tree();
+    pdf.pretendAt(4, pdf.offset())
+        .raw("4 0 obj<</Type/ObjStm/N 1/First 4/Length " + std::to_string(data.size()) +
+             ">>stream\n" + std::string(data) + std::string(blanks, ' ') + "endstream endobj\n")
+        .pretendIn(3, 4, 0)
+        .crossReferenceStream(9);
+    EXPECT_EQ(pageOf(pdf.file()), blanks <= 16 ? box(3, 3) : noBox) << blanks;
+  }
+}
+
 }  // namespace
 }  // namespace korrin

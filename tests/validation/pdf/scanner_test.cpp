@@ -86,6 +86,20 @@ TEST(Scanner, EndsUnclosedStringsAtTheEnd) {
     EXPECT_EQ(tokens(text), (std::vector<std::string>{text}));
 }
 
+TEST(Scanner, StandsWithinTheBytesWhereverTheyEnd) {
+  const std::string_view whole = "<</A[1 -2.5]/B(a\\)(b)\\\\c)%d\r\n/C<41>>>stream\n(\\\r\n)R";
+  for (std::size_t size = 0; size <= whole.size(); ++size) {
+    SCOPED_TRACE(size);
+    Budget budget(size);
+    Scanner scanner(whole.substr(0, size), budget, 0);
+    for (Token token = scanner.next(); token.kind != Kind::end; token = scanner.next())
+      ASSERT_LE(token.end, scanner.position());
+    EXPECT_EQ(scanner.position(), size);
+    EXPECT_FALSE(scanner.takeKeyword("R"));
+    EXPECT_EQ(scanner.takeCount(), std::nullopt);
+  }
+}
+
 TEST(Scanner, SkipsToTheClosingThatBelongs) {
   const std::string_view text = "[<<(])/]>>[]%]\n]after";
   Budget budget(text.size());
