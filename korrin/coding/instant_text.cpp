@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "korrin/foundation/ascii.h"
+
 namespace korrin {
 namespace {
 
@@ -53,7 +55,6 @@ class Scan {
   bool isComplete() const { return !failed_ && rest_.empty(); }
 
  private:
-  static bool isDigit(char c) { return c >= '0' && c <= '9'; }
   int fail() {
     failed_ = true;
     return 0;

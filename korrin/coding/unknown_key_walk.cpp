@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/foundation/utf8.h"
 
 namespace korrin::json {
@@ -25,14 +26,12 @@ bool isPlain(std::string_view key) {
 
 // The key as a JSON string, with every control character escaped.
 std::string quotedKeyText(std::string_view key) {
-  constexpr std::string_view digits = "0123456789abcdef";
   std::string text = "\"";
   while (!key.empty()) {
     const utf8::Step step = utf8::step(key);
     if (isControl(step.scalar)) {
       text += "\\u00";
-      text += digits[step.scalar >> 4 & 15];
-      text += digits[step.scalar & 15];
+      appendHex(text, static_cast<unsigned char>(step.scalar));
     } else {
       if (key.front() == '"' || key.front() == '\\') text += '\\';
       text += key.substr(0, step.length);

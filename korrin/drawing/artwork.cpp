@@ -5,6 +5,7 @@
 
 #include "korrin/drawing/symbol_table.h"
 #include "korrin/drawing/text_fit.h"
+#include "korrin/foundation/ascii.h"
 #include "korrin/validation/document_validation_error.h"
 #include "korrin/validation/embedded_asset_safety.h"
 #include "korrin/validation/raster/raster_facts.h"
@@ -41,9 +42,7 @@ std::optional<std::int64_t> safePixels(std::span<const std::byte> bytes,
 
 bool isDigest(std::string_view assetID) {
   constexpr std::size_t digits = 64;
-  return assetID.size() == digits && std::all_of(assetID.begin(), assetID.end(), [](char c) {
-           return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-         });
+  return assetID.size() == digits && std::all_of(assetID.begin(), assetID.end(), isHexDigit);
 }
 
 Artwork::Artwork(const KorrinProject& project, const DrawingOptions& options) : options_(options) {

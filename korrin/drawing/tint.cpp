@@ -4,6 +4,8 @@
 #include <charconv>
 #include <string_view>
 
+#include "korrin/foundation/ascii.h"
+
 namespace korrin::drawing {
 namespace {
 
@@ -11,10 +13,6 @@ int valueOf(std::string_view digits) {
   int value = 0;
   std::from_chars(digits.begin(), digits.end(), value, 16);
   return value;
-}
-
-bool isHexDigit(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 /// Six or eight digits, or nothing.

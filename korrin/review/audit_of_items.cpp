@@ -6,6 +6,7 @@
 #include <numbers>
 #include <set>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/preflight/stage_bounds.h"
 #include "korrin/review/audit_rules.h"
 #include "korrin/review/fix_rules.h"
@@ -32,7 +33,7 @@ bool hasUnencodableNumber(const PlotItem& item) {
 bool isReadable(std::string_view tint) {
   if (tint.starts_with('#')) tint.remove_prefix(1);
   return (tint.size() == 6 || tint.size() == 8) &&
-         tint.find_first_not_of("0123456789ABCDEFabcdef") == tint.npos;
+         std::all_of(tint.begin(), tint.end(), isHexDigit);
 }
 
 bool hasUnreadableTint(const PlotItem& item) {

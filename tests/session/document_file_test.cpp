@@ -17,6 +17,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/session/files/content_digest.h"
 
 #include "tests/session/folder.h"
@@ -34,11 +35,7 @@ using test::secondBytes;
 
 std::string digestText(std::string_view bytes) {
   std::string text;
-  for (const std::uint8_t byte : files::digestOf(bytes)) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    text += digits[byte >> 4];
-    text += digits[byte & 15];
-  }
+  for (const std::uint8_t byte : files::digestOf(bytes)) appendHex(text, byte);
   return text;
 }
 

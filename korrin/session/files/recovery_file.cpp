@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/foundation/utf8.h"
 #include "korrin/session/autosave.h"
 #include "korrin/session/files/reading.h"
@@ -108,11 +109,7 @@ fs::path recoveryFileFor(const fs::path& document) {
   hidden.resize(std::max(utf8::wellFormedPrefix(hidden), hidden.size() - 3));
   hidden += '~';
   const files::ContentDigest digest = files::digestOf(name);
-  for (std::size_t i = 0; i < digestBytes; ++i) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    hidden += digits[digest[i] >> 4];
-    hidden += digits[digest[i] & 15];
-  }
+  for (std::size_t i = 0; i < digestBytes; ++i) appendHex(hidden, digest[i]);
   return document.parent_path() / hidden.append(suffixOfLongNames);
 }
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/foundation/text.h"
 
 namespace korrin::files {
@@ -40,15 +41,13 @@ std::string_view kindOf(mode_t mode) {
 }  // namespace
 
 std::string shown(const std::filesystem::path& path) {
-  constexpr std::string_view digits = "0123456789abcdef";
   std::string text = "\"";
   const Text wellFormed = path.native();
   for (const char c : std::string_view(wellFormed)) {
     const auto byte = static_cast<unsigned char>(c);
     if (byte < 0x20 || byte == 0x7F) {
       text += "\\x";
-      text += digits[byte >> 4];
-      text += digits[byte & 15];
+      appendHex(text, byte);
     } else {
       text += c;
     }

@@ -22,7 +22,6 @@ Class classOf(char c) { return classes[static_cast<unsigned char>(c)]; }
 
 bool isWhiteSpace(char c) { return classOf(c) == Class::whiteSpace; }
 bool isRegular(char c) { return classOf(c) == Class::regular; }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t find(std::string_view text, std::string_view word) {
   // After Horspool: the character under the word's end tells how far the word may move on. The

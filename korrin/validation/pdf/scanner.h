@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/validation/pdf/pdf_budget.h"
 
 namespace korrin::pdf {
@@ -28,7 +29,6 @@ inline std::string_view asText(std::span<const std::byte> bytes) {
 bool isWhiteSpace(char c);
 /// Neither white space nor one of the delimiters ( ) < > [ ] { } / %.
 bool isRegular(char c);
-bool isDigit(char c);
 
 /// A stated number as an offset into a file. Every number beyond all files that fit in memory
 /// stands for one such, to which a shift may still be added.

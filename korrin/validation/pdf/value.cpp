@@ -9,13 +9,6 @@
 namespace korrin::pdf {
 namespace {
 
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
-
 // A sign, digits, and at most one point among them.
 bool isNumber(std::string_view text) {
   std::size_t i = text.front() == '+' || text.front() == '-' ? 1 : 0;
@@ -121,7 +114,7 @@ ShortString fromHex(std::string_view text) {
   ShortString string;
   int high = -1;
   for (const char c : text) {
-    const int digit = hexDigit(c);
+    const int digit = hexValue(c);
     if (digit < 0) continue;
     if (high < 0) {
       high = digit;
@@ -147,8 +140,8 @@ Name::Name(std::string_view token) {
   for (std::size_t i = 1; i < token.size(); ++i) {
     char c = token[i];
     if (c == '#' && i + 2 < token.size()) {
-      const int high = hexDigit(token[i + 1]);
-      const int low = hexDigit(token[i + 2]);
+      const int high = hexValue(token[i + 1]);
+      const int low = hexValue(token[i + 2]);
       if (high >= 0 && low >= 0) {
         c = static_cast<char>(high * 16 + low);
         i += 2;

@@ -7,6 +7,8 @@
 #include <system_error>
 #include <utility>
 
+#include "korrin/foundation/ascii.h"
+
 #include "assets/sha256.h"
 #include "documents/document_file.h"
 #include "terminal/similar_file.h"
@@ -15,11 +17,6 @@ namespace korrin::host {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool isHexadecimal(char character) {
-  return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'f') ||
-         (character >= 'A' && character <= 'F');
-}
 
 std::string lowerCase(std::string text) {
   for (char& character : text)
@@ -34,7 +31,7 @@ std::string lowerCase(std::string text) {
 }  // namespace
 
 bool isDigest(const Text& text) {
-  return text.str().size() == 64 && std::ranges::all_of(text.str(), isHexadecimal);
+  return text.str().size() == 64 && std::ranges::all_of(text.str(), isHexDigit);
 }
 
 AssetFolders::AssetFolders(const std::vector<std::string>& paths) {

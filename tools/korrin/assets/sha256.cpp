@@ -1,10 +1,10 @@
 #include "assets/sha256.h"
 
 #include <array>
-#include <string_view>
 
 #include <mbedtls/md.h>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/foundation/precondition.h"
 
 namespace korrin::host {
@@ -16,13 +16,9 @@ std::string sha256(std::span<const std::byte> bytes) {
                    mbedtls_md(algorithm, reinterpret_cast<const unsigned char*>(bytes.data()),
                               bytes.size(), digest.data()) == 0,
                "the cryptographic library lacks SHA-256");
-  constexpr std::string_view digits = "0123456789abcdef";
   std::string text;
   text.reserve(2 * digest.size());
-  for (const unsigned char byte : digest) {
-    text += digits[byte >> 4];
-    text += digits[byte & 15];
-  }
+  for (const unsigned char byte : digest) appendHex(text, byte);
   return text;
 }
 
