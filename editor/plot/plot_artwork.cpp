@@ -21,8 +21,8 @@ constexpr std::size_t memoryForLarge = std::size_t{192} << 20;
 constexpr std::size_t memoryForAll = std::size_t{256} << 20;
 
 std::optional<std::string_view> typeOf(const AssetManifestEntry& entry) {
-  if (entry.mediaType.str().empty()) return std::nullopt;
-  return entry.mediaType.str();
+  if (entry.mediaType.empty()) return std::nullopt;
+  return std::string_view(entry.mediaType);
 }
 
 std::optional<CheckedImage> checkedIn(ArtworkFolders& folders, const AssetManifestEntry& entry) {

@@ -67,7 +67,13 @@ void Reader::read(std::int64_t& value) {
 }
 
 void Reader::read(Text& value) {
-  const StringToken token = string("a string");
+  expect('"', "a string");
+  const std::string_view bytes = scanner_.shortString(Text::mostInside);
+  if (bytes.data() != nullptr) {
+    value = Text(ShortASCII{bytes.data(), bytes.size()});
+    return;
+  }
+  const StringToken token = scanner_.string();
   if (token.hasEscapes)
     value = unescaped(token);
   else

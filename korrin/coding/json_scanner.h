@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+#include "korrin/coding/text_block.h"
+
 namespace korrin::json {
 
 /// A string as it stands between its quotation marks: well-formed, escapes not yet resolved.
@@ -139,6 +141,19 @@ class Scanner {
 
   /// Takes a string, whose quotation mark stands next.
   StringToken string();
+
+  /// Takes a string, whose quotation mark stands next, if it is of at most `most` plain characters,
+  /// fewer than a block, and the end of the text is not near: returns what stands between its
+  /// quotation marks, from where a whole block may be read. Otherwise takes nothing and returns a
+  /// view of nothing, whose data are null.
+  [[gnu::always_inline]] std::string_view shortString(std::size_t most) {
+    if (static_cast<std::size_t>(end_ - at_) < blockSize + 1) return {};
+    const char* const first = at_ + 1;
+    const std::size_t size = plainInBlock(first);
+    if (size > most || first[size] != '"') return {};
+    at_ = first + size + 1;
+    return {first, size};
+  }
 
   /// Takes a number, whose first character, a digit or a minus sign, stands next.
   [[gnu::always_inline]] NumberToken number() {

@@ -18,6 +18,10 @@ class RecentTexts {
  public:
   /// Makes `field` the text `raw`, which is well-formed.
   void read(std::string_view raw, Text& field) {
+    if (raw.size() <= Text::mostInside) {
+      field = Text(raw);  // which has no storage to share
+      return;
+    }
     const Text*& recent = slots_[quickHash(raw) % slotCount];
     if (recent != nullptr && std::string_view(*recent) == raw) {
       field = *recent;

@@ -34,6 +34,7 @@ class RowLines {
       cutters_.emplace_back(cells_[i], textSize, widths[i] - 2 * padding, true);
     look();
   }
+  RowLines(const RowLines&) = delete;  // lines are cut from the very cells that it holds
 
   /// The lines that are known to be left, at most as many as were asked for; a row of blanks has
   /// one.

@@ -21,7 +21,9 @@ bool sameBits(const Value& a, const Value& b) {
 inline bool sameBits(double a, double b) {
   return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
-inline bool sameBits(const Text& a, const Text& b) { return a.str() == b.str(); }
+inline bool sameBits(const Text& a, const Text& b) {
+  return std::string_view(a) == std::string_view(b);
+}
 template <RecordType Record>
 bool sameBits(const Record& a, const Record& b);
 template <class Element>

@@ -1,6 +1,9 @@
 #include "korrin/foundation/text.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "korrin/foundation/normalization.h"
@@ -25,6 +28,26 @@ std::string replaceIllFormed(std::string_view bytes) {
   return text;
 }
 
+// Copies at most 15 bytes. A call of memcpy takes longer.
+void copyShort(std::string_view from, unsigned char* to) noexcept {
+  const std::size_t size = from.size();
+  const auto copyEnds = [&]<std::size_t width>(std::integral_constant<std::size_t, width>) {
+    // Both are read before either is written over the other.
+    std::array<char, width> first;
+    std::array<char, width> last;
+    std::memcpy(first.data(), from.data(), width);
+    std::memcpy(last.data(), from.data() + size - width, width);
+    std::memcpy(to, first.data(), width);
+    std::memcpy(to + size - width, last.data(), width);
+  };
+  if (size >= 8)
+    copyEnds(std::integral_constant<std::size_t, 8>());
+  else if (size >= 4)
+    copyEnds(std::integral_constant<std::size_t, 4>());
+  else
+    for (std::size_t i = 0; i < size; ++i) to[i] = static_cast<unsigned char>(from[i]);
+}
+
 // The Unicode property White_Space.
 constexpr bool isWhiteSpace(char32_t scalar) {
   return (scalar >= 0x09 && scalar <= 0x0D) || scalar == 0x20 || scalar == 0x85 || scalar == 0xA0 ||
@@ -34,22 +57,48 @@ constexpr bool isWhiteSpace(char32_t scalar) {
 
 }  // namespace
 
-Text::Text(std::string utf8) {
-  if (utf8.empty()) return;
-  std::unique_ptr<const std::string> composed;
-  if (!utf8::isASCII(utf8)) {
-    if (utf8::wellFormedPrefix(utf8) != utf8.size()) utf8 = replaceIllFormed(utf8);
-    if (!isStableNFC(utf8)) {
-      std::string normal = toNFC(utf8);
-      if (normal != utf8) composed = std::make_unique<const std::string>(std::move(normal));
-    }
-  }
-  storage_ = Shared<Storage>::adopt(new Storage(std::move(utf8), std::move(composed)));
+Text::Storage::Storage(std::string_view utf8, std::string_view composed) noexcept
+    : size(utf8.size()), composedSize(composed.size()) {
+  char* const first = reinterpret_cast<char*>(this + 1);
+  composed.copy(first + utf8.copy(first, utf8.size()), composed.size());
 }
 
-const std::string& Text::emptyString() noexcept {
-  static const std::string empty;
-  return empty;
+Shared<Text::Storage> Text::Storage::make(std::string_view utf8, std::string_view composed) {
+  void* const memory = ::operator new(sizeof(Storage) + utf8.size() + composed.size());
+  return Shared<Storage>::adopt(::new (memory) Storage(utf8, composed));
+}
+
+void Text::Storage::destroy(Storage* storage) noexcept {
+  std::destroy_at(storage);
+  ::operator delete(storage);
+}
+
+void Text::hold(std::string_view utf8, std::string_view composed) {
+  if (utf8.size() <= mostInside && composed.empty()) {
+    copyShort(utf8, bytes_.data());
+    bytes_.back() = static_cast<unsigned char>(utf8.size());
+  } else {
+    std::construct_at(place(), Storage::make(utf8, composed));
+    bytes_.back() = outside;
+  }
+}
+
+Text::Text(std::string_view utf8) : bytes_{} {
+  if (utf8::isASCII(utf8)) {
+    hold(utf8, {});
+    return;
+  }
+  std::string mended;
+  if (utf8::wellFormedPrefix(utf8) != utf8.size()) {
+    mended = replaceIllFormed(utf8);
+    utf8 = mended;
+  }
+  std::string composed;
+  if (!isStableNFC(utf8)) {
+    composed = toNFC(utf8);
+    if (composed == utf8) composed.clear();
+  }
+  hold(utf8, composed);
 }
 
 bool Text::isBlank() const noexcept {

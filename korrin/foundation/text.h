@@ -2,12 +2,17 @@
 
 // Unicode text as users mean it: two spellings of the same characters are the same text.
 
+#include <algorithm>
+#include <array>
 #include <compare>
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <functional>
 #include <iosfwd>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,36 +24,89 @@
 
 namespace korrin {
 
+/// Bytes for a text that need not be checked: for readers that have looked at each already. They
+/// are ASCII, at most `Text::mostInside`, and stand at the start of 16 bytes that may be read.
+struct ShortASCII {
+  const char* block;  ///< Its first `size` bytes are the text.
+  std::size_t size;   ///< In bytes.
+};
+
 /// Immutable Unicode text, held as well-formed UTF-8. It stores what it was given: nothing is
-/// normalised or trimmed. Copies share storage, cost no allocation and may be used from different
-/// threads at the same time; an empty text has no storage.
+/// normalised or trimmed. Copies cost no allocation and may be used from different threads at the
+/// same time: up to `mostInside` bytes stand in the text itself, more in storage that copies share.
 ///
 /// Equality is canonical equivalence: "é" as one scalar equals "e" followed by a combining acute
 /// accent. Order is by the Unicode scalar values of the composed canonical form (NFC), neither by
 /// locale nor by numbers: "10" stands before "2". The hash agrees with equality.
 class Text {
  public:
+  /// The longest text, in bytes, that needs no storage besides itself.
+  static constexpr std::size_t mostInside = 15;
+
   /// The empty text.
-  Text() = default;
+  Text() noexcept : bytes_{} {}
   /// Every ill-formed sequence of bytes is replaced by one U+FFFD.
-  Text(std::string utf8);
-  /// As from a string.
-  Text(std::string_view utf8) : Text(std::string(utf8)) {}
-  /// As from a string; `utf8` ends in a zero byte.
-  Text(const char* utf8) : Text(std::string(utf8)) {}
+  Text(std::string_view utf8);
+  /// As from a view.
+  Text(const std::string& utf8) : Text(std::string_view(utf8)) {}
+  /// As from a view; `utf8` ends in a zero byte.
+  Text(const char* utf8) : Text(std::string_view(utf8)) {}
+  /// Copies a whole block, which takes less time than finding out how much to copy.
+  explicit Text(ShortASCII utf8) noexcept {
+    static_assert(sizeof(Text) == mostInside + 1);
+    // As many bytes as the text has stay, then come zeros and the size.
+    static constexpr std::array<unsigned char, 2 * mostInside + 1> masks = [] {
+      std::array<unsigned char, 2 * mostInside + 1> bytes{};
+      std::fill_n(bytes.begin(), mostInside, static_cast<unsigned char>(0xFF));
+      return bytes;
+    }();
+    std::array<std::uint64_t, 2> bytes;
+    std::array<std::uint64_t, 2> mask;
+    std::memcpy(bytes.data(), utf8.block, sizeof bytes);
+    std::memcpy(mask.data(), masks.data() + mostInside - utf8.size, sizeof mask);
+    bytes = {bytes[0] & mask[0], bytes[1] & mask[1]};
+    std::memcpy(bytes_.data(), bytes.data(), sizeof bytes);
+    bytes_.back() = static_cast<unsigned char>(utf8.size);
+  }
   Text(std::nullptr_t) = delete;
   template <std::integral Number>
   Text(Number) = delete;
 
-  /// The bytes as stored, well-formed UTF-8. Valid as long as this text or a copy of it lives.
-  const std::string& str() const noexcept { return storage_ ? storage_->utf8 : emptyString(); }
-  /// The same bytes. Valid as long as this text or a copy of it lives.
-  operator std::string_view() const noexcept {
-    return storage_ ? std::string_view(storage_->utf8) : std::string_view();
+  Text(const Text& other) noexcept : bytes_(other.bytes_) {
+    if (other.isOutside()) std::construct_at(place(), other.shared());
+  }
+  /// Leaves `other` empty.
+  Text(Text&& other) noexcept : bytes_(other.bytes_) {
+    if (other.isOutside()) std::construct_at(place(), std::move(other.shared()));
+    other.bytes_ = {};
+  }
+  Text& operator=(const Text& other) noexcept {
+    if (this != &other) {
+      this->~Text();
+      std::construct_at(this, other);
+    }
+    return *this;
+  }
+  /// Leaves `other` empty.
+  Text& operator=(Text&& other) noexcept {
+    if (this != &other) {
+      this->~Text();
+      std::construct_at(this, std::move(other));
+    }
+    return *this;
+  }
+  ~Text() {
+    if (isOutside()) std::destroy_at(&shared());
   }
 
+  /// A copy of the bytes as stored, well-formed UTF-8.
+  std::string str() const { return std::string(view()); }
+  /// The bytes as stored. Valid as long as this very text lives and keeps its value; a view of a
+  /// copy is one of its own.
+  operator std::string_view() const noexcept { return view(); }
+
   /// Whether the text has no characters. A blank counts as one.
-  bool empty() const noexcept { return !storage_; }
+  bool empty() const noexcept { return bytes_.back() == 0; }
 
   /// Whether nothing but white space (the Unicode property White_Space) stands in the text; true
   /// for the empty text.
@@ -60,12 +118,14 @@ class Text {
 
   /// Canonical equivalence.
   friend bool operator==(const Text& a, const Text& b) noexcept {
-    return a.storage_.get() == b.storage_.get() || a.normalForm() == b.normalForm();
+    // Texts that stand inside are in normal form, and what is left of their bytes is zero.
+    if (a.bytes_ == b.bytes_) return true;
+    return (a.isOutside() || b.isOutside()) && a.normalForm() == b.normalForm();
   }
   /// By the scalar values of the composed forms.
   friend std::strong_ordering operator<=>(const Text& a, const Text& b) noexcept {
     // The order of UTF-8 bytes is the order of scalar values.
-    if (a.storage_.get() == b.storage_.get()) return std::strong_ordering::equal;
+    if (a.bytes_ == b.bytes_) return std::strong_ordering::equal;
     return a.normalForm().compare(b.normalForm()) <=> 0;
   }
 
@@ -90,30 +150,49 @@ class Text {
   template <class Traits>
   friend std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& out,
                                                       const Text& text) {
-    return out << text.str();
+    return out << text.view();
   }
 
  private:
   friend struct std::hash<Text>;
 
+  // One block: this object, the bytes, and the composed canonical form where it is another text.
+  // That form is made once, since a comparison that made it would cost a hostile document's reader
+  // the product of its longest texts.
   struct Storage : Counted {
-    Storage(std::string&& text, std::unique_ptr<const std::string>&& normal)
-        : utf8(std::move(text)), composed(std::move(normal)) {}
-    static void destroy(Storage* storage) noexcept { delete storage; }
+    static Shared<Storage> make(std::string_view utf8, std::string_view composed);
+    static void destroy(Storage* storage) noexcept;
 
-    const std::string utf8;
-    /// The composed canonical form, where it is another text. Made once, since a comparison that
-    /// made it would cost a hostile document's reader the product of its longest texts.
-    const std::unique_ptr<const std::string> composed;
+    const char* bytes() const noexcept { return reinterpret_cast<const char*>(this + 1); }
+
+    std::size_t size;
+    std::size_t composedSize;  // 0 where the bytes are the composed form
+
+   private:
+    Storage(std::string_view utf8, std::string_view composed) noexcept;
   };
 
-  static const std::string& emptyString() noexcept;
+  // The last byte is the size of a text that stands inside, or says that the first bytes are the
+  // pointer to its storage. Texts that are not in normal form are never inside.
+  static constexpr unsigned char outside = mostInside + 1;
+  bool isOutside() const noexcept { return bytes_.back() == outside; }
+  Shared<Storage>* place() noexcept { return reinterpret_cast<Shared<Storage>*>(bytes_.data()); }
+  Shared<Storage>& shared() noexcept { return *std::launder(place()); }
+  const Shared<Storage>& shared() const noexcept { return const_cast<Text*>(this)->shared(); }
+
+  void hold(std::string_view utf8, std::string_view composed);
+
+  std::string_view view() const noexcept {
+    if (!isOutside()) return {reinterpret_cast<const char*>(bytes_.data()), bytes_.back()};
+    return {shared()->bytes(), shared()->size};
+  }
   std::string_view normalForm() const noexcept {
-    if (!storage_) return {};
-    return storage_->composed ? *storage_->composed : storage_->utf8;
+    if (!isOutside() || shared()->composedSize == 0) return view();
+    return {shared()->bytes() + shared()->size, shared()->composedSize};
   }
 
-  Shared<Storage> storage_;
+  // Of a type in which another object, the pointer, may live.
+  alignas(Shared<Storage>) std::array<unsigned char, mostInside + 1> bytes_;
 };
 
 }  // namespace korrin

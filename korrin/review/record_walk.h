@@ -65,7 +65,9 @@ struct Exact {
   static bool agree(double a, double b) {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
   }
-  static bool agree(const Text& a, const Text& b) { return a.str() == b.str(); }
+  static bool agree(const Text& a, const Text& b) {
+    return std::string_view(a) == std::string_view(b);
+  }
 };
 
 /// Whether two values are the same in the sense of `How`: `Alike` or `Exact`.

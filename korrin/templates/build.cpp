@@ -57,7 +57,7 @@ PlotItem item(const ItemRow& row, UUID layerID, const Environment& environment) 
 
 UUID idOf(const List<PlotItem>& items, std::string_view label) {
   const auto found = std::find_if(items.begin(), items.end(), [label](const PlotItem& candidate) {
-    return candidate.label.str() == label;
+    return std::string_view(candidate.label) == label;
   });
   precondition(found != items.end(), "a line of a template names no item");
   return found->id;

@@ -159,14 +159,85 @@ TEST(Text, IsPrintedAsItWasGiven) {
 }
 
 TEST(Text, SharesItsStorageWithCopies) {
-  const Text text = "a text that no small buffer would hold, of some length";
+  const Text text = "a text that does not stand inside, of some length";
+  const char* const storage = std::string_view(text).data();
   const Text copy = text;
-  EXPECT_EQ(&copy.str(), &text.str());
+  EXPECT_EQ(std::string_view(copy).data(), storage);
   Text assigned;
   assigned = copy;
-  EXPECT_EQ(&assigned.str(), &text.str());
+  EXPECT_EQ(std::string_view(assigned).data(), storage);
   const Text moved = std::move(assigned);
-  EXPECT_EQ(&moved.str(), &text.str());
+  EXPECT_EQ(std::string_view(moved).data(), storage);
+}
+
+// Around the sizes at which bytes stand inside, and at which they are copied in another way.
+TEST(Text, KeepsItsBytesAndItsValueAtEverySize) {
+  for (std::size_t size = 0; size <= 40; ++size) {
+    std::string bytes;
+    for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>('a' + i % 26);
+    const Text text = bytes;
+    EXPECT_EQ(text.str(), bytes);
+    EXPECT_EQ(text.empty(), bytes.empty());
+    Text copy = text;
+    EXPECT_EQ(copy, text);
+    EXPECT_EQ(std::hash<Text>{}(copy), std::hash<Text>{}(text));
+    const Text moved = std::move(copy);
+    EXPECT_EQ(moved.str(), bytes);
+    EXPECT_TRUE(copy.empty());  // NOLINT(bugprone-use-after-move): promised
+    EXPECT_EQ(copy.str(), "");
+    copy = moved;
+    EXPECT_EQ(copy.str(), bytes);
+    copy = Text("other");
+    EXPECT_EQ(copy.str(), "other");
+    EXPECT_EQ(moved.str(), bytes);
+
+    // One byte more, or one that differs at either end, is another text.
+    EXPECT_NE(text, Text(bytes + "a"));
+    EXPECT_LT(text, Text(bytes + "a"));
+    for (const std::size_t at : {std::size_t{0}, size - 1}) {
+      if (at >= size) continue;
+      std::string changed = bytes;
+      changed[at] = '~';
+      EXPECT_NE(text, Text(changed));
+      EXPECT_LT(text, Text(changed));
+    }
+  }
+}
+
+TEST(Text, StandsInsideUpToFifteenBytesAndOutsideBeyond) {
+  const auto isInside = [](const Text& text) {
+    const auto* const first = reinterpret_cast<const char*>(&text);
+    const char* const bytes = std::string_view(text).data();
+    return std::less_equal<>()(first, bytes) && std::less<>()(bytes, first + sizeof text);
+  };
+  EXPECT_TRUE(isInside(std::string(Text::mostInside, 'x')));
+  EXPECT_FALSE(isInside(std::string(Text::mostInside + 1, 'x')));
+  EXPECT_TRUE(isInside("caf\u00e9"));
+  EXPECT_FALSE(isInside("cafe\u0301"));  // beside its composed form
+}
+
+TEST(Text, IsEqualAcrossTheSizesAtWhichItStandsInside) {
+  // Sixteen bytes, whose composed form has fifteen.
+  const Text decomposed =
+      "thirteen byte"
+      "e\u0301";
+  const Text composed =
+      "thirteen byte"
+      "\u00e9";
+  EXPECT_EQ(decomposed.str().size(), 16u);
+  EXPECT_EQ(composed.str().size(), 15u);
+  EXPECT_EQ(decomposed, composed);
+  EXPECT_EQ(composed <=> decomposed, std::strong_ordering::equal);
+  EXPECT_EQ(std::hash<Text>{}(decomposed), std::hash<Text>{}(composed));
+}
+
+TEST(Text, HoldsZeroBytes) {
+  const Text one = std::string(1, '\0');
+  const Text two = std::string(2, '\0');
+  EXPECT_FALSE(one.empty());
+  EXPECT_NE(one, Text());
+  EXPECT_NE(one, two);
+  EXPECT_LT(one, two);
 }
 
 TEST(Text, OutlivesTheTextItWasCopiedFrom) {
