@@ -1,11 +1,11 @@
-// The bytes of a text are shared and never change.
+// The bytes of a text never change.
 
 #include "korrin/foundation/text.h"
 
 void change(korrin::Text& text) {
 #ifdef KORRIN_WRONG
-  text.str() += "!";
+  std::string_view(text).front() = '!';
 #else
-  text = text.str() + "!";
+  text = "!" + text.str().substr(1);
 #endif
 }
