@@ -6,6 +6,7 @@
 #include "editor/files/plot_files.h"
 #include "editor/languages/language.h"
 #include "editor/look/theme.h"
+#include "editor/look/window_layout.h"
 #include "editor/main_window.h"
 
 namespace korrin::editor {
@@ -20,6 +21,7 @@ void prepare(QApplication& application) {
 }
 
 void begin(MainWindow& window, const QString& path) {
+  rememberLayout(window);
   window.show();
   // Questions come up over a window that is there.
   QTimer::singleShot(0, &window, [&window, path] {

@@ -1208,6 +1208,10 @@
         <translation>Stativ</translation>
     </message>
     <message>
+        <source>Standard La&amp;yout</source>
+        <translation>Standardan&amp;ordnung</translation>
+    </message>
+    <message>
         <source>Stereo playback, two performers, IEMs, vocal inputs, and clean power.</source>
         <translation>Zuspielung in Stereo, zwei Personen, In-Ears, Gesangseingänge und sauberer Strom.</translation>
     </message>

@@ -5,6 +5,7 @@
 #include <QToolBar>
 
 #include "editor/look/theme.h"
+#include "editor/look/window_layout.h"
 #include "editor/main_window.h"
 #include "editor/menus/live_actions.h"
 #include "editor/menus/menus.h"
@@ -54,6 +55,7 @@ void fillViewMenu(MainWindow& window, LiveActions& actions) {
     apply(isDarkWanted ? Theme::dark : Theme::light, *qApp);
     actions.refreshIcons();
   });
+  menu.addAction(tr("Standard La&yout"), &window, [&window] { resetLayout(window); });
   menu.addSeparator();
   window.toolBar().addActions({out, fit, in, grid});
 }

@@ -62,7 +62,8 @@ FindingsPanel::FindingsPanel(OpenPlot& plot, QWidget* parent)
   build();
   timer_.setSingleShot(true);
   timer_.setInterval(delay);
-  connect(&timer_, &QTimer::timeout, this, &FindingsPanel::refresh);
+  // A pause in the middle of a drag is no reason to hold it up.
+  connect(&timer_, &QTimer::timeout, this, [this] { plot_.isInGesture() ? later() : refresh(); });
   connect(&plot_, &OpenPlot::changed, this, &FindingsPanel::later);
   connect(&plot_, &OpenPlot::replaced, this, &FindingsPanel::later);
   connect(waivers_, &PlotWaivers::changed, this, &FindingsPanel::later);
