@@ -2,16 +2,10 @@
 
 #include <array>
 #include <bit>
-#include <cfloat>
 #include <cstddef>
 
 namespace korrin::json {
 namespace {
-
-constexpr std::array exactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                         1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                         1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr std::uint64_t exactLimit = std::uint64_t{1} << 53;
 
 #ifdef __SIZEOF_INT128__
 
@@ -49,11 +43,10 @@ std::optional<double> byReciprocal(std::uint64_t digits, std::size_t decimals) {
   const int toTheLeft = std::countl_zero(digits);
   const std::uint64_t factor = digits << toTheLeft;
   Wide product = Wide{factor} * reciprocal.high + (Wide{factor} * reciprocal.low >> 64);
-  int exponent = 64 - reciprocal.shift - static_cast<int>(decimals) - toTheLeft;
-  if ((product >> 127) == 0) {
-    product <<= 1;
-    --exponent;
-  }
+  // The highest bit is as good as drawn by lot: a branch would be guessed wrong every other time.
+  const int isLower = (product >> 127) == 0;
+  product <<= isLower;
+  const int exponent = 64 - reciprocal.shift - static_cast<int>(decimals) - toTheLeft - isLower;
   // A double holds the upper 53 bits. Where the others are next to one half, what was cut off
   // decides.
   constexpr int otherBits = 75;
@@ -70,13 +63,10 @@ std::optional<double> byReciprocal(std::uint64_t digits, std::size_t decimals) {
 
 }  // namespace
 
-std::optional<double> nearestQuotient(std::uint64_t digits, std::int64_t decimals) {
+std::optional<double> detail::nearestInexactQuotient(std::uint64_t digits, std::int64_t decimals) {
   if (decimals == 0) return static_cast<double>(digits);
-  const auto place = static_cast<std::size_t>(decimals);
-  // Both operands are exact, so the quotient is the nearest double, if it is rounded only once.
-  if (FLT_EVAL_METHOD == 0 && digits <= exactLimit && place < exactPowersOfTen.size())
-    return static_cast<double>(digits) / exactPowersOfTen[place];
 #ifdef __SIZEOF_INT128__
+  const auto place = static_cast<std::size_t>(decimals);
   if (digits != 0 && place < powerCount) return byReciprocal(digits, place);
 #endif
   return std::nullopt;

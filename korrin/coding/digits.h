@@ -11,6 +11,9 @@
 
 namespace korrin::json {
 
+inline constexpr std::array<std::uint64_t, 9> powersOfTen = {
+    1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+
 /// How many bytes at the start of the word are digits.
 inline std::size_t leadingDigits(std::uint64_t word) noexcept {
   // A digit's value is below 10, whatever its byte was: adding 0x76 leaves its high bit clear.
@@ -34,14 +37,12 @@ inline std::uint64_t eightDigits(std::uint64_t word) noexcept {
 /// Appends the digits at `at` to the decimal number `value` and returns their end. The value wraps
 /// where it does not fit.
 inline const char* appendDigits(const char* at, const char* end, std::uint64_t& value) noexcept {
-  constexpr std::array<std::uint64_t, 9> powers = {
-      1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
   while (end - at >= 8) {
     const std::uint64_t word = words::loadWord(at);
     const std::size_t count = leadingDigits(word);
     if (count == 0) return at;
     // Zeros take the place of what stands behind the digits, and lead the number.
-    value = value * powers[count] + eightDigits(word << (64 - 8 * count));
+    value = value * powersOfTen[count] + eightDigits(word << (64 - 8 * count));
     at += count;
     if (count < 8) return at;
   }

@@ -1,5 +1,6 @@
 #include "korrin/coding/json_reader.h"
 
+#include <bit>
 #include <limits>
 
 #include "korrin/coding/date_coding.h"
@@ -14,6 +15,13 @@ using Kind = DecodingError::Kind;
 
 }  // namespace
 
+// In line, so that the parts of the token stay in registers.
+[[gnu::always_inline]] inline NumberToken Reader::number(std::string_view expected) {
+  const char first = scanner_.peek();
+  if (first != '-' && (first < '0' || first > '9')) refuseType(expected);
+  return scanner_.number();
+}
+
 void Reader::read(bool& value) {
   if (scanner_.peek() == 't') {
     takeLiteral("true");
@@ -26,22 +34,27 @@ void Reader::read(bool& value) {
   }
 }
 
+std::optional<double> Reader::nonFinite() {
+  const char* const start = scanner_.position();
+  const auto found = nonFiniteNamed(unescaped(scanner_.string()));
+  if (!found) scanner_.returnTo(start);
+  return found;
+}
+
 void Reader::read(double& value) {
-  if (options_.nonFinite == NonFinite::strings && scanner_.peek() == '"') {
-    const char* const start = scanner_.position();
-    const StringToken token = scanner_.string();
-    const auto found = nonFiniteNamed(unescaped(token));
-    if (found) {
+  if (scanner_.peek() == '"' && options_.nonFinite == NonFinite::strings) [[unlikely]] {
+    if (const auto found = nonFinite()) {
       value = *found;
       return;
     }
-    scanner_.returnTo(start);
   }
   const NumberToken token = number("a number");
   const auto magnitude =
       token.isShort ? nearestQuotient(token.digits, token.decimals) : std::nullopt;
   if (magnitude) {
-    value = token.isNegative() ? -*magnitude : *magnitude;  // keeps the sign of -0
+    // Keeps the sign of -0, and does not make the processor guess it.
+    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(*magnitude) |
+                                  std::uint64_t{token.isNegative()} << 63);
     return;
   }
   const auto nearest = nearestDouble(token.text);
@@ -112,12 +125,6 @@ void Reader::read(Instant& value) {
   if (!found)
     refuse(Kind::dataCorrupted, "a date such as \"2026-07-18T20:30:00Z\"", quoted(token.raw));
   value = *found;
-}
-
-NumberToken Reader::number(std::string_view expected) {
-  const char first = scanner_.peek();
-  if (first != '-' && (first < '0' || first > '9')) refuseType(expected);
-  return scanner_.number();
 }
 
 void Reader::checkPresence(bool isPresent, bool mayBeAbsent, bool standsTwice) const {

@@ -233,9 +233,12 @@ class Reader {
   }
   StringToken string(std::string_view expected) {
     expect('"', expected);
-    return scanner_.string();
+    const std::string_view plain = scanner_.shortString(blockSize - 1);
+    return plain.data() != nullptr ? StringToken{plain, false} : scanner_.string();
   }
   NumberToken number(std::string_view expected);
+  /// Takes a string that stands for a number that is not finite; any other one stays.
+  [[gnu::noinline]] std::optional<double> nonFinite();
   template <std::size_t length>
   void takeLiteral(const char (&literal)[length]) {
     if (!scanner_.take(literal)) throw Malformed{scanner_.position(), "a value"};

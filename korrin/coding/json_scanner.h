@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "korrin/coding/digits.h"
 #include "korrin/coding/text_block.h"
 
 namespace korrin::json {
@@ -51,7 +52,10 @@ struct Malformed {
 class Scanner {
  public:
   explicit Scanner(std::string_view text)
-      : begin_(text.data()), at_(text.data()), end_(text.data() + text.size()) {}
+      : begin_(text.data()),
+        at_(text.data()),
+        end_(text.data() + text.size()),
+        indentation_(indentationOf(text)) {}
 
   /// Objects and arrays may be nested this deep.
   static constexpr int maximumDepth = 512;
@@ -68,6 +72,17 @@ class Scanner {
     if (static_cast<unsigned char>(*at_) > ' ') return;
     if (*at_ == ' ' && end_ - at_ >= 2 && static_cast<unsigned char>(at_[1]) > ' ')
       ++at_;
+    else
+      skipSpaceRun();
+  }
+
+  /// As `skipSpace`, where the next line of an indented text would be one of `depth` levels.
+  [[gnu::always_inline]] void skipToLine(int depth) {
+    if (at_ == end_ || static_cast<unsigned char>(*at_) > ' ') return;
+    const std::size_t guess = indentation_ * static_cast<std::size_t>(depth) + 1;
+    if (guess < blockSize && static_cast<std::size_t>(end_ - at_) >= blockSize &&
+        standBlanks(at_, guess))
+      at_ += guess;
     else
       skipSpaceRun();
   }
@@ -99,7 +114,7 @@ class Scanner {
   bool enter(char close) {
     ++at_;
     if (++depth_ > maximumDepth) throw Malformed{at_ - 1, "at most 512 levels of nesting"};
-    skipSpace();
+    skipToLine(depth_);
     if (!take(close)) return true;
     --depth_;
     return false;
@@ -107,12 +122,12 @@ class Scanner {
 
   /// After a member or element: whether another one follows, at which the scanner then stands.
   [[gnu::always_inline]] bool next(char close) {
-    skipSpace();
+    skipToLine(depth_ - 1);
     if (!take(',')) {
       leave(close);
       return false;
     }
-    skipSpace();
+    skipToLine(depth_);
     return true;
   }
 
@@ -157,20 +172,34 @@ class Scanner {
 
   /// Takes a number, whose first character, a digit or a minus sign, stands next.
   [[gnu::always_inline]] NumberToken number() {
-    // Most numbers are integers of few digits.
     const char* const start = at_;
     const char* const first = start + (*start == '-' ? 1 : 0);
     const char* at = first;
     std::uint64_t digits = 0;
-    while (at != end_ && *at >= '0' && *at <= '9')
-      digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
-    const bool goesOn = at == end_ || *at == '.' || *at == 'e' || *at == 'E';
-    if (goesOn || at == first || at - first > NumberToken::maximumDigits || *first == '0') {
-      // A single 0 is the most frequent number of all.
-      if (goesOn || at - first != 1) return longNumber(first, at, digits);
+    // Nearly always as many as at the last number here, so that a loop takes less time than
+    // counting them.
+    for (; at != end_; ++at) {
+      const auto digit = static_cast<unsigned char>(*at - '0');
+      if (digit > 9) break;
+      digits = digits * 10 + digit;
     }
+    // What would be a number's longest part, and no border of the text near.
+    constexpr std::ptrdiff_t room = 24;
+    const std::ptrdiff_t count = at - first;
+    if (end_ - at < room || count == 0 || (*first == '0' && count != 1))
+      return longNumber(first, at, digits);
+    const char* const wholeEnd = at;
+    const std::uint64_t whole = digits;
+    std::ptrdiff_t decimals = 0;
+    if (*at == '.') {
+      decimals = takeDecimals(at + 1, digits);
+      if (decimals == 0) return longNumber(first, wholeEnd, whole);
+      at += 1 + decimals;
+    }
+    if (count + decimals > NumberToken::maximumDigits || *at == 'e' || *at == 'E')
+      return longNumber(first, wholeEnd, whole);
     at_ = at;
-    return {{start, static_cast<std::size_t>(at - start)}, digits, 0, true};
+    return {{start, static_cast<std::size_t>(at - start)}, digits, decimals, true};
   }
 
   /// Takes any value.
@@ -189,9 +218,39 @@ class Scanner {
     skipSpace();
   }
 
+  /// The blanks of the second line, where an indented text has its first key; a block's at most.
+  static std::size_t indentationOf(std::string_view text) {
+    if (text.size() < 2 || text[1] != '\n') return 0;
+    const std::string_view line = text.substr(2, blockSize);
+    return std::min(line.find_first_not_of(" \t"), line.size());
+  }
+
   [[noreturn]] void throwMissingColon() const;
   void leave(char close);
   static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+  /// Appends the digits at `at`, where a block can be read, to a number: returns how many there
+  /// are, or 0 where a block does not hold them.
+  [[gnu::always_inline]] static std::ptrdiff_t takeDecimals(const char* at, std::uint64_t& value) {
+    if (!isDigit(at[1]) && isDigit(at[0])) {  // mostly a half
+      value = value * 10 + static_cast<std::uint64_t>(at[0] - '0');
+      return 1;
+    }
+    const std::uint64_t word = words::loadWord(at);
+    std::size_t count = leadingDigits(word);
+    if (count < 8) {
+      if (count == 0) return 0;
+      value = value * powersOfTen[count] + eightDigits(word << (64 - 8 * count));
+      return static_cast<std::ptrdiff_t>(count);
+    }
+    value = value * powersOfTen[8] + eightDigits(word);
+    const std::uint64_t other = words::loadWord(at + 8);
+    count = leadingDigits(other);
+    if (count == 8) return 0;
+    // Two shifts, as one by all 64 bits would have no effect.
+    value = value * powersOfTen[count] + eightDigits(other << 8 << (56 - 8 * count));
+    return static_cast<std::ptrdiff_t>(8 + count);
+  }
 
   NumberToken longNumber(const char* first, const char* at, std::uint64_t digits);
   void skipSpaceRun();
@@ -202,6 +261,7 @@ class Scanner {
   const char* at_;
   const char* end_;
   int depth_ = 0;
+  std::size_t indentation_;  // bytes of each level, as far as the first line tells
 };
 
 }  // namespace korrin::json

@@ -60,19 +60,30 @@ inline __m128i equal(__m128i block, char byte) noexcept {
   return _mm_cmpeq_epi8(block, _mm_set1_epi8(byte));
 }
 /// Index of the first byte that is marked in all its bits, `blockSize` where none is.
-inline std::size_t firstMarked(int marks) noexcept {
-  return static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(marks) | 1u << blockSize));
+inline std::size_t firstMarked(unsigned marks) noexcept {
+  return static_cast<std::size_t>(std::countr_zero(marks | 1u << blockSize));
+}
+/// The bytes of the block that are no blanks, a bit for each.
+inline unsigned inkInBlock(const char* at) noexcept {
+  const __m128i block = loadBlock(at);
+  const __m128i blanks = _mm_or_si128(_mm_or_si128(equal(block, ' '), equal(block, '\n')),
+                                      _mm_or_si128(equal(block, '\r'), equal(block, '\t')));
+  return ~static_cast<unsigned>(_mm_movemask_epi8(blanks)) & 0xFFFFu;
 }
 
 }  // namespace detail
 
 /// How many blanks of JSON stand at the start of the block.
 inline std::size_t blanksInBlock(const char* at) noexcept {
+  return detail::firstMarked(detail::inkInBlock(at));
+}
+
+/// Whether exactly `count` blanks, fewer than a block, stand at the start of the block. The
+/// processor can go on behind them before it knows, which it cannot where it must count them.
+inline bool standBlanks(const char* at, std::size_t count) noexcept {
   using namespace detail;
-  const __m128i block = loadBlock(at);
-  const __m128i blanks = _mm_or_si128(_mm_or_si128(equal(block, ' '), equal(block, '\n')),
-                                      _mm_or_si128(equal(block, '\r'), equal(block, '\t')));
-  return firstMarked(~_mm_movemask_epi8(blanks) & 0xFFFF);
+  const unsigned ink = inkInBlock(at);
+  return (ink & ((2u << count) - 1)) == 1u << count;
 }
 
 /// How many plain characters stand at the start of the block: ASCII, but no control character,
@@ -83,13 +94,18 @@ inline std::size_t plainInBlock(const char* at) noexcept {
   // As signed bytes those outside ASCII are negative: below a blank too.
   const __m128i special = _mm_or_si128(_mm_cmplt_epi8(block, _mm_set1_epi8(' ')),
                                        _mm_or_si128(equal(block, '"'), equal(block, '\\')));
-  return firstMarked(_mm_movemask_epi8(special));
+  return firstMarked(static_cast<unsigned>(_mm_movemask_epi8(special)));
 }
 
 #else
 
 /// How many blanks of JSON stand at the start of the block.
 inline std::size_t blanksInBlock(const char* at) noexcept { return detail::blanksInWords(at); }
+
+/// Whether exactly `count` blanks, fewer than a block, stand at the start of the block.
+inline bool standBlanks(const char* at, std::size_t count) noexcept {
+  return blanksInBlock(at) == count;
+}
 
 /// How many plain characters stand at the start of the block: ASCII, but no control character,
 /// quotation mark or backslash.

@@ -47,6 +47,32 @@ TEST_P(IntegerField, TakesTheExactValueInAnyNotation) {
 INSTANTIATE_TEST_SUITE_P(, IntegerField, testing::ValuesIn(test::acceptedIntegers()),
                          [](const auto& row) { return row.param.name; });
 
+// Numbers far from the document's end are read in blocks, those near it are not.
+TEST(Numbers, AreTheSameNearTheEndOfTheDocumentAndFarFromIt) {
+  std::mt19937_64 random(7);
+  const auto digits = [&random](std::size_t count) {
+    std::string text;
+    while (text.size() < count) text += static_cast<char>('0' + random() % 10);
+    return text;
+  };
+  for (std::size_t whole = 0; whole <= 22; ++whole)
+    for (std::size_t decimals = 0; decimals <= 22; ++decimals)
+      for (const char* sign : {"", "-"})
+        for (const char* end : {"", ".", "e1", "e", "x", "E-2", ".5"}) {
+          std::string number = sign + digits(whole);
+          if (decimals > 0) number += "." + digits(decimals);
+          number += end;
+          const std::string near = R"({"y":1,"x":)" + number + "}";
+          const std::string far = near + std::string(40, ' ');
+          const auto refusal = refusalOf<StagePoint>(near);
+          ASSERT_EQ(refusalOf<StagePoint>(far), refusal) << number;
+          if (refusal) continue;
+          const double value = std::strtod(number.c_str(), nullptr);
+          ASSERT_EQ(decodeJSON<StagePoint>(near).x, value) << number;
+          ASSERT_EQ(decodeJSON<StagePoint>(far).x, value) << number;
+        }
+}
+
 class NoInteger : public testing::TestWithParam<test::IntegerRefused> {};
 
 TEST_P(NoInteger, IsRefusedByAnIntegerField) {

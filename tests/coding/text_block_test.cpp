@@ -22,6 +22,8 @@ bool isPlain(char byte) {
 void expectEnd(const Block& block, std::size_t blanks, std::size_t plain) {
   EXPECT_EQ(blanksInBlock(block.data()), blanks);
   EXPECT_EQ(detail::blanksInWords(block.data()), blanks);
+  for (std::size_t count = 0; count < blockSize; ++count)
+    EXPECT_EQ(standBlanks(block.data(), count), count == blanks);
   EXPECT_EQ(plainInBlock(block.data()), plain);
   EXPECT_EQ(detail::plainInWords(block.data()), plain);
 }
@@ -51,6 +53,7 @@ TEST(TextBlock, IsWholeWhereAllItsBytesAreOfAKind) {
     block.fill(blank);
     EXPECT_EQ(blanksInBlock(block.data()), blockSize);
     EXPECT_EQ(detail::blanksInWords(block.data()), blockSize);
+    EXPECT_FALSE(standBlanks(block.data(), blockSize - 1));
   }
   for (const char plain : {' ', '!', '#', '[', ']', '~', '\x7F'}) {
     block.fill(plain);
