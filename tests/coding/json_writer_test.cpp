@@ -193,6 +193,26 @@ TEST(DecodedDocument, MayHaveAnyRunOfBlanksBetweenItsParts) {
     }
 }
 
+// A line's indentation is guessed from that of the first one, and may be another.
+TEST(DecodedDocument, MayBeIndentedByAnything) {
+  const KorrinProject project = test::fullProject();
+  const std::string usual = encodeJSON(project, {.prettyPrinted = true});
+  for (std::size_t unit = 0; unit <= 20; ++unit)
+    for (std::size_t more = 0; more <= 2; ++more)
+      for (const char blank : {' ', '\t'}) {
+        std::string text;
+        std::size_t line = 0;
+        for (std::size_t at = 0; at < usual.size(); ++at) {
+          text += usual[at];
+          if (usual[at] != '\n') continue;
+          const std::size_t depth = (usual.find_first_not_of(' ', at + 1) - at - 1) / 2;
+          text.append(unit * depth + (++line % 7 == 3 ? more : 0), blank);
+          at += 2 * depth;
+        }
+        ASSERT_EQ(decodeJSON<KorrinProject>(text), project) << unit << ' ' << more;
+      }
+}
+
 TEST(DecodedText, MayBeOfAnySize) {
   for (const std::size_t size : {0u, 1u, 63u, 64u, 65u, 10'000'000u}) {
     const std::string title(size, '~');
