@@ -6,6 +6,7 @@
 #include "korrin/review/audit.h"
 #include "korrin/review/difference.h"
 #include "korrin/review/fixes.h"
+#include "korrin/review/item_changes.h"
 #include "korrin/review/merge.h"
 #include "korrin/review/rules.h"
 #include "korrin/review/safe_fixes.h"

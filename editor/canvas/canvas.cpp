@@ -12,11 +12,13 @@
 #include "korrin/drawing/outlines.h"
 #include "korrin/drawing/symbol_catalogue.h"
 
+#include "editor/canvas/change_marks.h"
 #include "editor/canvas/label_editor.h"
 #include "editor/canvas/ruler.h"
 #include "editor/canvas/stage_ground.h"
 #include "editor/languages/library_texts.h"
 #include "editor/look/theme.h"
+#include "editor/plot/comparison.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -26,12 +28,14 @@ Canvas::Canvas(OpenPlot& plot, QWidget* parent)
       plot_(plot),
       scene_(new PlotScene(plot, this)),
       frame_(new SelectionFrame(plot)),
+      changeMarks_(new ChangeMarks(plot)),
       labelEditor_(new LabelEditor(plot, viewport())),
       levelRuler_(new Ruler(Qt::Horizontal, this)),
       uprightRuler_(new Ruler(Qt::Vertical, this)),
       band_(new QRubberBand(QRubberBand::Rectangle, viewport())) {
   setScene(scene_);
   scene_->addItem(frame_);
+  scene_->addItem(changeMarks_);
   setFrameShape(NoFrame);
   setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   setViewportUpdateMode(MinimalViewportUpdate);
@@ -54,6 +58,7 @@ Canvas::Canvas(OpenPlot& plot, QWidget* parent)
       viewport()->update();
     }
   });
+  connect(&plot_.comparison(), &Comparison::changed, this, [this] { changeMarks_->refresh(); });
   zoomToFit();
 }
 
@@ -74,6 +79,7 @@ void Canvas::setZoom(double zoom, const QPoint& fixed) {
   verticalScrollBar()->setValue(verticalScrollBar()->value() + off.y());
   scene_->setZoom(zoom);
   frame_->setZoom(zoom);
+  changeMarks_->setZoom(zoom);
   placeRulers();
   Q_EMIT zoomChanged();
 }

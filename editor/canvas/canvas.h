@@ -17,6 +17,7 @@ class QRubberBand;
 
 namespace korrin::editor {
 
+class ChangeMarks;
 class LabelEditor;
 class Ruler;
 
@@ -113,6 +114,7 @@ class Canvas : public QGraphicsView {
   OpenPlot& plot_;
   PlotScene* scene_;
   SelectionFrame* frame_;
+  ChangeMarks* changeMarks_;
   LabelEditor* labelEditor_;
   Ruler* levelRuler_;
   Ruler* uprightRuler_;

@@ -1823,5 +1823,37 @@
         <source>Make room in the plot's folder, or save the plot in another one.</source>
         <translation>Schaffen Sie Platz im Ordner des Plans, oder speichern Sie den Plan in einem anderen.</translation>
     </message>
+    <message>
+        <source>gone: %1</source>
+        <translation>weg: %1</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>&amp;Stop Comparing</source>
+        <translation>Vergleich be&amp;enden</translation>
+    </message>
+    <message>
+        <source>Changes (%1)</source>
+        <translation>Änderungen (%1)</translation>
+    </message>
+    <message>
+        <source>Compare &amp;With…</source>
+        <translation>&amp;Vergleichen mit…</translation>
+    </message>
+    <message>
+        <source>Nothing is compared. Choose an earlier state of this plot.</source>
+        <translation>Nichts wird verglichen. Wählen Sie einen früheren Stand dieses Plans.</translation>
+    </message>
 </context>
 </TS>

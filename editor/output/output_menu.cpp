@@ -11,11 +11,12 @@
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
 
-#include "editor/dialogs/changes_dialog.h"
+#include "editor/dialogs/compare_dialog.h"
 #include "editor/files/paths.h"
 #include "editor/main_window.h"
 #include "editor/menus/live_actions.h"
 #include "editor/output/sheets.h"
+#include "editor/plot/comparison.h"
 #include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
@@ -31,8 +32,9 @@ enum class Drawn { byOthers, byPainter };
 
 PrintedWith printedWith(const OpenPlot& plot, Drawn drawn) {
   const PlotArtwork& artwork = plot.artwork();
-  return {.artwork =
-              drawn == Drawn::byPainter ? artwork.bytesForPainting() : artwork.bytesForFiles()};
+  return {
+      .artwork = drawn == Drawn::byPainter ? artwork.bytesForPainting() : artwork.bytesForFiles(),
+      .marks = plot.comparison().marks()};
 }
 
 // Beside the plot, under its name.
@@ -135,9 +137,8 @@ void addOutput(MainWindow& window) {
   actions.add(*exports, tr("Stage as Pi&cture…"), "picture", {},
               [&window] { savePicture(window); });
   menu.insertMenu(last, exports);
-  menu.insertAction(last, actions.add(menu, tr("&Changes Since…"), "search", {}, [&window] {
-    showChangesSinceAnotherFile(window.plot().project(), &window);
-  }));
+  menu.insertAction(last, actions.add(menu, tr("&Changes Since…"), "search", {},
+                                      [&window] { askToCompare(window.plot(), &window); }));
   // The actions are made at the menu's end, and moved in front of its last entry.
   for (QAction* action : {actions.add(menu, tr("Print Pre&view…"), "print-preview",
                                       QKeySequence("Ctrl+Shift+P"), [&window] { preview(window); }),

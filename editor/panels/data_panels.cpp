@@ -4,7 +4,9 @@
 #include <QDockWidget>
 #include <map>
 
+#include "editor/dialogs/compare_dialog.h"
 #include "editor/main_window.h"
+#include "editor/panels/changes_panel.h"
 #include "editor/panels/details_panel.h"
 #include "editor/panels/findings_panel.h"
 #include "editor/panels/history_panel.h"
@@ -12,6 +14,7 @@
 #include "editor/panels/layers_panel.h"
 #include "editor/panels/list_panel.h"
 #include "editor/panels/row_drag.h"
+#include "editor/plot/comparison.h"
 
 namespace korrin::editor {
 namespace {
@@ -45,6 +48,7 @@ class DataPanels : public QObject {
     addRight();
     addLists();
     addFindings();
+    addChanges();
     window_.canvas().acceptOnItems(DraggedRows::mimeType,
                                    [this](const QByteArray& bytes, const UUID& item) {
                                      if (const auto rows = draggedRows(bytes))
@@ -104,6 +108,26 @@ class DataPanels : public QObject {
     connect(findings, &FindingsPanel::spotAskedFor, this,
             [this](const Finding& finding) { showSpot(finding); });
     raise(lists_.at(keyOf(&KorrinProject::inputs)).dock);
+  }
+
+  // Out of the way until something is compared.
+  void addChanges() {
+    auto* changes = new ChangesPanel(window_.plot());
+    QDockWidget* dock =
+        window_.addPanel(tr("Changes"), "changes", changes, Qt::BottomDockWidgetArea);
+    window_.tabifyDockWidget(lists_.begin()->second.dock, dock);
+    dock->hide();
+    Comparison& comparison = window_.plot().comparison();
+    connect(&comparison, &Comparison::changed, dock, [dock, &comparison, wasOn = false]() mutable {
+      const auto count = qulonglong(comparison.changes().size());
+      dock->setWindowTitle(count == 0 ? tr("Changes") : tr("Changes (%1)").arg(count));
+      if (comparison.isOn() && !wasOn) raise(dock);
+      wasOn = comparison.isOn();
+    });
+    connect(changes, &ChangesPanel::fileAskedFor, &window_,
+            [this] { askToCompare(window_.plot(), &window_); });
+    connect(changes, &ChangesPanel::itemAskedFor, this,
+            [this](const UUID& id) { showItems(window_, {id}); });
   }
 
   void showSpot(const Finding& finding) {

@@ -5,6 +5,7 @@
 
 #include "korrin/validation/document_validation.h"
 
+#include "editor/plot/comparison.h"
 #include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
@@ -14,7 +15,8 @@ OpenPlot::OpenPlot(Environment environment, QObject* parent)
     : QObject(parent),
       environment_(std::move(environment)),
       history_(KorrinProject::newDocument(environment_)),
-      artwork_(new PlotArtwork(*this)) {}
+      artwork_(new PlotArtwork(*this)),
+      comparison_(new Comparison(*this)) {}
 
 void OpenPlot::begin(KorrinProject project, std::optional<DocumentFile> file) {
   history_ = EditHistory(std::move(project));

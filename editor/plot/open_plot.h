@@ -12,6 +12,7 @@
 
 namespace korrin::editor {
 
+class Comparison;
 class PlotArtwork;
 
 /// What an edit may say beside its name.
@@ -45,6 +46,8 @@ class OpenPlot : public QObject {
 
   /// The images that the plot shows.
   PlotArtwork& artwork() const { return *artwork_; }
+  /// The earlier plot that it is compared with, if any.
+  Comparison& comparison() const { return *comparison_; }
 
   const IDSet& selection() const { return selection_; }
   /// Of these, the items that may be selected (see `KorrinProject::canSelectItem`).
@@ -104,6 +107,7 @@ class OpenPlot : public QObject {
   IDSet selection_;
   std::optional<UUID> activeLayer_;
   PlotArtwork* artwork_;
+  Comparison* comparison_;
 };
 
 }  // namespace korrin::editor

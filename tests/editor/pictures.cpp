@@ -14,6 +14,39 @@
 #include "editor/main_window.h"
 #include "editor/output/sheets.h"
 #include "editor/panels/findings_panel.h"
+#include "editor/plot/comparison.h"
+
+namespace {
+
+// What a tour's plot has become since the last one.
+bool takePictureOfChanges(const QString& path) {
+  using namespace korrin;
+  using namespace korrin::editor;
+  const KorrinProject now = KorrinProject::example();
+  KorrinProject earlier = now;
+  earlier.items.edit(0).position.x -= 900;
+  earlier.items.edit(0).position.y -= 600;
+  earlier.items.edit(2).label = "GUITAR";
+  PlotItem gone = now.items[4];
+  gone.id = Environment::system().makeUUID();
+  gone.position = {.x = 2'500, .y = 1'500};
+  gone.label = "Bongos";
+  earlier.items.push_back(gone);
+  earlier.items.erase(5);
+  earlier.inputs.edit(2).stand = "Tall boom";
+  MainWindow window;
+  window.plot().begin(now);
+  window.show();
+  if (!QTest::qWaitForWindowExposed(&window)) return false;
+  window.plot().comparison().begin("spring-tour.json", earlier);
+  window.resizeDocks({window.findChild<QDockWidget*>("changes")}, {260}, Qt::Vertical);
+  QTest::qWait(200);
+  window.canvas().zoomToFit();
+  QTest::qWait(200);
+  return window.grab().save(path);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   using namespace korrin;
@@ -34,6 +67,7 @@ int main(int argc, char** argv) {
         folder.filePath(theme == Theme::light ? "editor-light.png" : "editor-dark.png"));
   }
   apply(Theme::light, application);
+  if (!takePictureOfChanges(folder.filePath("editor-changes.png"))) return 1;
   const KorrinProject example = KorrinProject::example();
   QPrinter printer(QPrinter::HighResolution);
   setPaper(printer, example);

@@ -2,11 +2,9 @@
 
 #include "editor/output/sheets.h"
 
-#include <QListWidget>
 #include <QSvgRenderer>
 #include <QTest>
 
-#include "editor/dialogs/changes_dialog.h"
 #include "editor/look/painted_svg.h"
 
 namespace korrin::editor {
@@ -50,16 +48,18 @@ class SheetsTest : public QObject {
     }
   }
 
-  void saysWhatChangedSinceAnotherState() {
-    const KorrinProject before = KorrinProject::example();
-    KorrinProject after = before;
-    QVERIFY(changesBetween(before, after).isEmpty());
-    after.items.edit(0).position.x += 400;
-    const QStringList changes = changesBetween(before, after);
-    QCOMPARE(changes.size(), 1);
-    QVERIFY2(changes[0].contains("0.40 m"), qPrintable(changes[0]));
-    ChangesDialog dialog("earlier.json", changes, nullptr);
-    QCOMPARE(dialog.findChild<QListWidget*>()->count(), 1);
+  void printsTheMarksOfWhatChanged() {
+    KorrinProject project = KorrinProject::example();
+    const std::size_t sheets = sheetsOf(project).size();
+    PrintedWith with;
+    with.marks.added = {project.items[0].id};
+    with.marks.sentences = {"\"DRUMS\" is new"};
+    const std::vector<std::string> marked = sheetsOf(project, with);
+    QVERIFY(marked.size() >= sheets);
+    QVERIFY(marked.front().find(">new</text>") != std::string::npos);
+    QVERIFY(sheetsOf(project).front().find(">new</text>") == std::string::npos);
+    QVERIFY(marked.back().find("is new") != std::string::npos);
+    QVERIFY(pictureOfStage(project, 600, with) != pictureOfStage(project, 600));
   }
 
   void keepsTextsThatLookLikeMarkup() {

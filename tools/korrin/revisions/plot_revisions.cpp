@@ -1,12 +1,10 @@
 #include "revisions/plot_revisions.h"
 
-#include <map>
-#include <set>
 #include <utility>
 
 #include <nlohmann/json.hpp>
 
-#include "korrin/model/stacking.h"
+#include "korrin/review/item_changes.h"
 
 #include "documents/document_file.h"
 #include "documents/plot_document.h"
@@ -79,31 +77,14 @@ std::string RevisionReport::json() const {
 }
 
 RevisionMarks marksSince(const KorrinProject& before, const KorrinProject& after) {
-  std::map<UUID, const PlotItem*> former;
-  for (const PlotItem* item : visibleItemsInStackingOrder(before)) former.emplace(item->id, item);
-  const DifferenceSentences sentences(before, after);
-  RevisionMarks marks;
   const std::vector<Difference> all = differences(before, after);
-  const auto isMove = [](const Difference& one) { return one.field == "position"; };
-  // One mark an item: a moved one is marked as moved, whatever else changed.
-  std::set<std::string> marked;
-  std::set<std::string> moved;
-  for (const Difference& one : all)
-    if (isMove(one)) moved.insert(one.id);
-  for (const Difference& one : all) {
-    marks.sentences.emplace_back(sentences(one));
-    const auto id = UUID::fromText(one.id);
-    if (one.list != "items" || !id || one.kind == DifferenceKind::moved) continue;
-    if (moved.contains(one.id) && !isMove(one)) continue;
-    if (!marked.insert(one.id).second) continue;
-    const auto found = former.find(*id);
-    if (one.kind == DifferenceKind::added)
-      marks.added.push_back(*id);
-    else if (one.kind == DifferenceKind::changed && !isMove(one))
-      marks.changed.push_back(*id);
-    else if (found != former.end())
-      (isMove(one) ? marks.moved : marks.gone).push_back(*found->second);
-  }
+  ItemChanges changes = itemChanges(all, before);
+  RevisionMarks marks{.added = std::move(changes.added),
+                      .changed = std::move(changes.changed),
+                      .moved = std::move(changes.moved),
+                      .gone = std::move(changes.gone)};
+  const DifferenceSentences sentences(before, after);
+  for (const Difference& one : all) marks.sentences.emplace_back(sentences(one));
   return marks;
 }
 
