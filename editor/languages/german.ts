@@ -1855,5 +1855,33 @@
         <source>Nothing is compared. Choose an earlier state of this plot.</source>
         <translation>Nichts wird verglichen. Wählen Sie einen früheren Stand dieses Plans.</translation>
     </message>
+    <message>
+        <source>Row %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>Row %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Wo</translation>
+    </message>
+    <message>
+        <source>Link To…</source>
+        <translation>Verknüpfen mit…</translation>
+    </message>
+    <message>
+        <source>Link to a Symbol</source>
+        <translation>Mit einem Symbol verknüpfen</translation>
+    </message>
+    <message>
+        <source>&amp;Link</source>
+        <translation>&amp;Verknüpfen</translation>
+    </message>
+    <message>
+        <source>Links the selected rows to a symbol that is chosen from a list</source>
+        <translation>Verknüpft die ausgewählten Zeilen mit einem Symbol aus einer Liste</translation>
+    </message>
 </context>
 </TS>

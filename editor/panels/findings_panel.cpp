@@ -13,6 +13,7 @@
 
 #include "editor/files/file_questions.h"
 #include "editor/languages/library_texts.h"
+#include "editor/panels/finding_names.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -85,13 +86,14 @@ FindingsPanel::FindingsPanel(OpenPlot& plot, QWidget* parent)
 
 void FindingsPanel::build() {
   list_->setAccessibleName(tr("Findings"));
-  list_->setHeaderLabels({tr("Weight"), tr("Finding"), tr("What to do")});
+  list_->setHeaderLabels({tr("Weight"), tr("Finding"), tr("Where"), tr("What to do")});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
   list_->setAlternatingRowColors(true);
   list_->setAllColumnsShowFocus(true);
   list_->setColumnWidth(0, 110);
-  list_->setColumnWidth(1, 300);
+  list_->setColumnWidth(1, 260);
+  list_->setColumnWidth(2, 220);
   list_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(list_, &QWidget::customContextMenuRequested, this, [this](QPoint place) {
     if (current() != nullptr) fixMenu_->popup(list_->viewport()->mapToGlobal(place));
@@ -148,13 +150,15 @@ void FindingsPanel::fill() {
     const QString detail = finding.waiver
                                ? tr("Accepted: %1").arg(toQString(finding.waiver->reason))
                                : toQString(finding.detail);
-    auto* row = new QTreeWidgetItem(
-        list_, {nameOf(finding.severity), plain(toQString(finding.title)), plain(detail)});
+    auto* row =
+        new QTreeWidgetItem(list_, {nameOf(finding.severity), plain(toQString(finding.title)),
+                                    subjectText(finding, plot_.project()), plain(detail)});
     row->setIcon(0, style()->standardIcon(iconOf(finding.severity)));
-    row->setToolTip(2, plain(detail));
+    row->setToolTip(2, row->text(2));
+    row->setToolTip(3, plain(detail));
     row->setData(0, Qt::UserRole, qulonglong(i));
     if (finding.waiver)
-      for (int column = 0; column < 3; ++column)
+      for (int column = 0; column < 4; ++column)
         row->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
     if (toQString(finding.id) == id) list_->setCurrentItem(row);
   }

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <set>
 
+#include "editor/panels/item_chooser.h"
 #include "editor/panels/row_drag.h"
 
 namespace korrin::editor {
@@ -87,6 +88,9 @@ void ListPanel::makeActions(QToolBar& bar) {
             tr("Links the selected rows to the symbol that is selected on the stage. Rows can be "
                "dragged onto a symbol as well."),
             Qt::CTRL | Qt::Key_K, &ListPanel::linkToSelected);
+  addAction(bar, "linkTo", tr("Link To…"),
+            tr("Links the selected rows to a symbol that is chosen from a list"),
+            Qt::CTRL | Qt::ALT | Qt::Key_K, &ListPanel::linkToChosen);
   addAction(bar, "unlink", tr("Unlink"), tr("Takes the link to a symbol away"), {},
             &ListPanel::unlink);
   addAction(bar, "showLinked", tr("Show on Stage"), tr("Selects the symbol of the row"),
@@ -150,6 +154,16 @@ void ListPanel::moveBy(int places) {
 void ListPanel::linkToSelected() {
   if (plot_.selection().size() == 1)
     link(plot_, {.list = &list_, .ids = selectedRows()}, *plot_.selection().begin());
+}
+
+void ListPanel::linkToChosen() {
+  const QModelIndex current = view_->currentIndex();
+  const PlotItem* linked = current.isValid() ? model_->itemOf(current.row()) : nullptr;
+  ItemChooser chooser(plot_, linked != nullptr ? std::optional(linked->id) : std::nullopt, this);
+  const std::vector<UUID> rows = selectedRows();
+  if (chooser.exec() != QDialog::Accepted) return;
+  if (const std::optional<UUID> item = chooser.item())
+    link(plot_, {.list = &list_, .ids = rows}, *item);
 }
 
 void ListPanel::unlink() { link(plot_, {.list = &list_, .ids = selectedRows()}, std::nullopt); }

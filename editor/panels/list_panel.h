@@ -44,6 +44,7 @@ class ListPanel : public QWidget {
   void moveDown();
   void moveBy(int places);
   void linkToSelected();
+  void linkToChosen();
   void unlink();
   void showLinked();
   void copy();

@@ -20,7 +20,9 @@ constexpr std::size_t mostChanges = 5'000;
 Comparison::Comparison(OpenPlot& plot) : QObject(&plot), plot_(plot) {
   timer_.setSingleShot(true);
   timer_.setInterval(delay);
-  connect(&timer_, &QTimer::timeout, this, &Comparison::refresh);
+  // A pause in the middle of a drag is no reason to hold it up.
+  connect(&timer_, &QTimer::timeout, this,
+          [this] { plot_.isInGesture() ? timer_.start() : refresh(); });
   connect(&plot_, &OpenPlot::replaced, this, &Comparison::end);
   connect(&plot_, &OpenPlot::changed, this, [this] {
     if (!isOn()) return;

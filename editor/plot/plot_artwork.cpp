@@ -164,17 +164,17 @@ void PlotArtwork::forgetUnused() {
 
 void PlotArtwork::arrive(const Text& sha256, Loaded loaded) {
   --pending_;
-  Known& known = known_[sha256];
-  known = {.state = loaded.isThere ? State::frame : State::missing,
-           .picture = {},
-           .pixels = loaded.pixels};
   const auto takes = [this](const QImage& image, std::size_t limit) {
     return memory_ + std::size_t(image.sizeInBytes()) <= limit;
   };
   if (budget_.pixels() + loaded.pixels > RasterAssetSafety::maximumAggregatePixels ||
       !takes(loaded.picture, memoryForLarge))
     forgetUnused();
-  known.isCounted = loaded.isThere && fits(budget_, loaded.pixels);
+  Known& known = known_[sha256];
+  known = {.state = loaded.isThere ? State::frame : State::missing,
+           .picture = {},
+           .pixels = loaded.pixels,
+           .isCounted = loaded.isThere && fits(budget_, loaded.pixels)};
   if (known.isCounted && !loaded.picture.isNull()) {
     if (!takes(loaded.picture, memoryForLarge))
       loaded.picture = loaded.picture.scaled(shortSide, shortSide, Qt::KeepAspectRatio,

@@ -70,6 +70,25 @@ class FindingsPanelTest : public QObject {
     QCOMPARE(panel->openCount(), before);
   }
 
+  void saysWhichRowOrSymbolAFindingIsAbout() {
+    KorrinProject project = flawed();
+    project.inputs.edit(0).source = "Kick";
+    project.inputs.edit(1).source = "Snare";
+    project.items.edit(0).position.x = 90'000;
+    project.items.edit(0).label = "DRUMS";
+    plot->begin(project);
+    panel->refresh();
+    QStringList duplicates;
+    bool isSymbolNamed = false;
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+      const QTreeWidgetItem& row = *list->topLevelItem(i);
+      if (row.text(1).startsWith("Duplicate input channel")) duplicates += row.text(2);
+      isSymbolNamed |= row.text(2) == "DRUMS";
+    }
+    QCOMPARE(duplicates, (QStringList{"Row 1: Kick", "Row 2: Snare"}));
+    QVERIFY(isSymbolNamed);
+  }
+
   void asksForTheSpot() {
     QSignalSpy spots(panel.get(), &FindingsPanel::spotAskedFor);
     list->setCurrentItem(list->topLevelItem(0));

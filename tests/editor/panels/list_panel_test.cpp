@@ -14,9 +14,12 @@
 #include "korrin/templates/korrin_template.h"
 
 #include "editor/panels/row_drag.h"
+#include "tests/editor/support/answers.h"
 
 namespace korrin::editor {
 namespace {
+
+using test::Answer;
 
 KorrinProject trio() { return KorrinProject::template_(KorrinTemplateID::powerTrio); }
 
@@ -137,6 +140,36 @@ class ListPanelTest : public QObject {
     trigger("unlink");
     QVERIFY(!plot->project().inputs[0].plotItemID);
     QCOMPARE(cell(0, "plotItemID").data().toString(), QString());
+  }
+
+  void linksASymbolThatIsChosenByTyping() {
+    plot->select({});
+    PlotItem bass = plot->project().items[1];
+    bass.label = "Bongos of the guest";
+    plot->perform("Rename", DocumentCommand::replaceItems({bass}));
+    panel->view().setCurrentIndex(cell(0, "source"));
+    Answer answer("itemChooser", [](QWidget& dialog) {
+      auto* search = dialog.findChild<QLineEdit*>();
+      QTest::keyClicks(search, "guest bong");
+      QTest::keyClick(search, Qt::Key_Return);
+    });
+    trigger("linkTo");
+    QVERIFY(answer.wasAsked());
+    QCOMPARE(plot->project().inputs[0].plotItemID, std::optional(bass.id));
+    QVERIFY(plot->selection().empty());
+
+    // What fits no word can't be chosen, and Escape leaves everything as it is.
+    const std::size_t edits = plot->history().undoCount();
+    Answer none("itemChooser", [](QWidget& dialog) {
+      auto* search = dialog.findChild<QLineEdit*>();
+      QTest::keyClicks(search, "xylophone of nobody");
+      QTest::keyClick(search, Qt::Key_Return);
+      QVERIFY(dialog.isVisible());
+      QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    trigger("linkTo");
+    QVERIFY(none.wasAsked());
+    QCOMPARE(plot->history().undoCount(), edits);
   }
 
   void keepsWhatIsDraggedThroughMimeData() {
