@@ -9,7 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "korrin/foundation/utf8.h"
+#include "korrin/model/document_coding.h"
 
 namespace korrin::json {
 namespace {
@@ -67,6 +71,45 @@ TEST(NearestWord, CountsTheBeginningOfALongWordAlone) {
   const std::string given = std::string(40, 'x') + std::string(100'000, 'y');
   EXPECT_EQ(nearestWord(given, {"", std::string(80, 'y'), std::string(38, 'x')}),
             std::string(38, 'x'));
+}
+
+std::string messageFor(std::string_view document) {
+  try {
+    decodeJSON<StagePoint>(document);
+  } catch (const DecodingError& error) {
+    return error.what();
+  }
+  return "accepted";
+}
+
+TEST(Refusal, NamesControlCharactersByTheirByteAndOthersAsTheyAre) {
+  for (int code = 0x21; code < 0x100; ++code) {
+    const std::string_view ofValues = "{\"-0123456789[tfn";
+    if (code < 0x80 && ofValues.find(static_cast<char>(code)) != std::string_view::npos) continue;
+    std::string character;
+    utf8::append(character, static_cast<char32_t>(code));
+    const std::string expected = code == 0x7F ? "the byte 0x7F" : "'" + character + "'";
+    EXPECT_THAT(messageFor(character), testing::HasSubstr(expected)) << code;
+  }
+  for (const int code : {0x00, 0x01, 0x0B, 0x1F}) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const std::string expected = std::string("the byte 0x") +
+                                 digits[static_cast<unsigned>(code) / 16] +
+                                 digits[static_cast<unsigned>(code) % 16];
+    EXPECT_THAT(messageFor(std::string(1, static_cast<char>(code))), testing::HasSubstr(expected));
+  }
+}
+
+// What stands behind a text that is cut off would complete it.
+TEST(Refusal, IsTheSameWhateverFollowsTheText) {
+  const std::string_view whole =
+      R"({"x":1.25e1,"y":-20,"\u0041\ud83d\ude00\n":[true,null,"\u00e9"]})";
+  ASSERT_EQ(messageFor(whole), "accepted");
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    const std::string message = messageFor(std::string(whole.substr(0, size)));
+    EXPECT_NE(message, "accepted");
+    EXPECT_EQ(messageFor(whole.substr(0, size)), message) << size;
+  }
 }
 
 }  // namespace
