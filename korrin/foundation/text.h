@@ -72,6 +72,7 @@ class Text {
   template <std::integral Number>
   Text(Number) = delete;
 
+  /// Shares the storage of a text of more than 15 bytes.
   Text(const Text& other) noexcept : bytes_(other.bytes_) {
     if (other.isOutside()) std::construct_at(place(), other.shared());
   }
@@ -80,6 +81,7 @@ class Text {
     if (other.isOutside()) std::construct_at(place(), std::move(other.shared()));
     other.bytes_ = {};
   }
+  /// Shares the storage of a text of more than 15 bytes.
   Text& operator=(const Text& other) noexcept {
     if (this != &other) {
       this->~Text();
