@@ -49,6 +49,7 @@ class DataPanels : public QObject {
     addLists();
     addFindings();
     addChanges();
+    raise(lists_.at(keyOf(&KorrinProject::inputs)).dock);
     window_.canvas().acceptOnItems(DraggedRows::mimeType,
                                    [this](const QByteArray& bytes, const UUID& item) {
                                      if (const auto rows = draggedRows(bytes))
@@ -107,7 +108,6 @@ class DataPanels : public QObject {
     connect(findings, &FindingsPanel::said, &window_, &MainWindow::say);
     connect(findings, &FindingsPanel::spotAskedFor, this,
             [this](const Finding& finding) { showSpot(finding); });
-    raise(lists_.at(keyOf(&KorrinProject::inputs)).dock);
   }
 
   // Out of the way until something is compared.

@@ -63,8 +63,9 @@ int main(int argc, char** argv) {
     window.canvas().zoomToFit();
     window.plot().select({window.plot().project().items[3].id});
     QTest::qWait(200);
-    window.grab().save(
-        folder.filePath(theme == Theme::light ? "editor-light.png" : "editor-dark.png"));
+    if (!window.grab().save(
+            folder.filePath(theme == Theme::light ? "editor-light.png" : "editor-dark.png")))
+      return 1;
   }
   apply(Theme::light, application);
   if (!takePictureOfChanges(folder.filePath("editor-changes.png"))) return 1;
@@ -78,11 +79,11 @@ int main(int argc, char** argv) {
   preview.show();
   if (!QTest::qWaitForWindowExposed(&preview)) return 1;
   QTest::qWait(300);
-  preview.grab().save(folder.filePath("editor-print-preview.png"));
+  if (!preview.grab().save(folder.filePath("editor-print-preview.png"))) return 1;
   TemplateChooser chooser(Environment::system());
   chooser.show();
   QTest::qWait(200);
-  chooser.grab().save(folder.filePath("editor-new.png"));
+  if (!chooser.grab().save(folder.filePath("editor-new.png"))) return 1;
 
   // A plot with something to mend.
   KorrinProject flawed = KorrinProject::example();
@@ -106,6 +107,5 @@ int main(int argc, char** argv) {
   QTest::qWait(200);
   window.canvas().zoomToFit();
   QTest::qWait(200);
-  window.grab().save(folder.filePath("editor-findings.png"));
-  return 0;
+  return window.grab().save(folder.filePath("editor-findings.png")) ? 0 : 1;
 }

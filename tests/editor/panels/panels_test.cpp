@@ -60,6 +60,13 @@ class PanelsTest : public QObject {
 
   void cleanup() { window.reset(); }
 
+  void beginsWithTheInputsInFront() {
+    for (const char* panel : {"inputs", "selection", "layers"})
+      QTRY_VERIFY2(!window->findChild<QDockWidget*>(panel)->visibleRegion().isEmpty(), panel);
+    for (const char* panel : {"findings", "notes", "details", "changes"})
+      QVERIFY2(window->findChild<QDockWidget*>(panel)->visibleRegion().isEmpty(), panel);
+  }
+
   void inspectsOneItem() {
     const UUID id = plot->project().items[0].id;
     plot->select({id});
