@@ -73,6 +73,21 @@ TEST(ListDifference, TellsStretchesApart) {
   EXPECT_EQ(differences(before, after), expected);
 }
 
+TEST(ListDifference, TellsStretchesOfOneLeafApart) {
+  const List<std::string> shorter = numbered(40);
+  for (const std::size_t length : {1u, 7u}) {
+    List<std::string> longer = shorter;
+    for (std::size_t i = 0; i < length; ++i) longer.insert(20, "new");
+    for (std::size_t i = 0; i < length; ++i) longer.insert(5, "new");
+    const IndexRange first = {5, 5 + length};
+    const IndexRange second = {20 + length, 20 + 2 * length};
+    EXPECT_EQ(differences(shorter, longer),
+              (std::vector<Stretch>{{{5, 5}, first}, {{20, 20}, second}}));
+    EXPECT_EQ(differences(longer, shorter),
+              (std::vector<Stretch>{{first, {5, 5}}, {second, {20, 20}}}));
+  }
+}
+
 // Longer than the search ahead reaches.
 TEST(ListDifference, TellsLongStretchesApart) {
   const List<std::string> before = numbered(1000);

@@ -158,6 +158,18 @@ TEST(ListSearch, FindsWhatIsWrittenThroughSeveralReferences) {
   }
 }
 
+TEST(ListSearch, FindsWhatWasWrittenBesideAReplacedElement) {
+  for (const std::size_t written : {1u, 30u, 62u, 63u, 64u, 198u}) {
+    for (const std::size_t replaced : {written - 1, written + 1}) {
+      List<Symbol> list = symbols(200);
+      list.edit(written).id = identifier(5000);
+      list.replace(replaced, {.id = identifier(6000), .colour = 1});
+      EXPECT_THAT(candidates(list, identifier(5000)), testing::Contains(written));
+      EXPECT_THAT(candidates(list, identifier(6000)), testing::Contains(replaced));
+    }
+  }
+}
+
 TEST(ListSearch, FindsWhatIsWrittenThroughReferencesIntoASharedList) {
   List<Symbol> list = symbols(200);
   Symbol& fresh = list.emplace_back(Symbol{});
