@@ -142,8 +142,8 @@ class Inspection {
   // The item that a record points at, when the project holds it.
   template <class Record>
   std::optional<UUID> relatedItem(const Record& record) const {
-    return record.plotItemID && itemIDs_.contains(*record.plotItemID) ? record.plotItemID
-                                                                      : std::nullopt;
+    if (!record.plotItemID || !itemIDs_.contains(*record.plotItemID)) return std::nullopt;
+    return record.plotItemID;
   }
 
   template <class Record>
@@ -181,10 +181,9 @@ class Inspection {
       if (byTitle != 0) return byTitle < 0;
       const auto byDetail = compare(a.detail, findingOfA.detail, b.detail, findingOfB.detail);
       if (byDetail != 0) return byDetail < 0;
-      // An id is the rule's name and an identifier, whose texts have the order of its bytes.
-      const int byRule = rawValue(findingOfA.rule).compare(rawValue(findingOfB.rule));
-      if (byRule != 0) return byRule < 0;
     }
+    // An id is the rule's name and an identifier, whose texts have the order of its bytes. Rules do
+    // not share a title, so the rule is the same.
     const auto byID = a.concerned() <=> b.concerned();
     return byID != 0 ? byID < 0 : a.relatedID < b.relatedID;
   }
