@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -27,6 +26,7 @@
 #include "tests/editor/support/answers.h"
 #include "tests/editor/support/hands.h"
 #include "tests/editor/support/plots.h"
+#include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
 namespace {
@@ -38,10 +38,7 @@ class EveningTest : public QObject {
 
  private Q_SLOTS:
   void initTestCase() {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName("KorrinTests");
-    QCoreApplication::setApplicationName("evening");
-    QSettings().clear();
+    test::useOwnSettings("evening");
     window = std::make_unique<MainWindow>(repeatable());
     window->show();
     QVERIFY(activate(*window));

@@ -6,7 +6,6 @@
 #include <QMessageBox>
 #include <QSettings>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,6 +17,7 @@
 #include "editor/files/recent_files.h"
 #include "editor/main_window.h"
 #include "tests/editor/support/answers.h"
+#include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
 namespace {
@@ -50,11 +50,7 @@ class PlotFilesTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName("KorrinTests");
-    QCoreApplication::setApplicationName("plot-files");
-  }
+  void initTestCase() { test::useOwnSettings("plot-files"); }
 
   void init() {
     QSettings().clear();

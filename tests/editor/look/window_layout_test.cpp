@@ -8,11 +8,11 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTest>
 #include <memory>
 
 #include "editor/main_window.h"
+#include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
 namespace {
@@ -21,11 +21,7 @@ class WindowLayoutTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName("KorrinTests");
-    QCoreApplication::setApplicationName("window-layout");
-  }
+  void initTestCase() { test::useOwnSettings("window-layout"); }
 
   void init() { QSettings().clear(); }
 

@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -25,6 +24,7 @@
 #include "editor/panels/list_panel.h"
 #include "editor/panels/row_drag.h"
 #include "tests/editor/support/answers.h"
+#include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
 namespace {
@@ -45,9 +45,7 @@ class PanelsTest : public QObject {
 
  private Q_SLOTS:
   void initTestCase() {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName("KorrinTests");
-    QCoreApplication::setApplicationName("panels");
+    test::useOwnSettings("panels");
     QLocale::setDefault(QLocale::c());
   }
 

@@ -6,7 +6,6 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -20,6 +19,7 @@
 #include "editor/main_window.h"
 #include "editor/panels/changes_panel.h"
 #include "tests/editor/support/answers.h"
+#include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
 namespace {
@@ -32,11 +32,7 @@ class ComparisonTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName("KorrinTests");
-    QCoreApplication::setApplicationName("comparison");
-  }
+  void initTestCase() { test::useOwnSettings("comparison"); }
 
   void init() {
     window = std::make_unique<MainWindow>();

@@ -11,7 +11,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPainter>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -27,6 +26,7 @@
 #include "editor/output/sheets.h"
 #include "editor/plot/qt_texts.h"
 #include "tests/editor/support/answers.h"
+#include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
 namespace {
@@ -68,11 +68,7 @@ class PlotArtworkTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName("KorrinTests");
-    QCoreApplication::setApplicationName("plot-artwork");
-  }
+  void initTestCase() { test::useOwnSettings("plot-artwork"); }
 
   void init() {
     folder = std::make_unique<QTemporaryDir>();
