@@ -9,7 +9,7 @@
 namespace korrin::findings {
 
 /// What a check says when it finds something. A title or detail that ends in a blank is completed
-/// by the check.
+/// by the check. Rules do not share a title, which the order of issues relies on.
 struct Finding {
   PreflightRule rule;
   PreflightSeverity severity;

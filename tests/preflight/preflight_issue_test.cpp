@@ -1,10 +1,13 @@
 #include "korrin/preflight/preflight_issue.h"
 
 #include <functional>
+#include <map>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "korrin/coding/json.h"
+#include "korrin/preflight/preflight_findings.h"
 
 #include "tests/support/sample_project.h"
 
@@ -18,6 +21,18 @@ PreflightIssue issueAbout(std::optional<UUID> item, std::optional<UUID> record) 
           "Some advice, here.",
           item,
           record};
+}
+
+TEST(Findings, OfDifferentRulesHaveDifferentTitles) {
+  using namespace findings;
+  std::map<std::string_view, PreflightRule> rules;
+  for (const Finding* finding :
+       {&repeatedChannel, &repeatedMix, &inputWithoutSource, &inputWithoutSymbol,
+        &inputWithLostSymbol, &mixWithoutOutput, &mixWithoutSymbol, &mixWithLostSymbol,
+        &equipmentWithoutQuantity, &equipmentWithLostSymbol, &symbolWithoutLabel, &symbolOffStage,
+        &symbolWithoutAsset})
+    EXPECT_EQ(rules.try_emplace(finding->title, finding->rule).first->second, finding->rule);
+  EXPECT_EQ(rules.size(), 13u);
 }
 
 TEST(PreflightIssue, IsIdentifiedByItsRuleAndItsRecord) {
