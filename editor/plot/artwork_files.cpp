@@ -4,6 +4,7 @@
 #include <cctype>
 #include <system_error>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/session/document_file.h"
 
 #include "editor/plot/checked_image.h"
@@ -82,7 +83,7 @@ std::optional<std::string> ArtworkFolders::readIf(File& file, const std::string&
 }
 
 std::optional<std::string> ArtworkFolders::find(const AssetManifestEntry& wanted) {
-  if (!isDigest(wanted.sha256.str())) return std::nullopt;
+  if (!isDigest(wanted.sha256)) return std::nullopt;
   if (!isListed_) list();
   const std::string digest = lowerCase(wanted.sha256.str());
   const auto search = [&](auto range) -> std::optional<std::string> {

@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <algorithm>
-#include <cctype>
 #include <span>
 
 #include "korrin/validation/embedded_asset_safety.h"
@@ -88,13 +87,6 @@ QImage CheckedImage::decoded(int longestSide) const {
     reader.setScaledSize(
         size.scaled(longestSide, longestSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
   return reader.read();
-}
-
-bool isDigest(std::string_view assetID) {
-  constexpr std::size_t digits = 64;
-  return assetID.size() == digits && std::all_of(assetID.begin(), assetID.end(), [](char c) {
-           return std::isxdigit(static_cast<unsigned char>(c)) != 0;
-         });
 }
 
 }  // namespace korrin::editor

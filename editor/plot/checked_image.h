@@ -53,7 +53,4 @@ class CheckedImage {
   QSizeF size_;
 };
 
-/// Whether the artwork of an item can only be an embedded image: 64 hexadecimal digits.
-bool isDigest(std::string_view assetID);
-
 }  // namespace korrin::editor

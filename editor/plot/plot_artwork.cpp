@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "korrin/foundation/ascii.h"
 #include "korrin/session/document_file.h"
 #include "korrin/validation/document_validation_error.h"
 #include "korrin/validation/raster_asset_safety.h"
@@ -116,7 +117,7 @@ AssetManifestEntry PlotArtwork::entryOf(const Text& sha256) {
 }
 
 QImage PlotArtwork::pictureOf(const Text& sha256) {
-  if (!isDigest(sha256.str())) return {};
+  if (!isDigest(sha256)) return {};
   const auto [known, isNew] = known_.try_emplace(sha256);
   if (isNew) ask(sha256);
   return known->second.picture;

@@ -11,21 +11,14 @@
 namespace korrin::json {
 namespace {
 
-std::optional<unsigned> hexValue(char c) {
-  if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
-  if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a' + 10);
-  if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A' + 10);
-  return std::nullopt;
-}
-
 // The value of the four hexadecimal digits from `at` on, nothing where there are fewer.
 std::optional<char32_t> fourDigits(const char* at, const char* end) {
   if (end - at < 4) return std::nullopt;
   char32_t value = 0;
   for (int i = 0; i < 4; ++i) {
-    const auto digit = hexValue(at[i]);
-    if (!digit) return std::nullopt;
-    value = value << 4 | *digit;
+    const int digit = hexValue(at[i]);
+    if (digit < 0) return std::nullopt;
+    value = value << 4 | static_cast<char32_t>(digit);
   }
   return value;
 }

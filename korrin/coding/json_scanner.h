@@ -14,6 +14,7 @@
 
 #include "korrin/coding/digits.h"
 #include "korrin/coding/text_block.h"
+#include "korrin/foundation/ascii.h"
 
 namespace korrin::json {
 
@@ -227,7 +228,6 @@ class Scanner {
 
   [[noreturn]] void throwMissingColon() const;
   void leave(char close);
-  static bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
   /// Appends the digits at `at`, where a block can be read, to a number: returns how many there
   /// are, or 0 where a block does not hold them.

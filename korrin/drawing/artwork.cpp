@@ -40,11 +40,6 @@ std::optional<std::int64_t> safePixels(std::span<const std::byte> bytes,
 
 }  // namespace
 
-bool isDigest(std::string_view assetID) {
-  constexpr std::size_t digits = 64;
-  return assetID.size() == digits && std::all_of(assetID.begin(), assetID.end(), isHexDigit);
-}
-
 Artwork::Artwork(const KorrinProject& project, const DrawingOptions& options) : options_(options) {
   for (const AssetManifestEntry& entry : project.assetManifest)
     manifest_.emplace(entry.sha256, &entry);

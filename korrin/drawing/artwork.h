@@ -42,7 +42,4 @@ class Artwork {
   std::size_t keptCount_ = 0;
 };
 
-/// Whether the identifier can only be a digest.
-bool isDigest(std::string_view assetID);
-
 }  // namespace korrin::drawing

@@ -7,6 +7,7 @@
 #include "korrin/drawing/sheets.h"
 #include "korrin/drawing/stage_drawing.h"
 #include "korrin/drawing/stage_view.h"
+#include "korrin/foundation/ascii.h"
 
 namespace korrin {
 

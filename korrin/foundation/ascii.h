@@ -2,7 +2,9 @@
 
 // Digits, decimal and hexadecimal, as ASCII has them: no locale changes what they are.
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace korrin {
 
@@ -17,6 +19,12 @@ constexpr int hexValue(char c) noexcept {
 }
 
 constexpr bool isHexDigit(char c) noexcept { return hexValue(c) >= 0; }
+
+/// Whether the text can be a SHA-256 digest, which embedded files are named by: 64 hexadecimal
+/// digits of either case.
+constexpr bool isDigest(std::string_view text) noexcept {
+  return text.size() == 64 && std::all_of(text.begin(), text.end(), isHexDigit);
+}
 
 /// Appends the two digits of a byte, in small letters.
 inline void appendHex(std::string& text, unsigned char byte) {

@@ -30,10 +30,6 @@ std::string lowerCase(std::string text) {
 
 }  // namespace
 
-bool isDigest(const Text& text) {
-  return text.str().size() == 64 && std::ranges::all_of(text.str(), isHexDigit);
-}
-
 AssetFolders::AssetFolders(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) {
     std::error_code error;

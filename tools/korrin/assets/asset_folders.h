@@ -51,7 +51,4 @@ class AssetFolders {
   std::vector<File> files_;  // by path
 };
 
-/// Whether it is a SHA-256 digest in hexadecimal digits, of either letter case.
-bool isDigest(const Text& text);
-
 }  // namespace korrin::host

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "korrin/foundation/ascii.h"
+
 namespace korrin::host {
 namespace {
 

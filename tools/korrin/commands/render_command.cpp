@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "korrin/drawing/revision_marks.h"
+#include "korrin/foundation/ascii.h"
 #include "korrin/model/document_coding.h"
 
 #include "assets/asset_folders.h"
