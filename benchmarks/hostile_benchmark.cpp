@@ -309,12 +309,9 @@ constexpr std::array reviewCases = {
     Case{
         "`audit`",
         [](const Chosen& chosen) -> Operation { return [plot = plotOf(chosen)] { audit(plot); }; }},
-    Case{"`safeFixes` of 500 groups",
+    Case{"`safeFixes`",
          [](const Chosen& chosen) -> Operation {
-           KorrinProject plot = plotOf(chosen);
-           plot.inputs = {};  // Each shares an identifier with an item, which is mended one by one.
-           while (plot.groups.size() > 500) plot.groups.erase(plot.groups.size() - 1);
-           return [plot] { safeFixes(plot); };
+           return [plot = plotOf(chosen)] { safeFixes(plot); };
          }},
     Case{"`review` with a waiver for each finding",
          [](const Chosen& chosen) -> Operation {

@@ -35,6 +35,7 @@ class IdentityIndex {
         std::sort(entries.begin(), entries.end());
       }
     });
+    hasRepeats_ = isAnyRepeated();
   }
 
   /// The records of the list that have the identity, each with its place, in their order.
@@ -73,7 +74,10 @@ class IdentityIndex {
   }
 
   /// Whether two records of one list share their identifier, which validation refuses.
-  bool hasRepeats() const {
+  bool hasRepeats() const { return hasRepeats_; }
+
+ private:
+  bool isAnyRepeated() const {
     const auto& lists = std::get<EntriesByList<UUID>>(lists_);
     return std::any_of(lists.begin(), lists.end(), [](const auto& list) {
       const Entries<UUID>& entries = list.second;
@@ -83,8 +87,8 @@ class IdentityIndex {
     });
   }
 
- private:
   std::tuple<EntriesByList<UUID>, EntriesByList<Text>> lists_;
+  bool hasRepeats_;
 };
 
 }  // namespace korrin::revision

@@ -25,8 +25,7 @@ class Round {
 
   // Whether the fix took effect: not where an earlier one touched a record of its.
   bool take(const Fix& fix, const Environment& environment) {
-    KorrinProject changed = project_;
-    fix.command.apply(changed, environment);
+    const KorrinProject changed = after(fix.command, environment);
     touched_.clear();
     forEachList([&](std::string_view key, auto member) { touch(key, member, changed); });
     const auto isTaken = [this](const Place& place) { return taken_.contains(place); };
@@ -49,6 +48,19 @@ class Round {
  private:
   using Place = std::pair<std::string_view, std::size_t>;  // a list's key and a record's index
 
+  // Applying either of the two cases below would gather the identifiers of all their items, which
+  // nobody asks for here.
+  KorrinProject after(const DocumentCommand& command, const Environment& environment) const {
+    if (const auto* replacement = command.get<ReplaceProject>()) return replacement->project;
+    KorrinProject changed = project_;
+    if (const auto* replacement = command.get<ReplaceGroups>()) {
+      changed.groups = replacement->groups;
+      return changed;
+    }
+    command.apply(changed, environment);
+    return changed;
+  }
+
   template <class Visit>
   static void forEachList(Visit visit) {
     forEachField<KorrinProject>([&visit](const auto& field) {
@@ -62,13 +74,19 @@ class Round {
              const KorrinProject& changed) {
     const List<Record>& before = project_.*list;
     const List<Record>& after = changed.*list;
-    const auto add = [&](IndexRange range) {
+    std::vector<IndexRange> ranges;
+    bool isAnyNew = false;
+    forEachDifference(before, after, [&](IndexRange was, IndexRange is) {
+      ranges.push_back(was);
+      isAnyNew = isAnyNew || is.size() > 0;
+    });
+    // Where many records are removed at once, some that stay may stand among the differences.
+    if (isAnyNew && before.size() != after.size()) {
+      const std::vector<Run> runs = sortedBy(&Run::before, Alignment<Record>(before, after).runs());
+      ranges = uncovered(&Run::before, runs, before.size());
+    }
+    for (const IndexRange& range : ranges)
       for (std::size_t i = range.first; i < range.last; ++i) touched_.emplace_back(key, i);
-    };
-    if (before.size() == after.size())
-      return forEachDifference(before, after, [&](IndexRange range, IndexRange) { add(range); });
-    const std::vector<Run> runs = sortedBy(&Run::before, Alignment<Record>(before, after).runs());
-    for (const IndexRange& range : uncovered(&Run::before, runs, before.size())) add(range);
   }
 
   template <class Record>

@@ -26,8 +26,9 @@ struct SafeFixes {
 ///
 /// Nothing either for a project in which a list holds an identifier twice: validation refuses it.
 ///
-/// Changes nothing. Reads the clock. Takes O(n log n) time a round for the findings and O(n) for
-/// each fix: thousands of fixes of one plot take seconds. A few rounds are the rule.
+/// Changes nothing. Reads the clock. Takes O(n log n) time a round for the findings; a fix takes
+/// far less than a look at each record, so that tens of thousands in one plot take seconds. A few
+/// rounds are the rule.
 std::optional<SafeFixes> safeFixes(const KorrinProject& project, const WaiverList& accepted = {},
                                    const Environment& environment = Environment::system());
 

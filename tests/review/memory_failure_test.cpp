@@ -146,5 +146,34 @@ TEST(ManyFixes, TakeAllocationsInProportionToTheFindings) {
   EXPECT_LT(mendedInLarger, 5 * mended);
 }
 
+// A plot whose only fault is that each item shares its identifier with an input.
+KorrinProject plotOfSharedIdentifiers(std::size_t count) {
+  KorrinProject project = sampleProject();
+  const PlotItem sample = project.items[0];
+  for (std::size_t i = 0; i < count; ++i) {
+    PlotItem item = sample;
+    item.id = identifier(10'000 + i);
+    item.groupID = std::nullopt;
+    project.items.push_back(item);
+    InputChannel input{};
+    input.id = item.id;
+    input.channel = static_cast<std::int64_t>(1'000 + i);
+    input.source = "Vocal";
+    input.plotItemID = item.id;
+    project.inputs.push_back(input);
+  }
+  return project;
+}
+
+TEST(ManySafeFixes, OfTheWholePlotTakeAllocationsInProportionToTheFindings) {
+  constexpr std::size_t count = 200;
+  const KorrinProject plot = plotOfSharedIdentifiers(count);
+  const KorrinProject larger = plotOfSharedIdentifiers(4 * count);
+  EXPECT_GE(safeFixes(plot)->titles.size(), count);
+  const std::size_t mended = allocationsOf([&] { safeFixes(plot); });
+  const std::size_t mendedInLarger = allocationsOf([&] { safeFixes(larger); });
+  EXPECT_LT(mendedInLarger, 5 * mended);
+}
+
 }  // namespace
 }  // namespace korrin::test
