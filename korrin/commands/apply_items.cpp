@@ -2,6 +2,7 @@
 #include <optional>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "korrin/commands/apply_cases.h"
 #include "korrin/commands/group_members.h"
@@ -28,8 +29,9 @@ List<Row> withoutLinks(List<Row> rows, const IDSet& itemIDs) {
   return rows;
 }
 
-List<PlotItem> withoutItems(const List<PlotItem>& items, const IDSet& itemIDs) {
-  return withoutPlaces(items, placesOf(itemIDs, items));
+List<PlotItem> withoutItems(List<PlotItem> items, const IDSet& itemIDs) {
+  const std::vector<std::size_t> places = placesOf(itemIDs, items);
+  return withoutPlaces(std::move(items), places);
 }
 
 }  // namespace
@@ -77,14 +79,14 @@ CommandResult applyCase(const ReplaceItems& replacement, KorrinProject& project,
   IDSet ids = identifiersOf(replacement.items);
   // Overwriting an item leaves its identifier where it is, so that one walk before the first change
   // tells every place.
+  List<PlotItem> items = project.items;
   List<PlotItem> formerItems;
   std::unordered_map<UUID, std::size_t> firstPlaces;
-  for (const std::size_t place : placesOf(ids, project.items)) {
-    const PlotItem& item = project.items[place];
+  for (const std::size_t place : placesOf(ids, items)) {
+    const PlotItem& item = items[place];
     formerItems.push_back(item);
     firstPlaces.emplace(item.id, place);
   }
-  List<PlotItem> items = project.items;
   for (const PlotItem& item : replacement.items) {
     const auto found = firstPlaces.find(item.id);
     if (found != firstPlaces.end()) items.replace(found->second, item);

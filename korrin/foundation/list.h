@@ -119,7 +119,7 @@ class List {
   ///
   /// The reference stays usable until the list is copied, destroyed or changed by anything but
   /// `edit`; several may be held at once. (What is written through it after the list was copied may
-  /// show in the copy.)
+  /// show in the copy, and `forEachCandidate` may miss an identifier that was written so.)
   T& edit(std::size_t index) {
     const std::size_t k = placeOf(index);
     const std::size_t offset = index - spine_->startOf(k);
@@ -278,8 +278,12 @@ class List {
   requires Searchable<T>
   void forEachCandidate(const IDs& ids, Visit visit) const {
     if (empty()) return;
+    // What several lists reach was copied since any of it was handed out, which ended the use of
+    // the references into it.
+    const bool isShared = !spine_.isUnique();
     for (std::size_t k = 0; k < spine_->leafCount(); ++k) {
       const Leaf& leaf = spine_->leaf(k);
+      if (isShared || !spine_->sharedLeaf(k).isUnique()) leaf.settleShared();
       for (typename Leaf::Mask rest = candidates(leaf, ids); rest != 0; rest &= rest - 1) {
         const auto offset = static_cast<std::size_t>(std::countr_zero(rest));
         visit(spine_->startOf(k) + offset, leaf.slots()[offset].value());

@@ -3,6 +3,7 @@
 // The lower half of a List's storage: slots that hold one element each, and leaves that hold up to
 // 64 neighbouring slots. Hosts use List (list.h), never these.
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -117,6 +118,9 @@ class ListLeaf : public Counted {
   }
   /// Ends the time in which elements that were handed out may be changed.
   void settle() noexcept { marks_.settle(slots()); }
+  /// As `settle`, for a leaf that more than one list reaches, which other threads may be searching
+  /// or copying.
+  void settleShared() const noexcept { marks_.settleShared(slots(), isSettling_); }
 
   // The changes below need room for what they add.
 
@@ -140,7 +144,7 @@ class ListLeaf : public Counted {
   void take(ListLeaf& other) noexcept {
     for (; count_ < other.count_; ++count_)
       std::construct_at(slots() + count_, std::move(other.slots()[count_]));
-    marks_ = other.marks_;
+    marks_.take(other.marks_);
   }
 
   void insert(std::size_t offset, Slot slot) noexcept {
@@ -185,6 +189,7 @@ class ListLeaf : public Counted {
 
   std::uint16_t count_ = 0;
   std::uint16_t capacity_;
+  mutable std::atomic<bool> isSettling_ = false;  // whether a thread is within `settleShared`
   [[no_unique_address]] ListMarks<T> marks_;
   // The slots follow, from the end of this object on.
 };

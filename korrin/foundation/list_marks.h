@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -95,41 +96,61 @@ class ListMarks {
   void handOut(std::size_t) noexcept {}
   template <class Slot>
   void settle(const Slot*) noexcept {}
+  template <class Slot>
+  void settleShared(const Slot*, std::atomic<bool>&) const noexcept {}
   void note(std::size_t, const T&) noexcept {}
   void copy(std::size_t, const ListMarks&, std::size_t, const T&) noexcept {}
+  void take(const ListMarks&) noexcept {}
   void insertAt(std::size_t, std::size_t, const T&) noexcept {}
   void removeAt(std::size_t, std::size_t) noexcept {}
 };
 
 /// An element is handed out when somebody has a reference through which to change it, its key too.
 /// It matches whatever is sought, since its mark may be out of date.
+///
+/// Several threads may call the functions that are `const` at the same time. None reads the mark of
+/// an element that is handed out, so that one of them may write it (`settleShared`).
 template <Searchable T>
 class ListMarks<T> {
   using Mark = MarkOf<T>;
 
  public:
   /// Somebody may change the element of the slot from here on.
-  void handOut(std::size_t slot) noexcept { handedOut_ |= SlotMask{1} << slot; }
+  void handOut(std::size_t slot) noexcept { setHandedOut(handedOut() | bit(slot)); }
   /// Nobody changes an element any more that was handed out.
   template <class Slot>
   void settle(const Slot* slots) noexcept {
-    for (; handedOut_ != 0; handedOut_ &= handedOut_ - 1) {
-      const auto slot = static_cast<std::size_t>(std::countr_zero(handedOut_));
-      marks_[slot] = Mark::of(slots[slot].value().*searchKey<T>);
-    }
+    if (handedOut() == 0) return;
+    makeMarks(slots);
+    setHandedOut(0);
+  }
+  /// As `settle`, for a leaf that several lists reach, while others read the marks. Does nothing
+  /// while another thread does it, for which this one need not wait. `isClaimed` belongs to these
+  /// marks; it stands apart because they would be larger with it.
+  template <class Slot>
+  void settleShared(const Slot* slots, std::atomic<bool>& isClaimed) const noexcept {
+    if (handedOut() == 0 || isClaimed.exchange(true, std::memory_order_acquire)) return;
+    makeMarks(slots);
+    handedOut_.store(0, std::memory_order_release);
+    isClaimed.store(false, std::memory_order_release);
   }
   /// The slot holds this element, which nobody changes.
   void note(std::size_t slot, const T& element) noexcept {
     marks_[slot] = Mark::of(element.*searchKey<T>);
-    handedOut_ &= ~(SlotMask{1} << slot);
+    setHandedOut(handedOut() & ~bit(slot));
   }
   /// The slot holds `element`, which stands in slot `from` of another leaf too, and which nobody
   /// changes.
   void copy(std::size_t slot, const ListMarks& other, std::size_t from, const T& element) noexcept {
-    if ((other.handedOut_ >> from & 1) != 0)
+    if ((other.handedOut() & bit(from)) != 0)
       note(slot, element);
     else
       marks_[slot] = other.marks_[from];
+  }
+  /// Makes these marks what `other` is.
+  void take(const ListMarks& other) noexcept {
+    marks_ = other.marks_;
+    setHandedOut(other.handedOut());
   }
   /// Follows an insertion before, or a removal of, one of `count` slots. All are settled.
   void insertAt(std::size_t slot, std::size_t count, const T& element) noexcept {
@@ -140,17 +161,44 @@ class ListMarks<T> {
     std::copy(marks_.begin() + slot + 1, marks_.begin() + count, marks_.begin() + slot);
   }
 
-  /// Those of the first `count` slots whose element may have the identifier.
+  /// Those of the first `count` slots, of which there is one, whose element may have the
+  /// identifier.
   SlotMask matches(std::size_t count, const UUID& id) const noexcept {
-    return Mark::matches(marks_.data(), count, Mark::of(id)) | handedOut_;
+    const auto sought = Mark::of(id);
+    SlotMask found = handedOut();
+    // One stretch of slots after the other that are not handed out; mostly there is but one.
+    for (SlotMask rest = ~found & firstBits(count); rest != 0;) {
+      const auto first = static_cast<std::size_t>(std::countr_zero(rest));
+      const auto length = static_cast<std::size_t>(std::countr_one(rest >> first));
+      found |= Mark::matches(marks_.data() + first, length, sought) << first;
+      rest &= ~(firstBits(length) << first);
+    }
+    return found;
   }
 
  private:
-  SlotMask handedOut_ = 0;
-  // Zero until made, since a search reads the mark of a slot that is handed out too. With 64 bits
-  // for each list of identifiers a leaf would exceed 1,024 bytes: glibc consolidates its free
-  // memory when a block of that size is requested, which slows decoding by a tenth.
-  std::array<typename Mark::Type, slotsOfALeaf> marks_{};
+  static SlotMask bit(std::size_t slot) noexcept { return SlotMask{1} << slot; }
+  static SlotMask firstBits(std::size_t count) noexcept {
+    return ~SlotMask{0} >> (slotsOfALeaf - count);
+  }
+
+  // Acquire: where a bit is gone, the mark that another thread made is there.
+  SlotMask handedOut() const noexcept { return handedOut_.load(std::memory_order_acquire); }
+  void setHandedOut(SlotMask slots) noexcept { handedOut_.store(slots, std::memory_order_relaxed); }
+
+  template <class Slot>
+  void makeMarks(const Slot* slots) const noexcept {
+    for (SlotMask rest = handedOut(); rest != 0; rest &= rest - 1) {
+      const auto slot = static_cast<std::size_t>(std::countr_zero(rest));
+      marks_[slot] = Mark::of(slots[slot].value().*searchKey<T>);
+    }
+  }
+
+  mutable std::atomic<SlotMask> handedOut_ = 0;
+  // Zero until made, since `take` copies all of them. With 64 bits for each list of identifiers a
+  // leaf would exceed 1,024 bytes: glibc consolidates its free memory when a block of that size is
+  // requested, which slows decoding by a tenth.
+  mutable std::array<typename Mark::Type, slotsOfALeaf> marks_{};
 };
 
 }  // namespace korrin::detail

@@ -119,10 +119,12 @@ class ListSpine : public Counted {
     const bool isOwn = leaf.isUnique();
     if (!isOwn || leaf->capacity() < capacity) {
       Shared<Leaf> next = Leaf::make(capacity);
-      if (isOwn)
+      if (isOwn) {
         next->take(*leaf);
-      else
+      } else {
+        leaf->settleShared();
         next->appendCopies(*leaf, 0, leaf->count());
+      }
       leaf = std::move(next);
     }
     return *leaf;

@@ -248,6 +248,74 @@ TEST(ListSearch, PassesOverElementsThatWereEditedBeforeTheirLeafWasCopied) {
   EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(300u)));
 }
 
+// A copy ends the use of every reference, and the first search then makes the marks.
+TEST(ListSearch, PassesOverElementsThatWereEditedBeforeTheListWasCopied) {
+  constexpr std::size_t count = 64 * 100;
+  List<Symbol> list = symbols(count);
+  for (std::size_t i = 0; i < count; ++i) list.edit(i).id = identifier(10'000 + i);
+  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(count));
+  {
+    const List<Symbol> copy = list;
+    EXPECT_THAT(candidates(copy, identifier(1)), SizeIs(Lt(150u)));
+    EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(150u)));
+  }
+  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(150u)));
+  for (std::size_t i = 0; i < count; i += 7)
+    ASSERT_THAT(candidates(list, identifier(10'000 + i)), testing::Contains(i));
+}
+
+TEST(ListSearch, PassesOverElementsOfTheLeavesThatACopyLeftAlone) {
+  List<Symbol> list = symbols(64 * 100);
+  for (std::size_t i = 0; i < list.size(); ++i) list.edit(i).id = identifier(10'000 + i);
+  List<Symbol> copy = list;
+  copy.edit(70).id = identifier(2);
+  EXPECT_THAT(candidates(copy, identifier(1)), SizeIs(Lt(150u)));
+  EXPECT_THAT(candidates(copy, identifier(2)), testing::Contains(70u));
+  // The leaf that the copy has replaced is the list's alone, and was settled all the same.
+  EXPECT_THAT(candidates(list, identifier(1)), SizeIs(Lt(150u)));
+  EXPECT_THAT(candidates(list, identifier(10'070)), testing::Contains(70u));
+}
+
+TEST(ListSearch, FindsWhatIsWrittenThroughReferencesThatAreYoungerThanTheMarks) {
+  for (const std::size_t other : {4u, 63u, 64u, 199u}) {
+    List<Symbol> list = symbols(200);
+    for (std::size_t i = 0; i < list.size(); ++i) list.edit(i).id = identifier(10'000 + i);
+    {
+      const List<Symbol> copy = list;
+      EXPECT_THAT(candidates(copy, identifier(10'003)), testing::Contains(3u));
+    }
+    Symbol& first = list.edit(3);
+    Symbol& second = list.edit(other);
+    first.id = identifier(5000);
+    EXPECT_THAT(candidates(list, identifier(5000)), testing::Contains(3u));
+    second.id = identifier(6000);
+    first.id = identifier(7000);
+    EXPECT_THAT(candidates(list, identifier(6000)), testing::Contains(other));
+    EXPECT_THAT(candidates(list, identifier(7000)), testing::Contains(3u));
+    for (const std::size_t at : {0u, 2u, 5u, 62u, 65u, 198u})
+      EXPECT_THAT(candidates(list, identifier(10'000 + at)), testing::Contains(at));
+  }
+}
+
+TEST(ListSearch, PassesOverElementsWhateverTheirKeyOnceTheListIsCopied) {
+  List<Row> rows;
+  List<Bundle> bundles;
+  for (std::size_t i = 0; i < 640; ++i) {
+    rows.push_back({.id = identifier(i), .link = std::nullopt});
+    bundles.push_back({.members = {}});
+  }
+  for (std::size_t i = 0; i < 640; ++i) {
+    rows.edit(i).link = identifier(1000 + i);
+    bundles.edit(i).members.push_back(identifier(1000 + i));
+  }
+  const List<Row> copyOfRows = rows;
+  const List<Bundle> copyOfBundles = bundles;
+  EXPECT_THAT(candidates(rows, identifier(1100)), testing::Contains(100u));
+  EXPECT_THAT(candidates(rows, identifier(1)), SizeIs(Lt(40u)));
+  EXPECT_THAT(candidates(bundles, identifier(1100)), testing::Contains(100u));
+  EXPECT_THAT(candidates(bundles, identifier(1)), SizeIs(Lt(200u)));
+}
+
 TEST(ListSearch, PassesOverElementsThatWereReplacedOneByOne) {
   List<Symbol> list = symbols(64 * 100);
   for (std::size_t i = 0; i < list.size(); i += 3)

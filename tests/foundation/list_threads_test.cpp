@@ -94,6 +94,39 @@ TEST(ListThreads, SearchCopiesWhileAnotherCopyIsEdited) {
   for (std::thread& thread : threads) thread.join();
 }
 
+// The first search after a copy makes the marks of what was edited, in storage that all share.
+TEST(ListThreads, SearchAListThatWasEditedWhileOthersCopyIt) {
+  for (int round = 0; round < 20; ++round) {
+    List<Symbol> original;
+    for (std::size_t i = 0; i < 300; ++i) original.push_back({.id = UUID(), .label = "new"});
+    for (std::size_t i = 0; i < 300; ++i)
+      original.edit(i).id = UUID({static_cast<std::uint8_t>(i), 1});
+    const auto finds = [](const List<Symbol>& list, std::size_t sought) {
+      bool isFound = false;
+      list.forEachCandidate(std::vector{list[sought].id},
+                            [&](std::size_t place, const Symbol&) { isFound |= place == sought; });
+      return isFound;
+    };
+    std::atomic<int> ready = 0;
+    std::vector<std::thread> threads;
+    for (std::size_t reader = 0; reader < 4; ++reader) {
+      threads.emplace_back([&, reader] {
+        ++ready;
+        while (ready < 4) std::this_thread::yield();
+        // The second and the last look at the list itself.
+        List<Symbol> copy;
+        if (reader % 2 == 0) copy = original;
+        const List<Symbol>& list = reader % 2 == 0 ? copy : original;
+        for (std::size_t i = reader; i < 300; i += 10) EXPECT_TRUE(finds(list, i));
+        if (reader == 2) copy.edit(5).label = "edited";
+      });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (std::size_t i = 0; i < 300; ++i) original.edit(i).id = UUID({7});
+    EXPECT_TRUE(finds(original, 299));
+  }
+}
+
 TEST(ListThreads, EachEditsACopyOfItsOwn) {
   List<std::string> original = texts(130);
   std::vector<std::thread> threads;
