@@ -58,13 +58,18 @@ constexpr bool isWhiteSpace(char32_t scalar) {
 }  // namespace
 
 Text::Storage::Storage(std::string_view utf8, std::string_view composed) noexcept
-    : size(utf8.size()), composedSize(composed.size()) {
+    : size(utf8.size()) {
   char* const first = reinterpret_cast<char*>(this + 1);
-  composed.copy(first + utf8.copy(first, utf8.size()), composed.size());
+  char* const end = first + utf8.copy(first, size);
+  if (composed.empty()) return;
+  const std::size_t composedSize = composed.size();
+  std::memcpy(end, &composedSize, sizeof composedSize);
+  composed.copy(end + sizeof composedSize, composedSize);
 }
 
 Shared<Text::Storage> Text::Storage::make(std::string_view utf8, std::string_view composed) {
-  void* const memory = ::operator new(sizeof(Storage) + utf8.size() + composed.size());
+  const std::size_t forComposed = composed.empty() ? 0 : sizeof(std::size_t) + composed.size();
+  void* const memory = ::operator new(sizeof(Storage) + utf8.size() + forComposed);
   return Shared<Storage>::adopt(::new (memory) Storage(utf8, composed));
 }
 
@@ -79,7 +84,7 @@ void Text::hold(std::string_view utf8, std::string_view composed) {
     bytes_.back() = static_cast<unsigned char>(utf8.size());
   } else {
     std::construct_at(place(), Storage::make(utf8, composed));
-    bytes_.back() = outside;
+    bytes_.back() = composed.empty() ? outside : outsideWithComposed;
   }
 }
 

@@ -231,6 +231,38 @@ TEST(Text, IsEqualAcrossTheSizesAtWhichItStandsInside) {
   EXPECT_EQ(std::hash<Text>{}(decomposed), std::hash<Text>{}(composed));
 }
 
+TEST(Text, DiffersWhereAnyOneOfItsBytesDoes) {
+  for (std::size_t size = 1; size <= 70; ++size) {
+    const Text text = std::string(size, 'a');
+    EXPECT_EQ(text, Text(std::string(size, 'a')));
+    EXPECT_NE(text, Text(std::string(size + 1, 'a')));
+    for (std::size_t at = 0; at < size; ++at) {
+      std::string other(size, 'a');
+      other[at] = 'b';
+      EXPECT_NE(text, Text(other)) << size << " bytes, the one at " << at;
+      EXPECT_LT(text, Text(other)) << size << " bytes, the one at " << at;
+    }
+  }
+}
+
+TEST(Text, HasOneFormOfEachLengthWhicheverWayItIsSpelled) {
+  for (std::size_t size = 0; size <= 70; ++size) {
+    const std::string before(size, 'a');
+    const Text decomposed = before + "e\u0301";
+    const Text composed = before + "\u00e9";
+    EXPECT_EQ(decomposed, composed);
+    EXPECT_EQ(composed, decomposed);
+    EXPECT_EQ(decomposed, Text(before + "e\u0301"));
+    EXPECT_EQ(composed, Text(before + "\u00e9"));
+    EXPECT_EQ(decomposed <=> composed, std::strong_ordering::equal);
+    EXPECT_EQ(std::hash<Text>{}(decomposed), std::hash<Text>{}(composed));
+    EXPECT_NE(decomposed, Text(before + "e\u0300"));
+    EXPECT_NE(decomposed, Text(before + "e"));
+    EXPECT_NE(composed, Text(before + "e\u0301\u0323"));
+    EXPECT_EQ(decomposed.str(), before + "e\u0301");
+  }
+}
+
 TEST(Text, HoldsZeroBytes) {
   const Text one = std::string(1, '\0');
   const Text two = std::string(2, '\0');
