@@ -1,8 +1,12 @@
 #include "korrin/coding/date_coding.h"
 
+#include <charconv>
+#include <cstdint>
 #include <limits>
 #include <random>
 #include <string>
+#include <system_error>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -116,11 +120,11 @@ TEST(Date, IsReadBackToTheNanosecondUnderEveryStrategy) {
 
 // The number's digits, read without its point as nanoseconds, are the distance from the origin.
 TEST(Date, IsWrittenAsTheExactNumber) {
-  constexpr __int128_t referenceDate = __int128_t{978'307'200} * 1'000'000'000;
   for (const auto& [strategy, decimals, origin] :
-       {std::tuple{DateStrategy::secondsSince1970, 9, __int128_t{0}},
-        std::tuple{DateStrategy::millisecondsSince1970, 6, __int128_t{0}},
-        std::tuple{DateStrategy::secondsSinceReferenceDate, 9, referenceDate}}) {
+       {std::tuple{DateStrategy::secondsSince1970, 9, std::int64_t{0}},
+        std::tuple{DateStrategy::millisecondsSince1970, 6, std::int64_t{0}},
+        std::tuple{DateStrategy::secondsSinceReferenceDate, 9,
+                   std::int64_t{978'307'200'000'000'000}}}) {
     for (const Instant instant : instants()) {
       char buffer[64];
       std::string text(buffer, json::writeInstantNumber(buffer, instant, strategy));
@@ -133,11 +137,16 @@ TEST(Date, IsWrittenAsTheExactNumber) {
       }
       ASSERT_LE(fractionDigits, static_cast<std::size_t>(decimals)) << whole;
       text.append(static_cast<std::size_t>(decimals) - fractionDigits, '0');
-      __int128_t value = 0;
-      for (const char c : text)
-        if (c != '-') value = value * 10 + (c - '0');
-      if (text.front() == '-') value = -value;
-      ASSERT_TRUE(value + origin == instant.time_since_epoch().count()) << whole;
+      const bool isNegative = text.front() == '-';
+      if (isNegative) text.erase(0, 1);
+      std::uint64_t distance = 0;
+      const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), distance);
+      ASSERT_TRUE(error == std::errc() && end == text.data() + text.size()) << whole;
+      const std::int64_t count = instant.time_since_epoch().count();
+      ASSERT_EQ(isNegative, count < origin) << whole;
+      // Twenty digits fit without a sign only.
+      const auto forwards = static_cast<std::uint64_t>(count) - static_cast<std::uint64_t>(origin);
+      ASSERT_EQ(distance, isNegative ? 0 - forwards : forwards) << whole;
     }
   }
 }

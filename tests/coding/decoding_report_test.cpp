@@ -55,10 +55,13 @@ std::vector<std::string> wordsUpTo(std::size_t length) {
 TEST(NearestWord, IsTheFirstOneWithTheFewestChanges) {
   const std::vector<std::string> all = wordsUpTo(4);
   std::mt19937_64 random(31);
+  const auto any = [&]() -> std::string_view {
+    return all[static_cast<std::size_t>(random() % all.size())];
+  };
   for (const std::string& given : all) {
     for (int round = 0; round < 40; ++round) {
       std::vector<std::string_view> words;
-      for (int i = 0; i < 3; ++i) words.push_back(all[random() % all.size()]);
+      for (int i = 0; i < 3; ++i) words.push_back(any());
       const auto nearest = std::ranges::min_element(
           words, {}, [&](std::string_view word) { return Distance(given, word).whole(); });
       ASSERT_EQ(nearestWord(given, words), *nearest)

@@ -98,19 +98,23 @@ void group(Model& model, const IDSet& ids, const UUID& groupID) {
   model.groups.push_back(members);
 }
 
+std::size_t below(std::mt19937_64& random, std::size_t bound) {
+  return static_cast<std::size_t>(random() % bound);
+}
+
 /// Holds references all over a project and writes through them, whenever it likes, what changes the
 /// members by which records are found; the model follows.
 class HeldReferences {
  public:
   HeldReferences(KorrinProject& project, Model& model, std::mt19937_64& random)
       : model_(model), random_(random) {
-    const std::size_t count = 2 + random_() % 20;
+    const std::size_t count = 2 + below(random_, 20);
     for (std::size_t i = 0; i < count; ++i) {
-      const std::size_t item = random_() % project.items.size();
+      const std::size_t item = below(random_, project.items.size());
       items_.emplace_back(&project.items.edit(item), item);
-      const std::size_t input = random_() % project.inputs.size();
+      const std::size_t input = below(random_, project.inputs.size());
       inputs_.emplace_back(&project.inputs.edit(input), input);
-      const std::size_t group = random_() % project.groups.size();
+      const std::size_t group = below(random_, project.groups.size());
       groups_.emplace_back(&project.groups.edit(group), group);
     }
   }
@@ -145,9 +149,11 @@ class HeldReferences {
 
   template <class Record>
   const std::pair<Record*, std::size_t>& any(const Held<Record>& held) {
-    return held[random_() % held.size()];
+    return held[below(random_, held.size())];
   }
-  std::optional<UUID> anyIdentifier() { return model_.items[random_() % model_.items.size()].id; }
+  std::optional<UUID> anyIdentifier() {
+    return model_.items[below(random_, model_.items.size())].id;
+  }
 
   Model& model_;
   std::mt19937_64& random_;
@@ -177,7 +183,7 @@ TEST(HeldReferences, LeadCommandsToWhatWasWrittenThroughThem) {
   for (std::uint64_t seed = 1; seed <= 150; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937_64 random(seed);
-    KorrinProject project = plotOf(10 + random() % 150);
+    KorrinProject project = plotOf(10 + below(random, 150));
     Model model = modelOf(project);
     std::vector<KorrinProject> copies;
     for (int round = 0; round < 4; ++round) {
@@ -187,7 +193,7 @@ TEST(HeldReferences, LeadCommandsToWhatWasWrittenThroughThem) {
 
       IDSet ids;
       for (std::uint64_t count = 1 + random() % 16; count > 0; --count)
-        ids.insert(model.items[random() % model.items.size()].id);
+        ids.insert(model.items[below(random, model.items.size())].id);
       if (random() % 2 == 0) copies.push_back(project);
       switch (random() % 3) {
         case 0:

@@ -59,7 +59,7 @@ int elementOf<int>(std::uint64_t n) {
 
 template <>
 std::string elementOf<std::string>(std::uint64_t n) {
-  return std::string(n % 40, 'a') + std::to_string(n % 1000);
+  return std::string(static_cast<std::size_t>(n % 40), 'a') + std::to_string(n % 1000);
 }
 
 template <>
@@ -144,7 +144,7 @@ class Changer {
  public:
   explicit Changer(std::uint64_t seed) : random_(seed) {}
 
-  std::uint64_t below(std::uint64_t bound) { return random_() % bound; }
+  std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random_() % bound); }
 
   /// One random change. `growth` out of 10 changes tend to make the list longer.
   void change(Pair<T>& pair, std::uint64_t growth) {
@@ -240,8 +240,8 @@ class Changer {
       case 10:
       case 11:
       case 12: {
-        const std::uint64_t outOf = 2 + below(300);
-        const std::uint64_t chosen = below(outOf);
+        const std::size_t outOf = 2 + below(300);
+        const std::size_t chosen = below(outOf);
         const auto predicate = [=](const T& element) { return keyOf(element) % outOf == chosen; };
         EXPECT_EQ(list.eraseIf(predicate), std::erase_if(model, predicate));
         break;

@@ -340,7 +340,7 @@ TEST(PreflightOrder, IsByTheRelatedItemWhereRecordsShareAnIdentifier) {
   }
   const Issues issues = inspect(project);
   ASSERT_THAT(issues, SizeIs(40));
-  for (std::uint64_t i = 0; i < 40; ++i) EXPECT_EQ(issues[i].relatedID, identifier(i + 1));
+  for (std::size_t i = 0; i < 40; ++i) EXPECT_EQ(issues[i].relatedID, identifier(i + 1));
 }
 
 TEST(Preflight, LeavesTheProjectAsItIs) {
