@@ -198,25 +198,26 @@ class Text {
 
   void hold(std::string_view utf8, std::string_view composed);
 
-  // Sixteen bytes at once: a call of memcmp for so few takes longer than comparing them.
-  using Block [[gnu::vector_size(16)]] = std::uint64_t;
-  static Block differingBits(const void* a, const void* b) noexcept {
-    Block first;
-    Block second;
-    std::memcpy(&first, a, sizeof first);
-    std::memcpy(&second, b, sizeof second);
-    return first ^ second;
-  }
-  static bool isZero(Block block) noexcept { return (block[0] | block[1]) == 0; }
-
   bool hasSameBlock(const Text& other) const noexcept {
-    return isZero(differingBits(bytes_.data(), other.bytes_.data()));
+    std::array<std::uint64_t, 2> mine;
+    std::array<std::uint64_t, 2> others;
+    std::memcpy(mine.data(), bytes_.data(), sizeof mine);
+    std::memcpy(others.data(), other.bytes_.data(), sizeof others);
+    return ((mine[0] ^ others[0]) | (mine[1] ^ others[1])) == 0;
   }
   static bool areEqual(const char* a, const char* b, std::size_t size) noexcept {
     if (size < 16 || size > 32) return std::memcmp(a, b, size) == 0;
-    // The first 16 bytes and the last 16, which may overlap.
-    const std::size_t last = size - 16;
-    return isZero(differingBits(a, b) | differingBits(a + last, b + last));
+    // The first 16 bytes and the last 16, which may overlap: a call of memcmp for so few takes
+    // longer than comparing them here.
+    using Block [[gnu::vector_size(16)]] = std::uint64_t;
+    std::array<Block, 2> ours;
+    std::array<Block, 2> others;
+    std::memcpy(&ours[0], a, 16);
+    std::memcpy(&ours[1], a + size - 16, 16);
+    std::memcpy(&others[0], b, 16);
+    std::memcpy(&others[1], b + size - 16, 16);
+    const Block differing = (ours[0] ^ others[0]) | (ours[1] ^ others[1]);
+    return (differing[0] | differing[1]) == 0;
   }
 
   std::string_view view() const noexcept {
