@@ -8,6 +8,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 
@@ -70,6 +71,13 @@ class ByteView {
     if (bytes_.size() < count) {
       fail();
       return 0;
+    }
+    if constexpr (count == 4) {
+      // Compilers make one load of this, and four of the loop below.
+      std::uint32_t word;
+      std::memcpy(&word, bytes_.data(), sizeof word);
+      bytes_ = bytes_.subspan(count);
+      return order_ == std::endian::native ? word : __builtin_bswap32(word);
     }
     std::uint64_t value = 0;
     for (unsigned i = 0; i < count; ++i) {

@@ -55,19 +55,18 @@ std::uint32_t crcOf(std::span<const std::byte, headerLength> header) noexcept {
   return crc;
 }
 
+// For each type of colour a bit for each depth: grey, none, colour, palette, grey with alpha, none,
+// colour with alpha.
+constexpr std::uint32_t narrow = 1u << 1 | 1u << 2 | 1u << 4;
+constexpr std::uint32_t byteDeep = 1u << 8;
+constexpr std::uint32_t wide = 1u << 16;
+constexpr std::array<std::uint32_t, 7> allowedDepths = {
+    narrow | byteDeep | wide, 0, byteDeep | wide, narrow | byteDeep,
+    byteDeep | wide,          0, byteDeep | wide};
+
 bool isAllowedDepth(std::uint32_t depth, std::uint32_t colourType) noexcept {
-  switch (colourType) {
-    case 0:  // grey
-      return depth == 1 || depth == 2 || depth == 4 || depth == 8 || depth == 16;
-    case 3:  // palette
-      return depth == 1 || depth == 2 || depth == 4 || depth == 8;
-    case 2:  // colour
-    case 4:  // grey with alpha
-    case 6:  // colour with alpha
-      return depth == 8 || depth == 16;
-    default:
-      return false;
-  }
+  return colourType < allowedDepths.size() && depth < 32 &&
+         (allowedDepths[colourType] >> depth & 1) != 0;
 }
 
 }  // namespace
