@@ -47,7 +47,8 @@ struct Value {
 
   bool isNull() const { return kind == Kind::null; }
   bool isName(std::string_view text) const { return kind == Kind::name && name.text() == text; }
-  /// The number if it is whole and in the range 0 to 2^53, which no size in a document exceeds.
+  /// The number, as `asOffset` gives it, if it is whole and in the range 0 to 2^53, which no size
+  /// in a document exceeds.
   std::optional<std::size_t> asSize() const;
 };
 

@@ -101,7 +101,8 @@ TEST(Value, LeavesWhatFollowsANumber) {
 TEST(Value, IsASizeOnlyIfItIsWholeAndNotNegative) {
   EXPECT_EQ(valueOf("0").asSize(), 0u);
   EXPECT_EQ(valueOf("12.0").asSize(), 12u);
-  EXPECT_EQ(valueOf("9007199254740992").asSize(), 9007199254740992u);
+  EXPECT_EQ(valueOf("2147483647").asSize(), 2147483647u);
+  EXPECT_EQ(valueOf("9007199254740992").asSize(), asOffset(9007199254740992));
   for (const char* text : {"-1", "0.5", "9007199254740994", "true", "/Name", "(1)"})
     EXPECT_EQ(valueOf(text).asSize(), std::nullopt) << text;
   EXPECT_EQ(valueOf(std::string(400, '9')).asSize(), std::nullopt);
