@@ -16,6 +16,7 @@
 #include "korrin/coding/coding_options.h"
 #include "korrin/coding/decoding_report.h"
 #include "korrin/coding/json_scanner.h"
+#include "korrin/coding/member_start.h"
 #include "korrin/coding/recent_texts.h"
 #include "korrin/coding/record_keys.h"
 #include "korrin/foundation/enumeration.h"
@@ -28,17 +29,6 @@ namespace korrin::json {
 
 /// Thrown while reading in written order: the document is of no use.
 struct Refused {};
-
-/// A field's key between quotation marks, as documents hold it. g++ would export it as it exports
-/// the record.
-template <class Record, std::size_t index>
-[[gnu::visibility("hidden")]] inline constexpr auto quotedKey = [] {
-  constexpr std::string_view key = std::get<index>(fieldsOf<Record>()).key;
-  std::array<char, key.size() + 2> text{};
-  std::copy(key.begin(), key.end(), text.begin() + 1);
-  text.front() = text.back() = '"';
-  return text;
-}();
 
 class Reader {
  public:
@@ -152,6 +142,28 @@ class Reader {
     read(record.*member);
   }
 
+  /// How far the walk over a record's members has come.
+  struct MemberWalk {
+    bool isOpen;                  ///< Whether more of the record may follow.
+    bool isBehindMember = false;  ///< Rather than at a key.
+  };
+
+  [[gnu::always_inline]] void goToKey(MemberWalk& walk) {
+    if (walk.isBehindMember) walk = {.isOpen = scanner_.next('}')};
+  }
+
+  // Nearly every document holds the keys in field order: one comparison each.
+  template <class Record, std::size_t place>
+  [[gnu::always_inline]] void readIfNext(Record& record, MemberWalk& walk, std::uint32_t& seen) {
+    if (!walk.isBehindMember || !scanner_.takeMemberStart(memberStart<Record, place>)) {
+      goToKey(walk);
+      if (!walk.isOpen || !scanner_.takeKey(quotedKey<Record, place>)) return;
+    }
+    readField<Record, place>(record);
+    seen |= std::uint32_t{1} << place;
+    walk.isBehindMember = true;
+  }
+
   template <class Record, std::size_t... index>
   void readInWrittenOrder(Record& record, std::index_sequence<index...> indices) {
     static_assert(sizeof...(index) <= 32);
@@ -161,17 +173,10 @@ class Reader {
               : std::uint32_t{1} << index) |
          ...);
     std::uint32_t seen = 0;
-    bool isOpen = scanner_.enter('}');
-    // Nearly every document holds the keys in field order: one comparison each.
-    const auto readIfNext = [&]<std::size_t place>(std::integral_constant<std::size_t, place>) {
-      constexpr const auto& key = quotedKey<Record, place>;
-      if (!isOpen || !scanner_.takeKey(key)) return;
-      readField<Record, place>(record);
-      seen |= std::uint32_t{1} << place;
-      isOpen = scanner_.next('}');
-    };
-    (readIfNext(std::integral_constant<std::size_t, index>()), ...);
-    if (isOpen) seen = readInAnyOrder(record, seen, indices);
+    MemberWalk walk{.isOpen = scanner_.enter('}')};
+    (readIfNext<Record, index>(record, walk, seen), ...);
+    goToKey(walk);
+    if (walk.isOpen) seen = readInAnyOrder(record, seen, indices);
     if ((required & ~seen) != 0) throw Refused{};
   }
 

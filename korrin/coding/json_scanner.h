@@ -132,6 +132,15 @@ class Scanner {
     return true;
   }
 
+  /// After a member: takes comma, key and colon of the next one if they stand here as `start` does,
+  /// which is of the form `,"key":`, and the white space behind them; otherwise takes nothing.
+  template <std::size_t length>
+  [[gnu::always_inline]] bool takeMemberStart(const std::array<char, length>& start) {
+    if (!takeBytes(start.data(), length)) return false;
+    skipSpace();
+    return true;
+  }
+
   /// Takes a member's key, when it is the one spelled `quoted` with its quotation marks, and the
   /// colon after it; otherwise takes nothing.
   template <std::size_t length>

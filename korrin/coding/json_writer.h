@@ -14,6 +14,7 @@
 #include "korrin/coding/coding_options.h"
 #include "korrin/coding/expected_size.h"
 #include "korrin/coding/key_path.h"
+#include "korrin/coding/member_start.h"
 #include "korrin/coding/text_buffer.h"
 #include "korrin/foundation/enumeration.h"
 #include "korrin/foundation/instant.h"
@@ -22,18 +23,6 @@
 #include "korrin/foundation/text.h"
 
 namespace korrin::json {
-
-/// A field's key as it stands behind another member: `,"key":`. g++ would export it as it exports
-/// the record.
-template <class Record, std::size_t index>
-[[gnu::visibility("hidden")]] inline constexpr auto memberStart = [] {
-  constexpr std::string_view key = std::get<index>(fieldsOf<Record>()).key;
-  std::array<char, key.size() + 4> text{',', '"'};
-  std::copy(key.begin(), key.end(), text.begin() + 2);
-  text[text.size() - 2] = '"';
-  text[text.size() - 1] = ':';
-  return text;
-}();
 
 template <class Record, std::size_t index>
 inline constexpr auto memberAt = std::get<index>(fieldsOf<Record>()).member;
