@@ -1,7 +1,7 @@
 #include "korrin/coding/json_reader.h"
 
 #include <bit>
-#include <limits>
+#include <cmath>
 
 #include "korrin/coding/date_coding.h"
 #include "korrin/coding/decimal_quotient.h"
@@ -15,8 +15,7 @@ using Kind = DecodingError::Kind;
 
 }  // namespace
 
-// In line, so that the parts of the token stay in registers.
-[[gnu::always_inline]] inline NumberToken Reader::number(std::string_view expected) {
+std::string_view Reader::number(std::string_view expected) {
   const char first = scanner_.peek();
   if (first != '-' && (first < '0' || first > '9')) refuseType(expected);
   return scanner_.number();
@@ -42,40 +41,54 @@ std::optional<double> Reader::nonFinite() {
 }
 
 void Reader::read(double& value) {
-  if (scanner_.peek() == '"' && options_.nonFinite == NonFinite::strings) [[unlikely]] {
+  const char* const start = scanner_.position();
+  if (const auto number = scanner_.shortNumber()) [[likely]] {
+    const double magnitude = nearestQuotient(number->digits, number->decimals);
+    if (!std::isnan(magnitude)) [[likely]] {
+      // Keeps the sign of -0, and does not make the processor guess it.
+      value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) |
+                                    std::uint64_t{number->isNegative} << 63);
+      return;
+    }
+    scanner_.returnTo(start);
+  }
+  readAnyNumber(value);
+}
+
+void Reader::readAnyNumber(double& value) {
+  if (scanner_.peek() == '"' && options_.nonFinite == NonFinite::strings) {
     if (const auto found = nonFinite()) {
       value = *found;
       return;
     }
   }
-  const NumberToken token = number("a number");
-  const auto magnitude =
-      token.isShort ? nearestQuotient(token.digits, token.decimals) : std::nullopt;
-  if (magnitude) {
-    // Keeps the sign of -0, and does not make the processor guess it.
-    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(*magnitude) |
-                                  std::uint64_t{token.isNegative()} << 63);
-    return;
-  }
-  const auto nearest = nearestDouble(token.text);
+  const std::string_view text = number("a number");
+  const auto nearest = nearestDouble(text);
   if (!nearest)
-    refuse(Kind::dataCorrupted, "a number within the range of a double", shortened(token.text));
+    refuse(Kind::dataCorrupted, "a number within the range of a double", shortened(text));
   value = *nearest;
 }
 
 void Reader::read(std::int64_t& value) {
-  const NumberToken token = number("an integer");
-  constexpr std::uint64_t highest = std::numeric_limits<std::int64_t>::max();
-  if (token.isShort && token.decimals == 0 && token.digits <= highest) {
-    const auto magnitude = static_cast<std::int64_t>(token.digits);
-    value = token.isNegative() ? -magnitude : magnitude;
-    return;
+  const char* const start = scanner_.position();
+  if (const auto number = scanner_.shortNumber()) [[likely]] {
+    if (number->decimals == 0) [[likely]] {
+      const auto magnitude = static_cast<std::int64_t>(number->digits);
+      value = number->isNegative ? -magnitude : magnitude;
+      return;
+    }
+    scanner_.returnTo(start);
   }
-  const ExactInteger exact = exactInteger(token.text);
+  readAnyNumber(value);
+}
+
+void Reader::readAnyNumber(std::int64_t& value) {
+  const std::string_view text = number("an integer");
+  const ExactInteger exact = exactInteger(text);
   if (exact.fault == IntegerFault::hasFraction)
-    refuse(Kind::typeMismatch, "an integer", shortened(token.text));
+    refuse(Kind::typeMismatch, "an integer", shortened(text));
   if (exact.fault == IntegerFault::doesNotFit)
-    refuse(Kind::dataCorrupted, "an integer of 64 bits", shortened(token.text));
+    refuse(Kind::dataCorrupted, "an integer of 64 bits", shortened(text));
   value = exact.value;
 }
 
@@ -112,10 +125,10 @@ void Reader::read(UUID& value) {
 
 void Reader::read(Instant& value) {
   if (options_.dates != DateStrategy::iso8601) {
-    const NumberToken token = number("a number");
-    const auto found = instantFromNumber(token.text, options_.dates);
+    const std::string_view text = number("a number");
+    const auto found = instantFromNumber(text, options_.dates);
     if (!found)
-      refuse(Kind::dataCorrupted, "a date between the years 1677 and 2262", shortened(token.text));
+      refuse(Kind::dataCorrupted, "a date between the years 1677 and 2262", shortened(text));
     value = *found;
     return;
   }

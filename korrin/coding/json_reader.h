@@ -241,7 +241,10 @@ class Reader {
     const std::string_view plain = scanner_.shortString(blockSize - 1);
     return plain.data() != nullptr ? StringToken{plain, false} : scanner_.string();
   }
-  NumberToken number(std::string_view expected);
+  std::string_view number(std::string_view expected);
+  /// As `read` of any number: those that are not short.
+  [[gnu::noinline]] void readAnyNumber(double& value);
+  [[gnu::noinline]] void readAnyNumber(std::int64_t& value);
   /// Takes a string that stands for a number that is not finite; any other one stays.
   [[gnu::noinline]] std::optional<double> nonFinite();
   template <std::size_t length>

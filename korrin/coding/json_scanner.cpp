@@ -138,38 +138,27 @@ void Scanner::takeEscape() {
   at_ += 4;
 }
 
-// The rest of a number whose first digit should stand at `first`; up to `at` its digits have been
-// read.
-NumberToken Scanner::longNumber(const char* first, const char* at, std::uint64_t digits) {
+void Scanner::takeDigits() {
+  const char* const first = at_;
+  while (end_ - at_ >= std::ptrdiff_t{blockSize}) {
+    const std::size_t count = digitsInBlock(at_);
+    at_ += count;
+    if (count < blockSize) break;
+  }
+  while (at_ != end_ && isDigit(*at_)) ++at_;
+  if (at_ == first) throw Malformed{at_, "a digit"};
+}
+
+std::string_view Scanner::number() {
   const char* const start = at_;
-  const auto takeDigits = [this](const char* from, std::uint64_t& value) {
-    const char* const to = appendDigits(from, end_, value);
-    if (to == from) throw Malformed{from, "a digit"};
-    return to;
-  };
-  if (at == first) throw Malformed{at, "a digit"};
-  if (*first == '0' && at != first + 1) {
-    at = first + 1;  // no digit follows a leading 0
-    digits = 0;
+  take('-');
+  if (!take('0')) takeDigits();  // no digit follows a leading 0
+  if (take('.')) takeDigits();
+  if (take('e') || take('E')) {
+    if (!take('+')) take('-');
+    takeDigits();
   }
-  std::ptrdiff_t digitCount = at - first;
-  std::ptrdiff_t decimals = 0;
-  if (at != end_ && *at == '.') {
-    const char* const point = at + 1;
-    at = takeDigits(point, digits);
-    decimals = at - point;
-    digitCount += decimals;
-  }
-  bool isShort = digitCount <= NumberToken::maximumDigits;
-  if (at != end_ && (*at == 'e' || *at == 'E')) {
-    ++at;
-    if (at != end_ && (*at == '+' || *at == '-')) ++at;
-    std::uint64_t exponent = 0;
-    at = takeDigits(at, exponent);
-    isShort = false;
-  }
-  at_ = at;
-  return {{start, static_cast<std::size_t>(at - start)}, digits, decimals, isShort};
+  return {start, static_cast<std::size_t>(at_ - start)};
 }
 
 void Scanner::skipScalar() {
@@ -177,7 +166,7 @@ void Scanner::skipScalar() {
   if (first == '"')
     string();
   else if (first == '-' || isDigit(first))
-    number();
+    shortNumber() ? void() : void(number());
   else if (!take("true") && !take("false") && !take("null"))
     throw Malformed{at_, "a value"};
 }

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,18 +28,14 @@ struct StringToken {
 /// The characters that a string stands for.
 std::string unescaped(const StringToken& token);
 
-/// A number as it stands.
-struct NumberToken {
-  std::string_view text;
-  /// Where `isShort`, the number is its sign, these digits, and a point before the last `decimals`
-  /// of them: no more digits than 64 bits hold, and no exponent.
+/// A number of no more digits than 64 bits hold and without an exponent: its digits, with a point
+/// before the last `decimals` of them.
+struct ShortNumber {
   std::uint64_t digits;
   std::int64_t decimals;
-  bool isShort;
+  bool isNegative;
 
-  static constexpr std::ptrdiff_t maximumDigits = 19;
-
-  bool isNegative() const { return text.front() == '-'; }
+  static constexpr std::size_t maximumDigits = 19;
 };
 
 /// Where the text stops being JSON, and what should have stood there.
@@ -180,36 +177,47 @@ class Scanner {
     return {first, size};
   }
 
-  /// Takes a number, whose first character, a digit or a minus sign, stands next.
-  [[gnu::always_inline]] NumberToken number() {
-    const char* const start = at_;
-    const char* const first = start + (*start == '-' ? 1 : 0);
+  /// Takes a number, whose first character, a digit or a minus sign, stands next: returns it as it
+  /// stands.
+  std::string_view number();
+
+  /// Takes a number that documents commonly hold, away from the borders of the text. Otherwise, and
+  /// where no number stands next, takes nothing and returns nothing.
+  [[gnu::always_inline]] std::optional<ShortNumber> shortNumber() {
+    // What is read: a sign, fewer digits than a word, a point and a block behind it; and the block
+    // before the number's end.
+    constexpr std::ptrdiff_t room = 1 + 7 + 1 + blockSize;
+    if (at_ - begin_ < std::ptrdiff_t{blockSize} || end_ - at_ < room) return std::nullopt;
+    const bool isNegative = *at_ == '-';
+    const char* const first = at_ + (isNegative ? 1 : 0);
     const char* at = first;
     std::uint64_t digits = 0;
-    // Nearly always as many as at the last number here, so that a loop takes less time than
-    // counting them.
-    for (; at != end_; ++at) {
+    // Nearly always as many as at the last number here, so that the processor goes on behind them
+    // before it knows, which it cannot where it must count them.
+    for (; at != first + 8; ++at) {
       const auto digit = static_cast<unsigned char>(*at - '0');
       if (digit > 9) break;
       digits = digits * 10 + digit;
     }
-    // What would be a number's longest part, and no border of the text near.
-    constexpr std::ptrdiff_t room = 24;
-    const std::ptrdiff_t count = at - first;
-    if (end_ - at < room || count == 0 || (*first == '0' && count != 1))
-      return longNumber(first, at, digits);
-    const char* const wholeEnd = at;
-    const std::uint64_t whole = digits;
-    std::ptrdiff_t decimals = 0;
+    const auto count = static_cast<std::size_t>(at - first);
+    if (count == 0 || count == 8 || (*first == '0' && count != 1)) return std::nullopt;
+    std::size_t decimals = 0;
     if (*at == '.') {
-      decimals = takeDecimals(at + 1, digits);
-      if (decimals == 0) return longNumber(first, wholeEnd, whole);
-      at += 1 + decimals;
+      ++at;
+      if (isDigit(at[0]) && !isDigit(at[1])) {  // mostly a half
+        decimals = 1;
+        digits = digits * 10 + static_cast<std::uint64_t>(at[0] - '0');
+      } else {
+        decimals = digitsInBlock(at);
+        if (decimals == 0 || count + decimals > ShortNumber::maximumDigits || decimals == blockSize)
+          return std::nullopt;
+        digits = digits * powersOfTen[decimals] + lastDigits(at + decimals, decimals);
+      }
+      at += decimals;
     }
-    if (count + decimals > NumberToken::maximumDigits || *at == 'e' || *at == 'E')
-      return longNumber(first, wholeEnd, whole);
+    if (*at == 'e' || *at == 'E') return std::nullopt;
     at_ = at;
-    return {{start, static_cast<std::size_t>(at - start)}, digits, decimals, true};
+    return ShortNumber{digits, static_cast<std::int64_t>(decimals), isNegative};
   }
 
   /// Takes any value.
@@ -238,30 +246,7 @@ class Scanner {
   [[noreturn]] void throwMissingColon() const;
   void leave(char close);
 
-  /// Appends the digits at `at`, where a block can be read, to a number: returns how many there
-  /// are, or 0 where a block does not hold them.
-  [[gnu::always_inline]] static std::ptrdiff_t takeDecimals(const char* at, std::uint64_t& value) {
-    if (!isDigit(at[1]) && isDigit(at[0])) {  // mostly a half
-      value = value * 10 + static_cast<std::uint64_t>(at[0] - '0');
-      return 1;
-    }
-    const std::uint64_t word = words::loadWord(at);
-    std::size_t count = leadingDigits(word);
-    if (count < 8) {
-      if (count == 0) return 0;
-      value = value * powersOfTen[count] + eightDigits(word << (64 - 8 * count));
-      return static_cast<std::ptrdiff_t>(count);
-    }
-    value = value * powersOfTen[8] + eightDigits(word);
-    const std::uint64_t other = words::loadWord(at + 8);
-    count = leadingDigits(other);
-    if (count == 8) return 0;
-    // Two shifts, as one by all 64 bits would have no effect.
-    value = value * powersOfTen[count] + eightDigits(other << 8 << (56 - 8 * count));
-    return static_cast<std::ptrdiff_t>(8 + count);
-  }
-
-  NumberToken longNumber(const char* first, const char* at, std::uint64_t digits);
+  void takeDigits();
   void skipSpaceRun();
   void skipScalar();
   void takeEscape();

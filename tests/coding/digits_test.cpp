@@ -1,7 +1,9 @@
 #include "korrin/coding/digits.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -9,47 +11,53 @@
 namespace korrin::json {
 namespace {
 
-// The digits at the start of a text, in memory of exactly its size: a byte read beyond it is found
-// by the address sanitizer.
-struct Taken {
-  std::size_t count;
-  std::uint64_t value;
-};
-Taken taken(const std::string& text, std::uint64_t before = 0) {
-  const auto bytes = std::make_unique<char[]>(text.size());
-  text.copy(bytes.get(), text.size());
-  std::uint64_t value = before;
-  const char* const end = appendDigits(bytes.get(), bytes.get() + text.size(), value);
-  return {static_cast<std::size_t>(end - bytes.get()), value};
+// Both ways, whichever of them the target takes.
+void expectDigits(const std::string& block, std::size_t count) {
+  ASSERT_EQ(block.size(), blockSize);
+  EXPECT_EQ(digitsInBlock(block.data()), count) << block;
+  EXPECT_EQ(detail::digitsInWords(block.data()), count) << block;
 }
 
-TEST(AppendedDigits, AreTakenAtEveryLengthAndBeforeEveryTail) {
-  const std::string digits = "9081726354098172635";
-  for (std::size_t count = 0; count <= digits.size(); ++count)
-    for (std::size_t tail = 0; tail < 12; ++tail) {
-      const std::string number = digits.substr(0, count);
-      const Taken result = taken(number + std::string(tail, ','));
-      EXPECT_EQ(result.count, count);
-      EXPECT_EQ(result.value, number.empty() ? 0 : std::stoull(number));
-    }
-}
-
-TEST(AppendedDigits, EndAtEveryByteThatIsNone) {
+TEST(DigitsInBlock, EndAtEveryByteThatIsNone) {
   for (int byte = 0; byte < 256; ++byte) {
     const char other = static_cast<char>(byte);
     if (other >= '0' && other <= '9') continue;
-    for (std::size_t count = 0; count < 10; ++count) {
-      const std::string text = std::string(count, '7') + other + std::string(8, '7');
-      EXPECT_EQ(taken(text).count, count) << byte;
-    }
+    for (std::size_t count = 0; count < blockSize; ++count)
+      for (const char behind : {'7', '.', '\x00', '\xFF'}) {
+        std::string block(blockSize, behind);
+        std::fill_n(block.begin(), count, '9');
+        block[count] = other;
+        expectDigits(block, count);
+      }
   }
 }
 
-TEST(AppendedDigits, FollowThoseBefore) {
-  EXPECT_EQ(taken("25,       ", 75).value, 7525u);
-  EXPECT_EQ(taken("25", 75).value, 7525u);
-  EXPECT_EQ(taken("000", 75).value, 75000u);
-  EXPECT_EQ(taken("0000000000", 75).value, 750000000000u);
+TEST(DigitsInBlock, MayFillIt) {
+  for (char digit = '0'; digit <= '9'; ++digit) expectDigits(std::string(blockSize, digit), 16);
+}
+
+TEST(LastDigits, AreANumberAtEveryLengthAndBehindEveryByte) {
+  const std::string digits = "9081726354098179";
+  for (std::size_t count = 1; count <= blockSize; ++count)
+    for (int byte = 0; byte < 256; ++byte) {
+      const std::string text =
+          std::string(blockSize, static_cast<char>(byte)) + digits.substr(0, count);
+      const char* const end = text.data() + text.size();
+      EXPECT_EQ(lastDigits(end, count), std::stoull(digits.substr(0, count)));
+      EXPECT_EQ(detail::lastDigitsInWords(end, count), std::stoull(digits.substr(0, count)));
+    }
+}
+
+TEST(LastDigits, CountByTheirPlaces) {
+  for (std::size_t place = 0; place < blockSize; ++place)
+    for (char digit = '0'; digit <= '9'; ++digit) {
+      std::string text(blockSize, '0');
+      text[blockSize - 1 - place] = digit;
+      const std::uint64_t value = static_cast<std::uint64_t>(digit - '0') * powersOfTen[place];
+      const char* const end = text.data() + text.size();
+      EXPECT_EQ(lastDigits(end, blockSize), value);
+      EXPECT_EQ(detail::lastDigitsInWords(end, blockSize), value);
+    }
 }
 
 }  // namespace

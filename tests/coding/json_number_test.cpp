@@ -176,7 +176,7 @@ void expectShortestRoundTrip(double value) {
   const std::string text(buffer, json::writeDouble(buffer, value));
   ASSERT_LE(text.size(), sizeof buffer);
   json::Scanner scanner(text);
-  ASSERT_EQ(scanner.number().text, text);
+  ASSERT_EQ(scanner.number(), text);
   const auto read = json::nearestDouble(text);
   ASSERT_TRUE(read.has_value()) << text;
   ASSERT_EQ(std::bit_cast<std::uint64_t>(*read), std::bit_cast<std::uint64_t>(value)) << text;
