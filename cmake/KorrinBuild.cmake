@@ -16,6 +16,8 @@ function(korrin_compile_options target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
     # g++ 12 sees overlaps in std::string's operator+ that cannot be; later versions do not.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+    # It tidies up its memory less often: sources with many templates compile a tenth faster, in 50 MB more.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:--param=ggc-min-heapsize=262144>)
     # libstdc++ 12 uses a deprecated function of its own in std::stable_sort, as clang 19 sees.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
   endif()
@@ -23,5 +25,16 @@ function(korrin_compile_options target)
     target_compile_options(${target} PRIVATE -fsanitize=${KORRIN_SANITIZE} -fno-omit-frame-pointer
                                              -fno-sanitize-recover=all)
     target_link_options(${target} PUBLIC -fsanitize=${KORRIN_SANITIZE})
+  endif()
+endfunction()
+
+# What most sources of a target begin with, compiled once: standard headers, the document and the headers
+# named after the target. A source includes what it uses all the same: the preset clang compiles without.
+set(KORRIN_COMMON_HEADERS <algorithm> <array> <charconv> <chrono> <cmath> <functional> <map> <memory>
+    <optional> <set> <span> <string> <string_view> <utility> <variant> <vector>
+    ${PROJECT_SOURCE_DIR}/korrin/model/project.h)
+function(korrin_precompile target)
+  if(KORRIN_PRECOMPILE_HEADERS)
+    target_precompile_headers(${target} PRIVATE ${KORRIN_COMMON_HEADERS} ${ARGN})
   endif()
 endfunction()
