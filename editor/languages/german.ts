@@ -1740,6 +1740,10 @@
         <translation>Das Bild ist beschädigt, abgeschnitten oder von einer Art, die nicht gelesen wird. Öffnen Sie es in einem Bildprogramm und speichern Sie es neu als PNG oder JPEG.</translation>
     </message>
     <message>
+        <source>The image “%1” is not there, or is not safe to show: it will not be printed. Put its file beside the plot, or delete the symbol and insert the image again.</source>
+        <translation>Das Bild „%1“ ist nicht da oder nicht sicher zu zeigen: es wird nicht gedruckt. Legen Sie seine Datei neben den Plan, oder löschen Sie das Symbol und fügen Sie das Bild noch einmal ein.</translation>
+    </message>
+    <message>
         <source>The image has a side of 0 pixels. Export it again.</source>
         <translation>Eine Seite des Bildes hat 0 Pixel. Exportieren Sie es noch einmal.</translation>
     </message>
@@ -1812,8 +1816,8 @@
         <translation>Bilder und PDFs (*.png *.jpg *.jpeg *.gif *.bmp *.tif *.tiff *.webp *.heic *.heif *.avif *.pdf);;Alle Dateien (*)</translation>
     </message>
     <message>
-        <source>An image is not there, or is not safe to show: a frame stands in its place. Put its file back beside the plot and open the plot again.</source>
-        <translation>Ein Bild ist nicht da oder nicht sicher zu zeigen: ein Rahmen steht an seiner Stelle. Legen Sie die Datei wieder neben den Plan und öffnen Sie den Plan noch einmal.</translation>
+        <source>An image is not there, or is not safe to show, and will not be printed. The panel Findings says what to do.</source>
+        <translation>Ein Bild ist nicht da oder nicht sicher zu zeigen und wird nicht gedruckt. Was zu tun ist, steht im Bereich „Befunde“.</translation>
     </message>
     <message>
         <source>The plot is saved, but not all of its images</source>

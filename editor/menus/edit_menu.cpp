@@ -92,9 +92,9 @@ void addImages(MainWindow& window, LiveActions& actions) {
   QObject::connect(
       &plot.artwork(), &PlotArtwork::arrived, &window, [&window, &plot](const Text& sha256) {
         if (plot.artwork().isMissing(sha256))
-          window.say(
-              tr("An image is not there, or is not safe to show: a frame stands in its place. Put "
-                 "its file back beside the plot and open the plot again."));
+          window.say(tr(
+              "An image is not there, or is not safe to show, and will not be printed. The panel "
+              "Findings says what to do."));
       });
   window.canvas().acceptFiles([&window, &plot](const QStringList& paths, const QPointF& place) {
     insertImages(plot, paths, place, &window);

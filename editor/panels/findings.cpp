@@ -1,6 +1,8 @@
 #include "editor/panels/findings.h"
 
+#include <QCoreApplication>
 #include <algorithm>
+#include <map>
 
 #include "korrin/drawing/symbol_catalogue.h"
 #include "korrin/preflight/preflight_engine.h"
@@ -28,6 +30,38 @@ Finding findingOf(const PreflightIssue& issue, const KorrinProject& project) {
   return finding;
 }
 
+// The plot as it would be with the images alone that are there.
+KorrinProject withoutImages(KorrinProject project, const std::set<Text>& missing) {
+  if (missing.empty()) return project;
+  List<AssetManifestEntry> present;
+  for (const AssetManifestEntry& entry : project.assetManifest)
+    if (!missing.contains(entry.sha256)) present.push_back(entry);
+  project.assetManifest = std::move(present);
+  return project;
+}
+
+// What to do about symbols whose image was embedded and is gone.
+void explainImages(std::vector<Finding>& findings, const KorrinProject& project,
+                   const std::set<Text>& missing) {
+  if (missing.empty()) return;
+  std::map<Text, QString> names;
+  for (const AssetManifestEntry& entry : project.assetManifest)
+    if (missing.contains(entry.sha256)) names.emplace(entry.sha256, toQString(entry.filename));
+  for (Finding& finding : findings) {
+    const auto* issue = std::get_if<PreflightIssue>(&finding.source);
+    if (issue == nullptr || issue->rule != PreflightRule::missingAsset || !finding.subject)
+      continue;
+    const auto name = names.find(project.items[finding.subject->index].assetID);
+    if (name == names.end()) continue;
+    finding.detail = toText(
+        QCoreApplication::translate(
+            "Findings",
+            "The image “%1” is not there, or is not safe to show: it will not be printed. Put its "
+            "file beside the plot, or delete the symbol and insert the image again.")
+            .arg(name->second.left(60)));
+  }
+}
+
 Finding findingOf(const AuditFinding& found) {
   return {.severity = found.severity,
           .id = found.id,
@@ -41,9 +75,10 @@ Finding findingOf(const AuditFinding& found) {
 
 }  // namespace
 
-std::vector<Finding> findingsOf(const KorrinProject& project, const WaiverList& waivers) {
+std::vector<Finding> findingsOf(const KorrinProject& project, const WaiverList& waivers,
+                                const std::set<Text>& missing) {
   const ReviewedIssues issues =
-      review(PreflightEngine::inspect(project, builtInAssetIDs()), waivers);
+      review(PreflightEngine::inspect(withoutImages(project, missing), builtInAssetIDs()), waivers);
   const ReviewedFindings audited = review(audit(project), waivers);
   std::vector<Finding> findings;
   for (const PreflightIssue& issue : issues.open) findings.push_back(findingOf(issue, project));
@@ -63,6 +98,7 @@ std::vector<Finding> findingsOf(const KorrinProject& project, const WaiverList& 
     findings.back().waiver = waived.waiver;
   }
   std::stable_sort(findings.begin() + openOnes, findings.end(), bySeverity);
+  explainImages(findings, project, missing);
   return findings;
 }
 

@@ -2,6 +2,7 @@
 
 // What preflight and audit have to say about a plot, in one list.
 
+#include <set>
 #include <variant>
 #include <vector>
 
@@ -22,8 +23,10 @@ struct Finding {
   std::variant<PreflightIssue, AuditFinding> source;
 };
 
-/// The open findings, the most serious first; those that were accepted after them.
-std::vector<Finding> findingsOf(const KorrinProject& project, const WaiverList& waivers);
+/// The open findings, the most serious first; those that were accepted after them. `missing` are
+/// the digests of embedded images that will not be printed, since their files are not there.
+std::vector<Finding> findingsOf(const KorrinProject& project, const WaiverList& waivers,
+                                const std::set<Text>& missing);
 
 /// The ways to mend a finding. The plot is the one that it was found in.
 std::vector<Fix> fixesOf(const Finding& finding, const KorrinProject& project,

@@ -14,6 +14,7 @@
 #include "editor/files/file_questions.h"
 #include "editor/languages/library_texts.h"
 #include "editor/panels/finding_names.h"
+#include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
 namespace korrin::editor {
@@ -67,6 +68,8 @@ FindingsPanel::FindingsPanel(OpenPlot& plot, QWidget* parent)
   connect(&timer_, &QTimer::timeout, this, [this] { plot_.isInGesture() ? later() : refresh(); });
   connect(&plot_, &OpenPlot::changed, this, &FindingsPanel::later);
   connect(&plot_, &OpenPlot::replaced, this, &FindingsPanel::later);
+  // A file has come or gone.
+  connect(&plot_.artwork(), &PlotArtwork::arrived, this, &FindingsPanel::later);
   connect(waivers_, &PlotWaivers::changed, this, &FindingsPanel::later);
   connect(waivers_, &PlotWaivers::failed, this, &FindingsPanel::said);
   connect(list_, &QTreeWidget::itemActivated, this, &FindingsPanel::jump);
@@ -134,7 +137,7 @@ int FindingsPanel::openCount() const {
 
 void FindingsPanel::refresh() {
   timer_.stop();
-  findings_ = findingsOf(plot_.project(), waivers_->list());
+  findings_ = findingsOf(plot_.project(), waivers_->list(), plot_.artwork().missing());
   fill();
   Q_EMIT openCountChanged(openCount());
 }

@@ -82,16 +82,19 @@ std::optional<std::string> ArtworkFolders::readIf(File& file, const std::string&
   return std::nullopt;
 }
 
-std::optional<std::string> ArtworkFolders::find(const AssetManifestEntry& wanted) {
+std::optional<FoundArtwork> ArtworkFolders::find(const AssetManifestEntry& wanted) {
   if (!isDigest(wanted.sha256)) return std::nullopt;
   if (!isListed_) list();
   const std::string digest = lowerCase(wanted.sha256.str());
-  const auto search = [&](auto range) -> std::optional<std::string> {
-    for (auto place = range.first; place != range.second; ++place)
-      if (auto bytes = readIf(files_[place->second], digest)) return bytes;
+  const auto search = [&](auto range) -> std::optional<FoundArtwork> {
+    for (auto place = range.first; place != range.second; ++place) {
+      File& file = files_[place->second];
+      if (auto bytes = readIf(file, digest))
+        return FoundArtwork{.bytes = std::move(*bytes), .path = file.path};
+    }
     return std::nullopt;
   };
-  if (auto bytes = search(byName_.equal_range(digest))) return bytes;
+  if (auto found = search(byName_.equal_range(digest))) return found;
   if (wanted.byteCount <= 0) return std::nullopt;
   return search(byLength_.equal_range(static_cast<std::uintmax_t>(wanted.byteCount)));
 }

@@ -23,6 +23,11 @@ std::filesystem::path artworkBeside(const std::filesystem::path& plot);
 /// The SHA-256 digest as 64 hexadecimal digits in lower case, the spelling of the manifest.
 std::string digestOf(std::string_view bytes);
 
+struct FoundArtwork {
+  std::string bytes;
+  std::filesystem::path path;
+};
+
 /// Folders that are searched for images by digest. They are listed once, at the first search; files
 /// in folders inside them are not looked at.
 class ArtworkFolders {
@@ -30,9 +35,10 @@ class ArtworkFolders {
   explicit ArtworkFolders(std::vector<std::filesystem::path> folders)
       : folders_(std::move(folders)) {}
 
-  /// The bytes with the entry's digest: in a file named by the digest, or in any file that is as
-  /// long as the entry says, those of the first folder first. Nothing where there are none.
-  std::optional<std::string> find(const AssetManifestEntry& wanted);
+  /// The bytes with the entry's digest, and their file: a file named by the digest, or in any file
+  /// that is as long as the entry says, those of the first folder first. Nothing where there are
+  /// none.
+  std::optional<FoundArtwork> find(const AssetManifestEntry& wanted);
 
  private:
   struct File {

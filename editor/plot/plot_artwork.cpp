@@ -26,11 +26,17 @@ std::optional<std::string_view> typeOf(const AssetManifestEntry& entry) {
   return std::string_view(entry.mediaType);
 }
 
-std::optional<CheckedImage> checkedIn(ArtworkFolders& folders, const AssetManifestEntry& entry) {
-  std::optional<std::string> bytes = folders.find(entry);
-  if (!bytes) return std::nullopt;
-  auto checked = CheckedImage::check(std::move(*bytes), typeOf(entry));
-  if (auto* image = std::get_if<CheckedImage>(&checked)) return std::move(*image);
+struct CheckedFile {
+  CheckedImage image;
+  std::filesystem::path path;
+};
+
+std::optional<CheckedFile> checkedIn(ArtworkFolders& folders, const AssetManifestEntry& entry) {
+  std::optional<FoundArtwork> found = folders.find(entry);
+  if (!found) return std::nullopt;
+  auto checked = CheckedImage::check(std::move(found->bytes), typeOf(entry));
+  if (auto* image = std::get_if<CheckedImage>(&checked))
+    return CheckedFile{.image = std::move(*image), .path = std::move(found->path)};
   return std::nullopt;
 }
 
@@ -52,6 +58,13 @@ PlotArtwork::PlotArtwork(OpenPlot& plot) : QObject(&plot), plot_(plot) {
   QImageReader::setAllocationLimit(int(8 * RasterAssetSafety::maximumPixels >> 20) + 1);
   // One after the other: images are large, and their order counts where there are too many.
   pool_.setMaxThreadCount(1);
+  // Files come by the dozen when somebody unpacks a folder.
+  constexpr int delay = 300;  // milliseconds
+  whenToLookAgain_.setSingleShot(true);
+  whenToLookAgain_.setInterval(delay);
+  connect(&watcher_, &QFileSystemWatcher::directoryChanged, &whenToLookAgain_,
+          qOverload<>(&QTimer::start));
+  connect(&whenToLookAgain_, &QTimer::timeout, this, &PlotArtwork::lookAgain);
   connect(&plot_, &OpenPlot::replaced, this, &PlotArtwork::begin);
   connect(&plot_, &OpenPlot::historyChanged, this, &PlotArtwork::follow);
   connect(&plot_, &OpenPlot::changed, this, [this](const ChangeSet& changes) {
@@ -68,6 +81,7 @@ PlotArtwork::~PlotArtwork() {
 void PlotArtwork::setSharedFolder(std::filesystem::path folder) {
   shared_ = std::move(folder);
   index_.reset();
+  watch();
 }
 
 void PlotArtwork::begin() {
@@ -82,6 +96,7 @@ void PlotArtwork::begin() {
   memory_ = 0;
   index_.reset();
   file_ = plot_.file() != nullptr ? plot_.file()->path() : std::filesystem::path();
+  watch();
 }
 
 // The plot may have got a file, or another one.
@@ -92,17 +107,10 @@ void PlotArtwork::follow() {
   if (!file_.empty()) former_.push_back(artworkBeside(file_));
   if (!file_.empty()) former_.push_back(file_.parent_path());
   file_ = file;
+  watch();
   index_.reset();
   for (auto& [digest, known] : known_)
-    if (known.state == State::missing) ask(digest);
-}
-
-std::vector<std::filesystem::path> PlotArtwork::folders() const {
-  std::vector<std::filesystem::path> all;
-  if (!file_.empty()) all = {artworkBeside(file_), file_.parent_path()};
-  all.push_back(shared_);
-  all.insert(all.end(), former_.begin(), former_.end());
-  return all;
+    if (known.isMissing) ask(digest);
 }
 
 AssetManifestEntry PlotArtwork::entryOf(const Text& sha256) {
@@ -125,7 +133,14 @@ QImage PlotArtwork::pictureOf(const Text& sha256) {
 
 bool PlotArtwork::isMissing(const Text& sha256) const {
   const auto known = known_.find(sha256);
-  return known != known_.end() && known->second.state == State::missing;
+  return known != known_.end() && known->second.isMissing;
+}
+
+std::set<Text> PlotArtwork::missing() const {
+  std::set<Text> digests;
+  for (const auto& [digest, known] : known_)
+    if (known.isMissing) digests.insert(digest);
+  return digests;
 }
 
 void PlotArtwork::ask(const Text& sha256) {
@@ -134,8 +149,11 @@ void PlotArtwork::ask(const Text& sha256) {
   ++pending_;
   pool_.start([this, entry = entryOf(sha256), folders = index_, generation = generation_] {
     Loaded loaded;
-    if (const std::optional<CheckedImage> image = checkedIn(*folders, entry))
-      loaded = {.isThere = true, .pixels = image->pixels(), .picture = image->decoded(longestSide)};
+    if (std::optional<CheckedFile> found = checkedIn(*folders, entry))
+      loaded = {.isThere = true,
+                .path = std::move(found->path),
+                .pixels = found->image.pixels(),
+                .picture = found->image.decoded(longestSide)};
     QMetaObject::invokeMethod(
         this,
         [this, generation, digest = entry.sha256, loaded] {
@@ -155,6 +173,10 @@ void PlotArtwork::forgetUnused() {
   std::erase_if(known_, [&used](const auto& each) {
     return each.second.state != State::asked && !used.contains(each.first);
   });
+  recount();
+}
+
+void PlotArtwork::recount() {
   budget_ = {};
   memory_ = 0;
   for (auto& [digest, known] : known_) {
@@ -165,6 +187,10 @@ void PlotArtwork::forgetUnused() {
 
 void PlotArtwork::arrive(const Text& sha256, Loaded loaded) {
   --pending_;
+  const bool wasMissing = isMissing(sha256);
+  // What it took before, if it was there, is free.
+  const Known before = std::exchange(known_[sha256], {});
+  if (before.isCounted || !before.picture.isNull()) recount();
   const auto takes = [this](const QImage& image, std::size_t limit) {
     return memory_ + std::size_t(image.sizeInBytes()) <= limit;
   };
@@ -172,8 +198,13 @@ void PlotArtwork::arrive(const Text& sha256, Loaded loaded) {
       !takes(loaded.picture, memoryForLarge))
     forgetUnused();
   Known& known = known_[sha256];
-  known = {.state = loaded.isThere ? State::frame : State::missing,
+  // A save need not look again for what lies where the plot's images do.
+  const std::filesystem::path folder = folders().front();
+  if (loaded.isThere && loaded.path.parent_path() == folder) brought_.emplace(folder, sha256);
+  known = {.state = State::known,
+           .isMissing = !loaded.isThere,
            .picture = {},
+           .path = std::move(loaded.path),
            .pixels = loaded.pixels,
            .isCounted = loaded.isThere && fits(budget_, loaded.pixels)};
   if (known.isCounted && !loaded.picture.isNull()) {
@@ -183,10 +214,9 @@ void PlotArtwork::arrive(const Text& sha256, Loaded loaded) {
     if (takes(loaded.picture, memoryForAll)) {
       memory_ += std::size_t(loaded.picture.sizeInBytes());
       known.picture = std::move(loaded.picture);
-      known.state = State::shown;
     }
   }
-  Q_EMIT arrived(sha256);
+  if (loaded.isThere || !wasMissing) Q_EMIT arrived(sha256);
 }
 
 PlotArtwork::Source PlotArtwork::bytes(bool forPainting) const {
@@ -196,13 +226,13 @@ PlotArtwork::Source PlotArtwork::bytes(bool forPainting) const {
   return [folders = std::make_shared<ArtworkFolders>(folders()), entries = std::move(entries),
           forPainting](const Text& sha256) -> std::optional<std::string> {
     const auto entry = entries.find(sha256);
-    std::optional<CheckedImage> image = checkedIn(
+    std::optional<CheckedFile> found = checkedIn(
         *folders, entry != entries.end()
                       ? entry->second
                       : AssetManifestEntry{
                             .sha256 = sha256, .filename = {}, .mediaType = {}, .byteCount = 0});
-    if (!image || (forPainting && !image->canBeDrawn())) return std::nullopt;
-    return std::move(*image).take();
+    if (!found || (forPainting && !found->image.canBeDrawn())) return std::nullopt;
+    return std::move(found->image).take();
   };
 }
 
@@ -226,7 +256,7 @@ void PlotArtwork::keep(const CheckedImage& image, const std::string& digest) {
   index_.reset();
   // It may have been missing so far.
   const auto known = known_.find(Text(digest));
-  if (known != known_.end() && known->second.state == State::missing) ask(known->first);
+  if (known != known_.end() && known->second.isMissing) ask(known->first);
 }
 
 std::vector<std::string> PlotArtwork::bring(const List<AssetManifestEntry>& entries,
@@ -237,11 +267,13 @@ std::vector<std::string> PlotArtwork::bring(const List<AssetManifestEntry>& entr
   ArtworkFolders sources(folders());
   for (const AssetManifestEntry& entry : entries) {
     if (brought_.contains({folder, entry.sha256})) continue;
+    ++looks_;
     if (!target.find(entry)) {
-      const std::optional<CheckedImage> image = checkedIn(sources, entry);
-      if (!image) continue;
+      const std::optional<CheckedFile> found = checkedIn(sources, entry);
+      if (!found) continue;
+      const CheckedImage& image = found->image;
       try {
-        keepArtwork(folder, digestOf(image->bytes()), image->ending(), image->bytes());
+        keepArtwork(folder, digestOf(image.bytes()), image.ending(), image.bytes());
       } catch (const FileError& error) {
         failures.emplace_back(error.what());
         continue;

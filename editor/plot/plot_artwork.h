@@ -4,9 +4,11 @@
 // is none, in a folder of the user's. They are found, judged and decoded on a thread of their own:
 // whoever paints takes what is there and hears of the rest.
 
+#include <QFileSystemWatcher>
 #include <QImage>
 #include <QObject>
 #include <QThreadPool>
+#include <QTimer>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -42,6 +44,8 @@ class PlotArtwork : public QObject {
   QImage pictureOf(const Text& sha256);
   /// Whether the bytes were looked for, and are not there or not safe.
   bool isMissing(const Text& sha256) const;
+  /// All of which that is known. Asks nothing of the disk.
+  std::set<Text> missing() const;
   /// Whether everything that was asked for has arrived.
   bool isIdle() const { return pending_ == 0; }
 
@@ -65,21 +69,26 @@ class PlotArtwork : public QObject {
   std::vector<std::string> bringHere(const List<AssetManifestEntry>& entries);
   /// Puts all images of the plot where that file's plot will look for them.
   std::vector<std::string> bringTo(const std::filesystem::path& plotFile);
+  /// How many images were looked for to be brought somewhere, for tests.
+  std::size_t looks() const { return looks_; }
 
  Q_SIGNALS:
-  /// The image is there, or is known to be missing.
+  /// The image is there, or is known to be missing. Comes again when its file comes or goes.
   void arrived(const korrin::Text& sha256);
 
  private:
-  enum class State { asked, shown, frame, missing };
+  enum class State { asked, known };
   struct Known {
-    State state = State::asked;
+    State state = State::asked;  // again, where its file may have come or gone
+    bool isMissing = false;      // when it was last looked for
     QImage picture = {};
+    std::filesystem::path path = {};
     std::int64_t pixels = 0;
     bool isCounted = false;  // in the budget
   };
   struct Loaded {
     bool isThere = false;
+    std::filesystem::path path = {};
     std::int64_t pixels = 0;
     QImage picture = {};
   };
@@ -88,8 +97,11 @@ class PlotArtwork : public QObject {
   Source bytes(bool forPainting) const;
   void begin();
   void follow();
+  void watch();
+  void lookAgain();
   void ask(const Text& sha256);
   void forgetUnused();
+  void recount();
   void arrive(const Text& sha256, Loaded loaded);
   AssetManifestEntry entryOf(const Text& sha256);
 
@@ -107,6 +119,9 @@ class PlotArtwork : public QObject {
   int pending_ = 0;
   int generation_ = 0;
   std::shared_ptr<ArtworkFolders> index_;  // used on the thread
+  std::size_t looks_ = 0;
+  QFileSystemWatcher watcher_;
+  QTimer whenToLookAgain_;
   QThreadPool pool_;
 };
 

@@ -24,6 +24,7 @@
 #include "editor/main_window.h"
 #include "editor/menus/clipboard.h"
 #include "editor/output/sheets.h"
+#include "editor/panels/findings_panel.h"
 #include "editor/plot/qt_texts.h"
 #include "tests/editor/support/answers.h"
 #include "tests/editor/support/settings.h"
@@ -251,6 +252,41 @@ class PlotArtworkTest : public QObject {
     QVERIFY(!plot().artwork().bytesForFiles()(digest));
   }
 
+  void saysWhichImagesWillNotBePrintedUntilTheirFilesAreBack() {
+    const QByteArray bytes = png(24, 24);
+    const QString logo = write("logo.png", bytes);
+    insert({logo});
+    QVERIFY(files->saveTo(at("tonight.json")));
+    QVERIFY(haveArrived());
+    QVERIFY(lost().isEmpty());
+    QVERIFY(QDir(at("shared")).removeRecursively());
+    QVERIFY(QDir(at("tonight.assets")).removeRecursively());
+    QVERIFY(QFile::remove(logo));
+    QTRY_COMPARE_WITH_TIMEOUT(lost().size(), qsizetype{1}, patience);
+    QVERIFY2(lost().front().contains("“logo.png”") && lost().front().contains("insert"),
+             qPrintable(lost().front()));
+    QVERIFY(plot().artwork().pictureOf(plot().project().items[0].assetID).isNull());
+    write("found again.png", bytes);
+    QTRY_VERIFY_WITH_TIMEOUT(lost().isEmpty(), patience);
+    QVERIFY(!plot().artwork().pictureOf(plot().project().items[0].assetID).isNull());
+  }
+
+  void savesWithoutReadingImagesThatAreInPlace() {
+    insert({write("a.png", png(16, 16)), write("b.png", png(17, 17))});
+    QVERIFY(files->saveTo(at("tonight.json")));
+    const KorrinProject project = plot().project();
+    plot().begin(project, DocumentFile(toPath(at("tonight.json"))));
+    QVERIFY(haveArrived());
+    const std::size_t before = plot().artwork().looks();
+    QVERIFY(plot().artwork().bringTo(toPath(at("tonight.json"))).empty());
+    QCOMPARE(plot().artwork().looks(), before);
+    // What has gone is brought back as far as it can be.
+    QVERIFY(QDir(at("tonight.assets")).removeRecursively());
+    QTRY_VERIFY_WITH_TIMEOUT((plot().artwork().bringTo(toPath(at("tonight.json"))),
+                              QDir(at("tonight.assets")).entryList(QDir::Files).size() == 2),
+                             patience);
+  }
+
   void decodesNothingButWhatWasJudged() {
     const auto refused = CheckedImage::check("GIF87a and nothing else");
     QVERIFY(std::holds_alternative<AssetRefusal>(refused));
@@ -313,6 +349,14 @@ class PlotArtworkTest : public QObject {
   }
   bool haveArrived() {
     return QTest::qWaitFor([this] { return plot().artwork().isIdle(); }, patience);
+  }
+  // What the panel says of images that are gone.
+  QStringList lost() {
+    QStringList sentences;
+    for (const Finding& finding : window->findChild<FindingsPanel*>()->findings())
+      if (const auto* issue = std::get_if<PreflightIssue>(&finding.source))
+        if (issue->rule == PreflightRule::missingAsset) sentences += toQString(finding.detail);
+    return sentences;
   }
   void insert(const QStringList& paths) { insertImages(plot(), paths, {0, 0}, window.get()); }
   void drop(const QStringList& paths, const QPointF& place) {
