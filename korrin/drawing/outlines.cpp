@@ -25,6 +25,8 @@ std::vector<UUID> itemsAt(const KorrinProject& project, StagePoint point) {
   constexpr double rim = 1e-6;
   std::vector<UUID> found;
   for (const PlotItem* item : visibleItemsInStackingOrder(project)) {
+    // An infinite extent would lie under every point.
+    if (!std::isfinite(item->size.width) || !std::isfinite(item->size.height)) continue;
     const drawing::Turn turn(item->rotationDegrees);
     const double x = point.x - item->position.x;
     const double y = point.y - item->position.y;

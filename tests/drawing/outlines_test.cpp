@@ -98,6 +98,14 @@ TEST(ItemsAt, FindsNothingWhereNumbersAreNone) {
   EXPECT_THAT(itemsAt(projectOf({plank(none)}), {.x = 100, .y = 50}), IsEmpty());
   EXPECT_THAT(itemsAt(projectOf({plank(infinite)}), {.x = 100, .y = 50}), IsEmpty());
   EXPECT_THAT(itemsAt(projectOf({plank(0)}), {.x = none, .y = 50}), IsEmpty());
+  EXPECT_THAT(itemsAt(projectOf({plank(0)}), {.x = infinite, .y = 50}), IsEmpty());
+  PlotItem endless = plank(0);
+  endless.size.width = infinite;
+  EXPECT_THAT(itemsAt(projectOf({endless}), {.x = 100, .y = 50}), IsEmpty());
+  endless.size = {.width = infinite, .height = infinite};
+  EXPECT_THAT(itemsAt(projectOf({endless}), {.x = 100, .y = 50}), IsEmpty());
+  endless.position.x = infinite;
+  EXPECT_THAT(itemsAt(projectOf({endless}), {.x = 100, .y = 50}), IsEmpty());
 }
 
 }  // namespace
