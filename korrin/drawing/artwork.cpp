@@ -56,9 +56,12 @@ const Artwork::Image* Artwork::imageOf(const PlotItem& item, SvgWriter& svg) {
 }
 
 Artwork::Image Artwork::load(const Text& sha256, const AssetManifestEntry* entry, SvgWriter& svg) {
-  Image image{.name = entry != nullptr ? paperLine(entry->filename) : "", .kept = std::nullopt};
+  Image image{.name = entry != nullptr ? Text(paperLine(entry->filename)) : Text(),
+              .title = {},
+              .kept = std::nullopt};
   // There may be no name, or none that can be seen.
   if (image.name.empty()) image.name = paperLine(sha256);
+  image.title = repeatedLine(image.name);
   if (!options_.assetBytes) return image;
   const std::optional<std::string> bytes = options_.assetBytes(sha256);
   if (!bytes) return image;

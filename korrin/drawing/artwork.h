@@ -22,7 +22,8 @@ class Artwork {
 
   /// How an item's image is drawn.
   struct Image {
-    std::string name;                 ///< The file's, otherwise the digest.
+    Text name;                        ///< The file's on one line, otherwise the digest.
+    std::string title;                ///< The name, shortened.
     std::optional<std::size_t> kept;  ///< The kept image; absent for a frame.
     bool isWidelyShown = true;        ///< Whether most renderers know the format.
   };

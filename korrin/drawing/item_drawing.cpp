@@ -64,22 +64,24 @@ void ItemDrawing::drawImage(const PlotItem& item, const Artwork::Image& image) {
   const double width = item.size.width / view_.scaleNumber;
   const double height = item.size.height / view_.scaleNumber;
   const bool hasFrame = !image.kept || !image.isWidelyShown;
-  svg_.beginTitled(image.name);
+  svg_.beginTitled(image.title);
   svg_.beginPlaced(view_.onPaper(item.position), item.rotationDegrees, item.isFlippedHorizontally,
                    item.isFlippedVertically);
   if (hasFrame) drawFrame(svg_, width, height);
   if (image.kept) svg_.image(*image.kept, {-width / 2, -height / 2, width, height});
   svg_.endGroup();
-  if (!image.kept) drawName(item, image.name);
+  if (!image.kept) drawName(item, image);
   svg_.endGroup();
 }
 
-void ItemDrawing::drawName(const PlotItem& item, const std::string& name) {
+void ItemDrawing::drawName(const PlotItem& item, const Artwork::Image& image) {
   constexpr double size = 2.2;
   constexpr double step = 1.2 * size;
   const Box box = view_.around(item);
-  const std::vector<std::string> lines =
-      shortened_.fit(name, size, std::clamp(box.width, 40.0, 120.0), 3, true);
+  const auto [lines, isShortened] =
+      fitted(image.name, size, std::clamp(box.width, 40.0, 120.0), 3, true);
+  // Once: to look up a long name takes time for each item that shows it.
+  if (isShortened && shortenedNames_.insert(&image).second) shortened_.note(image.name, lines);
   double y = box.centre().y - step * static_cast<double>(lines.size()) / 2 + 0.8 * size;
   svg_.beginHaloTexts();
   for (const std::string& line : lines) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -34,7 +35,7 @@ class ItemDrawing {
 
   void drawSymbol(const PlotItem& item);
   void drawImage(const PlotItem& item, const Artwork::Image& image);
-  void drawName(const PlotItem& item, const std::string& name);
+  void drawName(const PlotItem& item, const Artwork::Image& image);
 
   SvgWriter& svg_;
   const StageView& view_;
@@ -42,6 +43,7 @@ class ItemDrawing {
   Artwork artwork_;
   std::map<LookKey, std::size_t> drawn_;
   std::vector<Box> names_;
+  std::set<const Artwork::Image*> shortenedNames_;  // those that are noted
 };
 
 /// The frame of an embedded image that cannot be shown, about (0, 0).

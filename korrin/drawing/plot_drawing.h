@@ -3,7 +3,9 @@
 // Plots as pictures: SVG 1.1, one length unit a millimetre of paper. What is drawn follows from the
 // project and the options alone; the same project gives the same bytes. Nothing of a document
 // becomes markup, and a picture refers to nothing outside itself. Any project can be drawn: of one
-// that fails DocumentValidation the picture is well-formed, and its content is not specified.
+// that fails DocumentValidation the picture is well-formed, and its content is not specified. Of
+// one that passes, pictures grow in proportion to it: where a name stands on every page or for
+// every item, no more than some 200 characters of it do.
 
 #include <chrono>
 #include <functional>

@@ -73,6 +73,7 @@ class Sheets {
   void prepare() {
     const ProjectMetadata& metadata = project_.metadata;
     const std::chrono::minutes offset = options_.utcOffset;
+    pictureTitle_ = repeatedLine(metadata.title);
     title_ = shortened_.fitLine(metadata.title, 6, paper_.width, true);
     if (metadata.eventDate) date_ = momentText(*metadata.eventDate, offset);
     facts_ = shortened_.fitLine(joined({metadata.artist, metadata.venue}), 3.6,
@@ -113,11 +114,10 @@ class Sheets {
   }
 
   SvgWriter& newPage() {
-    const std::string title = paperLine(project_.metadata.title);
     if (binding_ == Binding::separate) {
-      pages_.emplace_back().beginDocument(width_, height_, title);
+      pages_.emplace_back().beginDocument(width_, height_, pictureTitle_);
     } else if (pageCount_ == 0) {
-      pages_.emplace_back().beginDocument(width_, title);
+      pages_.emplace_back().beginDocument(width_, pictureTitle_);
       pages_.back().beginPlaced({0, 0});
     } else {
       pages_.back().endGroup();
@@ -181,7 +181,7 @@ class Sheets {
   double height_ = 0;
   Box paper_{};
   Box content_{};
-  std::string title_, facts_, date_, contact_, changed_;
+  std::string pictureTitle_, title_, facts_, date_, contact_, changed_;
   double contactLift_ = 0;
   ShortenedTexts shortened_;
   std::deque<SvgWriter> pages_;  // stacked: one

@@ -7,12 +7,15 @@ namespace korrin::drawing {
 std::vector<std::string> ShortenedTexts::fit(const Text& text, double size, double width,
                                              std::size_t mostLines, bool isBold) {
   Fitted result = fitted(text, size, width, mostLines, isBold);
-  if (result.isShortened && known_.insert(text).second) {
-    std::string printed;
-    for (const std::string& line : result.lines) printed += (printed.empty() ? "" : " ") + line;
-    entries_.push_back({std::move(printed), text});
-  }
+  if (result.isShortened) note(text, result.lines);
   return std::move(result.lines);
+}
+
+void ShortenedTexts::note(const Text& text, const std::vector<std::string>& printed) {
+  if (!known_.insert(text).second) return;
+  std::string joined;
+  for (const std::string& line : printed) joined += (joined.empty() ? "" : " ") + line;
+  entries_.push_back({std::move(joined), text});
 }
 
 std::string ShortenedTexts::fitLine(const Text& text, double size, double width, bool isBold) {

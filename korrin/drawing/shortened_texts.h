@@ -22,7 +22,9 @@ class ShortenedTexts {
   /// As `fitted`, and noted when the text is shortened.
   std::vector<std::string> fit(const Text& text, double size, double width, std::size_t mostLines,
                                bool isBold = false);
-  /// The same in one line.
+  /// Notes a text that was shortened to these lines.
+  void note(const Text& text, const std::vector<std::string>& printed);
+  /// `fit` in one line.
   std::string fitLine(const Text& text, double size, double width, bool isBold = false);
 
   /// Each text once, in the order in which they were noted.

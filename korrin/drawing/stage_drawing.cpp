@@ -1,6 +1,7 @@
 #include "korrin/drawing/stage_drawing.h"
 
 #include <cmath>
+#include <map>
 
 #include "korrin/drawing/item_drawing.h"
 #include "korrin/drawing/label_drawing.h"
@@ -14,10 +15,22 @@
 namespace korrin::drawing {
 namespace {
 
-std::string layerReason(const PlotLayer* layer) {
+std::string layerReason(const PlotLayer* layer, ShortenedTexts& shortened) {
   if (layer == nullptr) return "its layer does not exist";
-  const std::string name = paperLine(layer->name);
+  const std::string name = shortened.fitLine(layer->name, 1, longestRepeated);
   return name.empty() ? "its layer is hidden" : "its layer “" + name + "” is hidden";
+}
+
+// The items that no visible layer holds, and why they are not drawn.
+std::vector<MissingItem> missingFrom(const KorrinProject& project, ShortenedTexts& shortened) {
+  std::vector<MissingItem> missing;
+  std::map<const PlotLayer*, std::string> reasons;
+  for (const LeftOutItem& left : leftOutItems(project)) {
+    const auto [reason, isNew] = reasons.try_emplace(left.layer);
+    if (isNew) reason->second = layerReason(left.layer, shortened);
+    missing.push_back({left.item, reason->second});
+  }
+  return missing;
 }
 
 std::string distanceReason(const StagePoint& position) {
@@ -53,7 +66,7 @@ DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const Drawing
   const std::vector<const PlotItem*> visible = visibleItemsInStackingOrder(project);
   const Box canvas = {box.x, box.y, box.width, box.height - captionHeight};
   const StageView view = viewOf(project.stage, visible, canvas, frameWidth);
-  DrawnStage drawn;
+  DrawnStage drawn = {.looks = {}, .risers = {}, .missing = missingFrom(project, shortened)};
   std::set<std::string> risers;
 
   StageFrame frame(svg, project.stage, view);
@@ -61,8 +74,6 @@ DrawnStage drawStage(SvgWriter& svg, const KorrinProject& project, const Drawing
   frame.drawSurroundings();
   svg.beginClipped(canvas);
   ItemDrawing items(svg, project, options, view, shortened);
-  for (const LeftOutItem& left : leftOutItems(project))
-    drawn.missing.push_back({left.item, layerReason(left.layer)});
   for (const PlotItem* item : visible) {
     const Box around = view.around(*item);
     if (!touches(around, canvas)) {

@@ -267,4 +267,6 @@ std::string fittedLine(std::string_view text, double size, double width, bool is
   return line.lines.empty() ? std::string() : std::move(line.lines.front());
 }
 
+std::string repeatedLine(std::string_view text) { return fittedLine(text, 1, longestRepeated); }
+
 }  // namespace korrin::drawing

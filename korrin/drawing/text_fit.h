@@ -64,4 +64,11 @@ Fitted fitted(std::string_view text, double size, double width, std::size_t most
 /// The text as one line of at most `width` millimetres; empty for blanks.
 std::string fittedLine(std::string_view text, double size, double width, bool isBold = false);
 
+/// How many times its size a text may be wide that is written on every page or for every item.
+constexpr double longestRepeated = 160;
+
+/// As `paperLine`, and shortened to `longestRepeated`: some 200 characters. Who writes a document
+/// could otherwise make a picture as large as the product of a text and the items.
+std::string repeatedLine(std::string_view text);
+
 }  // namespace korrin::drawing

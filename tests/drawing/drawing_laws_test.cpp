@@ -107,5 +107,76 @@ TEST(DrawingLaws, TakeNumbersOfOneItemInProportionToTheRows) {
   EXPECT_NE(all.find("7998"), std::string::npos);
 }
 
+/// Bytes of all pictures of a plot of `scale` times as many items, pages and letters of one text.
+struct LongText {
+  const char* name;
+  void (*write)(KorrinProject& project, const std::string& text);
+};
+
+std::size_t bytesWith(const LongText& place, std::size_t scale) {
+  KorrinProject project = crowd(100 * scale);
+  std::string body;
+  for (std::size_t line = 0; line < 2'000 * scale; ++line) body += "a\n";
+  project.notes = {{.id = test::identifier(1'000'000), .title = "Lines", .body = body}};
+  place.write(project, std::string(10'000 * scale, 'x'));
+  std::size_t bytes = drawPlot(project).size();
+  for (const std::string& page : drawPages(project)) bytes += page.size();
+  return bytes;
+}
+
+class PicturesOfALongText : public testing::TestWithParam<LongText> {};
+
+TEST_P(PicturesOfALongText, GrowNoFasterThanThePlot) {
+  const std::size_t once = bytesWith(GetParam(), 1);
+  // What is written for each item or page makes it sixteen times as much.
+  EXPECT_LT(bytesWith(GetParam(), 4), 6 * once);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , PicturesOfALongText,
+    testing::Values(LongText{"Title",
+                             [](KorrinProject& project, const std::string& text) {
+                               project.metadata.title = text;
+                             }},
+                    LongText{"HiddenLayer",
+                             [](KorrinProject& project, const std::string& text) {
+                               for (std::size_t i = 0; i < project.layers.size(); ++i) {
+                                 project.layers.edit(i).isVisible = false;
+                                 project.layers.edit(i).name = text;
+                               }
+                             }},
+                    LongText{"FileName",
+                             [](KorrinProject& project, const std::string& text) {
+                               const std::string digest(64, 'a');
+                               project.assetManifest = {{.sha256 = digest,
+                                                         .filename = text,
+                                                         .mediaType = "image/png",
+                                                         .byteCount = 1}};
+                               for (std::size_t i = 0; i < project.items.size(); ++i)
+                                 project.items.edit(i).assetID = digest;
+                             }}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST(DrawingLaws, ListInFullWhateverTheyShorten) {
+  std::string text = std::string(300, 'l') + " ";
+  for (int i = 0; i < 300; ++i) text += "Ж";
+  for (const bool isLayer : {true, false}) {
+    KorrinProject project = crowd(2);
+    if (isLayer) {
+      project.layers.edit(0).name = text;
+      project.layers.edit(0).isVisible = false;
+    } else {
+      project.assetManifest = {{.sha256 = std::string(64, 'a'),
+                                .filename = text,
+                                .mediaType = "image/png",
+                                .byteCount = 1}};
+      for (std::size_t i = 0; i < 2; ++i) project.items.edit(i).assetID = std::string(64, 'a');
+    }
+    std::string all;
+    for (const std::string& line : test::textsOf(drawStackedPages(project))) all += line;
+    EXPECT_GE(test::countOf(all, "Ж"), 300u) << isLayer;
+  }
+}
+
 }  // namespace
 }  // namespace korrin
