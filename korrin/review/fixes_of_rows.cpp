@@ -78,7 +78,7 @@ std::optional<Fix> noMixNumber(PlotLookup& plot, std::size_t index) {
 std::optional<Fix> sourceFromLabel(PlotLookup& plot, std::size_t index) {
   const List<InputChannel>& inputs = plot.project().inputs;
   const PlotItem* const item = plot.itemOf(inputs[index]);
-  if (item == nullptr || item->label.isBlank()) return std::nullopt;
+  if (item == nullptr || !plot.hasLabel(*item)) return std::nullopt;
   return setting(&InputChannel::source, item->label, inputs, index,
                  "Set the source of " + nameOf(inputs[index], index) + " to " +
                      quoted(item->label) + ", the label of its symbol");

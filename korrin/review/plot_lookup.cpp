@@ -90,6 +90,12 @@ const PlotItem* PlotLookup::itemOf(const InputChannel& input) const {
   return place ? &project_.items[*place] : nullptr;
 }
 
+bool PlotLookup::hasLabel(const PlotItem& item) {
+  const auto [known, isNew] = haveLabels_.try_emplace(&item);
+  if (isNew) known->second = !item.label.isBlank();
+  return known->second;
+}
+
 const PlotItem* PlotLookup::onlyItemCalled(const Text& name, NamedItems& items,
                                            std::span<const PlotItemKind> kinds) {
   if (!items) {

@@ -4,6 +4,7 @@
 // of many findings cost no more than a few walks over the plot. Not public.
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -69,6 +70,9 @@ class PlotLookup {
 
   /// The item that the input is linked to.
   const PlotItem* itemOf(const InputChannel& input) const;
+  /// Whether the item of the project has a label that is not blank. It is read once, however many
+  /// rows link to the item.
+  bool hasLabel(const PlotItem& item);
   /// The only item of a kind that an input can come from that bears the name; null for a blank one.
   const PlotItem* onlySourceCalled(const Text& name);
   /// The only monitor that bears the name; null for a blank one.
@@ -97,6 +101,7 @@ class PlotLookup {
   std::optional<std::vector<PreflightIssue>> issues_;  // sorted by id
   std::optional<std::vector<AuditFinding>> findings_;  // sorted by id
   std::optional<std::set<Subject>> seriousSubjects_;
+  std::map<const PlotItem*, bool> haveLabels_;  // those that were asked about
   NamedItems sources_;
   NamedItems monitors_;
   std::optional<std::vector<Link>> links_;

@@ -7,6 +7,7 @@
 
 namespace korrin::names {
 
+using revision::isShownBlank;
 using revision::numberText;
 using revision::quoted;
 
@@ -16,8 +17,8 @@ std::string numberedName(const char* kind, const std::optional<std::int64_t>& nu
                          const Text& name, std::size_t index) {
   std::string text = kind;
   if (number) text += " " + std::to_string(*number);
-  if (!name.isBlank()) text += " " + quoted(name);
-  if (!number && name.isBlank()) text += " in row " + std::to_string(index + 1);
+  if (!isShownBlank(name)) text += " " + quoted(name);
+  if (!number && isShownBlank(name)) text += " in row " + std::to_string(index + 1);
   return text;
 }
 
@@ -32,13 +33,13 @@ std::string nameOf(const MonitorMix& mix, std::size_t index) {
 }
 
 std::string nameOf(const EquipmentRequirement& line, std::size_t index) {
-  const Text& name = line.item.isBlank() ? line.category : line.item;
+  const Text& name = isShownBlank(line.item) ? line.category : line.item;
   return numberedName("equipment", std::nullopt, name, index);
 }
 
 std::string nameOf(const PlotItem& item) {
   std::string text(rawValue(item.kind));
-  if (!item.label.isBlank()) return text + " " + quoted(item.label);
+  if (!isShownBlank(item.label)) return text + " " + quoted(item.label);
   return text + " at x " + numberText(item.position.x) + " mm, y " + numberText(item.position.y) +
          " mm";
 }
@@ -48,7 +49,7 @@ std::string nameOf(const PlotLayer& layer) { return "layer " + quoted(layer.name
 std::string nameOf(const PlotGroup& group) { return "group " + quoted(group.name); }
 
 std::string nameOf(const AssetManifestEntry& entry) {
-  return "asset " + quoted(entry.filename.isBlank() ? entry.sha256 : entry.filename);
+  return "asset " + quoted(isShownBlank(entry.filename) ? entry.sha256 : entry.filename);
 }
 
 }  // namespace korrin::names

@@ -6,14 +6,14 @@ namespace korrin::revision {
 namespace {
 
 std::string named(std::string name, const Text& text) {
-  if (!text.isBlank()) name += " " + quoted(text);
+  if (!isShownBlank(text)) name += " " + quoted(text);
   return name;
 }
 
 std::string numbered(std::string name, const std::optional<std::int64_t>& number,
                      const Text& text) {
   if (number) name += " " + std::to_string(*number);
-  if (!number && text.isBlank()) return name + " without a name";
+  if (!number && isShownBlank(text)) return name + " without a name";
   return named(std::move(name), text);
 }
 
@@ -36,7 +36,7 @@ bool refersTo(std::string_view key, std::string_view list) {
 }  // namespace
 
 std::string nameOf(const PlotItem& item) {
-  if (!item.label.isBlank()) return quoted(item.label);
+  if (!isShownBlank(item.label)) return quoted(item.label);
   return "Unlabelled " + wordsOf(rawValue(item.kind));
 }
 std::string nameOf(const PlotLayer& layer) { return named("Layer", layer.name); }

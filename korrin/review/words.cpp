@@ -115,6 +115,12 @@ std::string shownFrom(std::string_view text, std::size_t first) {
   return result;
 }
 
+/// What `shown` looks at: all of a short text, and of a long one more scalars than are shown.
+Text textOfShown(std::string_view text) {
+  constexpr std::size_t most = 4 * (longestText + 2);
+  return text.substr(0, most);
+}
+
 bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
 bool isLower(char c) { return c >= 'a' && c <= 'z'; }
 
@@ -220,8 +226,9 @@ Directions directionsFor(AudienceEdge audience) {
 
 }  // namespace
 
-// A difference may hold any bytes: as a text they are well-formed.
-std::string shown(std::string_view text) { return shownFrom(Text(text), 0); }
+// A difference may hold any bytes: as a text they are well-formed. No more of them become one than
+// are shown, since many sentences may name one record, and its name may have megabytes.
+std::string shown(std::string_view text) { return shownFrom(textOfShown(text), 0); }
 
 std::pair<std::string, std::string> shownApart(std::string_view first, std::string_view second) {
   constexpr std::size_t lead = 10;  // of what is alike, to find the place by
@@ -236,6 +243,8 @@ std::pair<std::string, std::string> shownApart(std::string_view first, std::stri
 }
 
 std::string quoted(std::string_view text) { return '"' + shown(text) + '"'; }
+
+bool isShownBlank(std::string_view text) { return textOfShown(text).isBlank(); }
 
 std::string wordsOf(std::string_view key) {
   for (const Wording& wording : wordings)

@@ -22,6 +22,9 @@ std::pair<std::string, std::string> shownApart(std::string_view first, std::stri
 
 std::string quoted(std::string_view text);
 
+/// Whether nothing could be seen of the text by `shown`, as of a name that is blank.
+bool isShownBlank(std::string_view text);
+
 /// A key in words: "microphone or DI" for "microphoneOrDI", "layer" for "layerID", "riser height"
 /// for "riserHeightMillimeters".
 std::string wordsOf(std::string_view key);
