@@ -209,11 +209,17 @@ class Sentence {
     std::vector<UUID> has = present.toVector();
     std::sort(had.begin(), had.end());
     std::sort(has.begin(), has.end());
+    const bool areTheSame = had == has;
+    // A member that is listed less often has not left.
+    had.erase(std::unique(had.begin(), had.end()), had.end());
+    has.erase(std::unique(has.begin(), has.end()), has.end());
     std::vector<UUID> joined;
     std::vector<UUID> left;
     std::set_difference(has.begin(), has.end(), had.begin(), had.end(), std::back_inserter(joined));
     std::set_difference(had.begin(), had.end(), has.begin(), has.end(), std::back_inserter(left));
-    if (joined.empty() && left.empty()) return ": " + wordsOf(key) + " in another order";
+    if (joined.empty() && left.empty())
+      return ": " + wordsOf(key) +
+             (areTheSame ? " in another order" : " listed more or less often");
     std::string text = ": ";
     if (!joined.empty()) text += namesOf(key, joined, after_, before_) + " joined";
     if (!joined.empty() && !left.empty()) text += ", ";

@@ -191,6 +191,13 @@ TEST_F(Sentences, SayWhoJoinedAndWhoLeftAGroup) {
               ElementsAre("Group \"Band\": \"Item 2\" and \"Item 3\" joined, \"Item 0\" left"));
   after.groups.edit(0).itemIDs = {idOf(1), idOf(0)};
   EXPECT_THAT(sentences(), ElementsAre("Group \"Band\": items in another order"));
+  after.groups.edit(0).itemIDs = {idOf(0), idOf(1), idOf(0)};
+  EXPECT_THAT(sentences(), ElementsAre("Group \"Band\": items listed more or less often"));
+  std::swap(before, after);
+  EXPECT_THAT(sentences(), ElementsAre("Group \"Band\": items listed more or less often"));
+  std::swap(before, after);
+  after.groups.edit(0).itemIDs = {idOf(0), idOf(2), idOf(2)};
+  EXPECT_THAT(sentences(), ElementsAre("Group \"Band\": \"Item 2\" joined, \"Item 1\" left"));
   before.groups.edit(0).itemIDs = {};
   after.groups.edit(0).itemIDs = {idOf(0), idOf(1), idOf(2), idOf(3), idOf(4), identifier(999)};
   EXPECT_THAT(sentences(), ElementsAre("Group \"Band\": \"Item 0\", \"Item 1\", \"Item 2\", "
