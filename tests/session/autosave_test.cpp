@@ -142,6 +142,24 @@ TEST_F(AutosaveTest, KeepsTheLastStateThatCanBeOpenedAgain) {
   EXPECT_EQ(recovered(), "second");
 }
 
+TEST_F(AutosaveTest, KeepsTheLastStateThatThisVersionCanOpenAgain) {
+  Autosave autosave(recovery, 1h);
+  autosave.note(first);
+  autosave.flush();
+  KorrinProject newer = second;
+  newer.minimumReaderVersion = KorrinProject::currentSchemaVersion + 1;
+  autosave.note(newer);
+  autosave.flush();
+  EXPECT_TRUE(autosave.failure());
+  EXPECT_EQ(recovered(), "first");
+  newer.minimumReaderVersion = KorrinProject::currentMinimumReaderVersion;
+  newer.schemaVersion = KorrinProject::currentSchemaVersion + 1;
+  autosave.note(newer);
+  autosave.flush();
+  EXPECT_EQ(autosave.failure(), std::nullopt);
+  EXPECT_EQ(recovered(), "second");
+}
+
 TEST_F(AutosaveTest, KeepsAPlotThatCannotBeSavedForItsNumbers) {
   KorrinProject project = first;
   project.items.edit(0).riserHeightMillimeters = std::numeric_limits<double>::quiet_NaN();

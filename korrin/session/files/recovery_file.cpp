@@ -80,6 +80,8 @@ fs::path absolutePath(const fs::path& path) {
 
 void writeRecovery(const fs::path& file, const KorrinProject& project, Instant notedAt) {
   DocumentValidation::validate(project);
+  if (project.minimumReaderVersion > KorrinProject::currentSchemaVersion)
+    throw FileError(file, "could not be opened again: the plot asks for a newer version");
   const std::string bytes = encodeJSON(project, recoveryEncoding);
   if (bytes.size() > DocumentFile::maximumSize) throw tooLarge(file, DocumentFile::maximumSize);
   const Replacement replacement = {.bytes = bytes,
