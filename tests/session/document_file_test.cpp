@@ -450,6 +450,24 @@ TEST(DocumentFile, SpeaksInOneLineWhateverTheName) {
   }
 }
 
+TEST(DocumentFile, SpeaksWithoutWhatBreaksOrTurnsALine) {
+  const test::Folder folder;
+  for (const std::string hidden : {"\u0085", "\u009B", "\u200F", "\u2028", "\u2029", "\u202E",
+                                   "\u2066", "\u2069", "\u061C", "\x7F"}) {
+    DocumentFile file(folder / ("pl" + hidden + "ot.json"));
+    try {
+      file.open();
+      FAIL();
+    } catch (const FileError& error) {
+      const std::string sentence = error.what();
+      EXPECT_EQ(sentence.find(hidden), std::string::npos) << sentence;
+      EXPECT_NE(sentence.find("pl\\x"), std::string::npos) << sentence;
+    }
+  }
+  EXPECT_NE(std::string(FileError("Bühne 舞台.json", "is there").what()).find("Bühne 舞台.json"),
+            std::string::npos);
+}
+
 TEST(ReadStream, TakesAllAndNoMoreThanItsLimit) {
   for (const std::size_t size : {0u, 1u, 4095u, 4096u, 4097u, 3'000'000u}) {
     std::istringstream stream(std::string(size, 'x'));

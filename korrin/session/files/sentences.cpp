@@ -5,6 +5,7 @@
 
 #include "korrin/foundation/ascii.h"
 #include "korrin/foundation/text.h"
+#include "korrin/foundation/utf8.h"
 
 namespace korrin::files {
 namespace {
@@ -38,18 +39,29 @@ std::string_view kindOf(mode_t mode) {
   return "a device";
 }
 
+// What ends a line where the sentence is shown, or makes the rest of it read in another order.
+bool breaksTheLine(char32_t scalar) {
+  return scalar < 0x20 || (scalar >= 0x7F && scalar <= 0x9F) || scalar == 0x061C ||
+         scalar == 0x200E || scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
+         (scalar >= 0x2066 && scalar <= 0x2069);
+}
+
 }  // namespace
 
 std::string shown(const std::filesystem::path& path) {
   std::string text = "\"";
   const Text wellFormed = path.native();
-  for (const char c : std::string_view(wellFormed)) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || byte == 0x7F) {
+  for (std::string_view rest = wellFormed; !rest.empty();) {
+    const utf8::Step next = utf8::step(rest);
+    const std::string_view bytes = rest.substr(0, next.length);
+    rest.remove_prefix(next.length);
+    if (!breaksTheLine(next.scalar)) {
+      text += bytes;
+      continue;
+    }
+    for (const char byte : bytes) {
       text += "\\x";
-      appendHex(text, byte);
-    } else {
-      text += c;
+      appendHex(text, static_cast<unsigned char>(byte));
     }
   }
   return text + '"';
