@@ -322,6 +322,16 @@ TEST(CommandLine, ThatIsWrongIsMisuse) {
   }
 }
 
+TEST(CommandLine, TakesWordsBehindTwoDashesForFiles) {
+  const Scratch scratch;
+  ASSERT_EQ(scratch.korrin("new --example -o ./-plot.json").status, 0);
+  EXPECT_EQ(scratch.korrin("check --format json -- -plot.json").status, 0);
+  EXPECT_EQ(scratch.korrin("diff -- -plot.json -plot.json").status, 0);
+  const Outcome outcome = scratch.korrin("fmt -- -plot.json --pretty");
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_EQ(outcome.err, "korrin: korrin fmt has no use for \"--pretty\"\nTry korrin --help.\n");
+}
+
 TEST(CommandLine, GivesHelpAndVersion) {
   const Scratch scratch;
   EXPECT_THAT(scratch.korrin("--version").out, StartsWith("korrin "));

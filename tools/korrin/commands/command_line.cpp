@@ -74,10 +74,14 @@ std::vector<std::string> commandNames(const CommandPage& program) {
 
 /// Refuses words that no parameter has taken.
 void requireNothingLeft(const CLI::App& app, const CommandPage& page) {
-  const std::vector<std::string> left = app.remaining();
+  std::vector<std::string> left = app.remaining();
+  // It says that no options follow, and is left where it stood.
+  const auto mark = std::ranges::find(left, "--");
+  const bool isBehindMark = !left.empty() && mark == left.begin();
+  if (mark != left.end()) left.erase(mark);
   if (left.empty()) return;
   const std::string& word = left.front();
-  if (word.starts_with("-") && word != standardStream) {
+  if (!isBehindMark && word.starts_with("-") && word != standardStream) {
     const std::string name = word.substr(0, word.find('='));
     throw UsageError("there is no option \"" + name + "\"" + suggestion(name, optionNames(page)));
   }
