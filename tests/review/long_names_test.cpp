@@ -21,7 +21,7 @@ constexpr std::size_t aFewKilobytes = 16 * 1024;
 KorrinProject plotWithLongLabel() {
   KorrinProject project = test::sampleProject();
   std::string label;
-  while (label.size() < 4'000'000) label += "e\u0301";
+  while (label.size() < 400'000) label += "e\u0301";
   project.items.edit(0).label = label;
   const InputChannel input = project.inputs[0];
   project.inputs = {input, input};
@@ -66,7 +66,7 @@ TEST(LongNames, AreNotReadToTheirEndForASentence) {
 
 TEST(LongNames, CountAsNoneWhereNothingIsSeenOfWhatIsShown) {
   KorrinProject before = plotWithLongLabel();
-  before.items.edit(0).label = std::string(1'000'000, ' ') + "x";
+  before.items.edit(0).label = std::string(100'000, ' ') + "x";
   KorrinProject after = before;
   after.items.edit(0).isLocked = !before.items[0].isLocked;
   const std::vector<Difference> all = differences(before, after);
