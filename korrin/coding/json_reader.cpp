@@ -103,7 +103,7 @@ void Reader::read(Text& value) {
   if (token.hasEscapes)
     value = unescaped(token);
   else
-    recentTexts_.read(token.raw, value);
+    recentTexts_.read({token.raw, token.isASCII}, value);
 }
 
 void Reader::read(UUID& value) {

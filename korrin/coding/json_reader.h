@@ -239,7 +239,7 @@ class Reader {
   StringToken string(std::string_view expected) {
     expect('"', expected);
     const std::string_view plain = scanner_.shortString(blockSize - 1);
-    return plain.data() != nullptr ? StringToken{plain, false} : scanner_.string();
+    return plain.data() != nullptr ? StringToken{plain, false, true} : scanner_.string();
   }
   std::string_view number(std::string_view expected);
   /// As `read` of any number: those that are not short.

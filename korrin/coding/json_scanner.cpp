@@ -83,6 +83,10 @@ void Scanner::skipSpaceRun() {
 
 void Scanner::throwMissingColon() const { throw Malformed{at_, "\":\" after the key"}; }
 
+void Scanner::throwNestedTooDeeply() const {
+  throw Malformed{at_ - 1, "at most 512 levels of nesting"};
+}
+
 void Scanner::leave(char close) {
   if (!take(close)) throw Malformed{at_, close == '}' ? "\",\" or \"}\"" : "\",\" or \"]\""};
   --depth_;
@@ -91,6 +95,7 @@ void Scanner::leave(char close) {
 StringToken Scanner::string() {
   const char* const open = at_++;
   bool hasEscapes = false;
+  bool isASCII = true;
   for (;;) {
     while (end_ - at_ >= std::ptrdiff_t{blockSize}) {
       const std::size_t plain = plainInBlock(at_);
@@ -102,7 +107,7 @@ StringToken Scanner::string() {
     if (byte == '"') {
       const std::string_view raw(open + 1, static_cast<std::size_t>(at_ - open - 1));
       ++at_;
-      return {raw, hasEscapes};
+      return {raw, hasEscapes, isASCII};
     }
     if (byte == '\\') {
       takeEscape();
@@ -115,6 +120,7 @@ StringToken Scanner::string() {
       const auto step = utf8::step({at_, static_cast<std::size_t>(end_ - at_)});
       if (!step.isWellFormed) throw Malformed{at_, "well-formed UTF-8"};
       at_ += step.length;
+      isASCII = false;
     }
   }
 }

@@ -23,6 +23,7 @@ namespace korrin::json {
 struct StringToken {
   std::string_view raw;
   bool hasEscapes;
+  bool isASCII;  ///< Of what stands there, whatever the escapes stand for.
 };
 
 /// The characters that a string stands for.
@@ -109,9 +110,9 @@ class Scanner {
 
   /// Enters an object or array whose opening bracket stands next; returns whether it has a member
   /// or element, at which the scanner then stands. `close` is the bracket that ends it.
-  bool enter(char close) {
+  [[gnu::always_inline]] bool enter(char close) {
     ++at_;
-    if (++depth_ > maximumDepth) throw Malformed{at_ - 1, "at most 512 levels of nesting"};
+    if (++depth_ > maximumDepth) throwNestedTooDeeply();
     skipToLine(depth_);
     if (!take(close)) return true;
     --depth_;
@@ -244,6 +245,7 @@ class Scanner {
   }
 
   [[noreturn]] void throwMissingColon() const;
+  [[noreturn]] void throwNestedTooDeeply() const;
   void leave(char close);
 
   void takeDigits();

@@ -16,14 +16,14 @@ namespace korrin::json {
 /// this lives, as fields of records do while their document is read.
 class RecentTexts {
  public:
-  /// Makes `field` the text `raw`, which is well-formed.
-  void read(std::string_view raw, Text& field) {
-    if (raw.size() <= Text::mostInside) {
+  /// Makes `field` the text `raw`.
+  void read(const WellFormedUTF8& raw, Text& field) {
+    if (raw.bytes.size() <= Text::mostInside) {
       field = Text(raw);  // which has no storage to share
       return;
     }
-    const Text*& recent = slots_[quickHash(raw) % slotCount];
-    if (recent != nullptr && std::string_view(*recent) == raw) {
+    const Text*& recent = slots_[quickHash(raw.bytes) % slotCount];
+    if (recent != nullptr && std::string_view(*recent) == raw.bytes) {
       field = *recent;
     } else {
       field = Text(raw);

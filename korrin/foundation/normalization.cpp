@@ -11,7 +11,8 @@
 namespace korrin {
 namespace {
 
-// Below U+0300 nothing combines; 0xCC starts the encoding of U+0300.
+// Below U+0300 nothing combines; 0xCC starts the encoding of U+0300. No lower byte starts that of a
+// later scalar.
 constexpr unsigned char firstCombiningByte = 0xCC;
 
 constexpr utf8proc_uint16_t none = 0xFFFF;
@@ -23,7 +24,6 @@ bool joinsHangulSyllable(char32_t scalar) {
 }
 
 bool isStable(char32_t scalar) {
-  if (scalar < 0x300) return true;
   const utf8proc_property_t& property =
       *utf8proc_get_property(static_cast<utf8proc_int32_t>(scalar));
   const bool isDecomposed = property.decomp_seqindex != none && property.decomp_type == 0;
@@ -71,10 +71,14 @@ void reorderMarks(Scalars& scalars) {
 
 bool isStableNFC(std::string_view text) noexcept {
   if (utf8::allBytesBelow(text, firstCombiningByte)) return true;
-  while (!text.empty()) {
-    const utf8::Step next = utf8::step(text);
+  for (std::size_t at = 0; at < text.size();) {
+    if (static_cast<unsigned char>(text[at]) < firstCombiningByte) {
+      ++at;
+      continue;
+    }
+    const utf8::Step next = utf8::step(text.substr(at));
     if (!isStable(next.scalar)) return false;
-    text.remove_prefix(next.length);
+    at += next.length;
   }
   return true;
 }

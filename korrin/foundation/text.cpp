@@ -89,20 +89,28 @@ void Text::hold(std::string_view utf8, std::string_view composed) {
 }
 
 Text::Text(std::string_view utf8) : bytes_{} {
-  if (utf8::isASCII(utf8)) {
+  if (utf8::isASCII(utf8))
+    hold(utf8, {});
+  else if (utf8::wellFormedPrefix(utf8) == utf8.size())
+    holdWithNormalForm(utf8);
+  else
+    holdWithNormalForm(replaceIllFormed(utf8));
+}
+
+Text::Text(WellFormedUTF8 utf8) : bytes_{} {
+  if (utf8.isASCII)
+    hold(utf8.bytes, {});
+  else
+    holdWithNormalForm(utf8.bytes);
+}
+
+void Text::holdWithNormalForm(std::string_view utf8) {
+  if (isStableNFC(utf8)) {
     hold(utf8, {});
     return;
   }
-  std::string mended;
-  if (utf8::wellFormedPrefix(utf8) != utf8.size()) {
-    mended = replaceIllFormed(utf8);
-    utf8 = mended;
-  }
-  std::string composed;
-  if (!isStableNFC(utf8)) {
-    composed = toNFC(utf8);
-    if (composed == utf8) composed.clear();
-  }
+  std::string composed = toNFC(utf8);
+  if (composed == utf8) composed.clear();
   hold(utf8, composed);
 }
 

@@ -31,6 +31,12 @@ struct ShortASCII {
   std::size_t size;   ///< In bytes.
 };
 
+/// Bytes for a text that are known to be well-formed, for readers that have looked at each already.
+struct WellFormedUTF8 {
+  std::string_view bytes;  ///< Well-formed UTF-8.
+  bool isASCII;  ///< Whether they are all below 0x80; false may also mean that nobody looked.
+};
+
 /// Immutable Unicode text, held as well-formed UTF-8. It stores what it was given: nothing is
 /// normalised or trimmed. Copies cost no allocation and may be used from different threads at the
 /// same time: up to `mostInside` bytes stand in the text itself, more in storage that copies share.
@@ -68,6 +74,8 @@ class Text {
     std::memcpy(bytes_.data(), bytes.data(), sizeof bytes);
     bytes_.back() = static_cast<unsigned char>(utf8.size);
   }
+  /// Does not look for ill-formed sequences.
+  explicit Text(WellFormedUTF8 utf8);
   Text(std::nullptr_t) = delete;
   template <std::integral Number>
   Text(Number) = delete;
@@ -197,6 +205,7 @@ class Text {
   const Shared<Storage>& shared() const noexcept { return const_cast<Text*>(this)->shared(); }
 
   void hold(std::string_view utf8, std::string_view composed);
+  void holdWithNormalForm(std::string_view utf8);
 
   bool hasSameBlock(const Text& other) const noexcept {
     std::array<std::uint64_t, 2> mine;

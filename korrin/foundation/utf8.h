@@ -20,7 +20,41 @@ struct Step {
 };
 
 /// Reads the sequence at the start of `text`, which must not be empty.
-Step step(std::string_view text) noexcept;
+inline Step step(std::string_view text) noexcept {
+  const unsigned lead = static_cast<unsigned char>(text[0]);
+  if (lead < 0x80) return {lead, 1, true};
+
+  // The second byte alone excludes overlong forms, surrogates and values above U+10FFFF.
+  std::size_t length;
+  unsigned secondLow = 0x80;
+  unsigned secondHigh = 0xBF;
+  char32_t scalar;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2;
+    scalar = lead & 0x1F;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3;
+    scalar = lead & 0x0F;
+    if (lead == 0xE0) secondLow = 0xA0;
+    if (lead == 0xED) secondHigh = 0x9F;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4;
+    scalar = lead & 0x07;
+    if (lead == 0xF0) secondLow = 0x90;
+    if (lead == 0xF4) secondHigh = 0x8F;
+  } else {
+    return {0, 1, false};
+  }
+  for (std::size_t i = 1; i < length; ++i) {
+    if (i >= text.size()) return {0, i, false};
+    const unsigned byte = static_cast<unsigned char>(text[i]);
+    if (byte < secondLow || byte > secondHigh) return {0, i, false};
+    secondLow = 0x80;
+    secondHigh = 0xBF;
+    scalar = scalar << 6 | (byte & 0x3F);
+  }
+  return {scalar, length, true};
+}
 
 /// Appends the UTF-8 form of `scalar`, which must be a Unicode scalar value.
 void append(std::string& text, char32_t scalar);

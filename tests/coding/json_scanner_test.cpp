@@ -129,6 +129,29 @@ TEST(ShortNumber, AgreesWithTheLongWayOnTextsDrawnAtRandom) {
   EXPECT_GT(foundCount, 20'000u);
 }
 
+TEST(String, TellsWhetherEscapesOrOtherLettersThanThoseOfASCIIStandInIt) {
+  struct Case {
+    std::string raw;
+    bool hasEscapes;
+    bool isASCII;
+  };
+  const std::string plain = "longer than the block of bytes that is looked at in one go";
+  for (const Case& c :
+       {Case{"", false, true}, Case{plain, false, true}, Case{"\\u00e9", true, true},
+        Case{"caf\u00E9", false, false}, Case{plain + "\u00E9", false, false},
+        Case{"\u65E5" + plain, false, false}, Case{plain + "\\n", true, true},
+        Case{"\U0001F3B8\\t" + plain, true, false}}) {
+    for (const std::string_view right : {std::string_view(), behind}) {
+      const std::string text = '"' + c.raw + '"' + std::string(right);
+      Scanner scanner(text);
+      const StringToken token = scanner.string();
+      EXPECT_EQ(token.raw, c.raw);
+      EXPECT_EQ(token.hasEscapes, c.hasEscapes) << c.raw;
+      EXPECT_EQ(token.isASCII, c.isASCII) << c.raw;
+    }
+  }
+}
+
 TEST(Number, EndsWhereJSONSays) {
   const auto expectTaken = [](std::string_view text, std::string_view taken) {
     EXPECT_EQ(anyNumber(text), taken);

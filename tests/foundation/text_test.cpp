@@ -1,5 +1,6 @@
 #include "korrin/foundation/text.h"
 
+#include <algorithm>
 #include <compare>
 #include <ctime>
 #include <sstream>
@@ -150,6 +151,24 @@ TEST(Text, ComparesWithIllFormedBytesAsIfTheyWereMadeAText) {
   EXPECT_TRUE(Text("\xFF") == "\xFF");
   EXPECT_TRUE(Text("\xFF") == "\xFE");
   EXPECT_TRUE(Text("\uFFFD") == std::string("\xC3"));
+}
+
+TEST(Text, IsTheSameFromBytesThatSomebodyHasLookedAt) {
+  for (const std::string bytes :
+       {"", "short", "a text that does not stand inside", "caf\u00E9", "cafe\u0301",
+        "\u00E9 in a text that does not stand inside", "e\u0301 in one that does not either",
+        "\u0344", "\u65E5\u672C\U0001F3B8"}) {
+    const Text text = bytes;
+    const bool isASCII =
+        std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+    for (const bool isKnown : {false, true}) {
+      const Text looked(WellFormedUTF8{bytes, isKnown && isASCII});
+      EXPECT_EQ(looked.str(), bytes);
+      EXPECT_EQ(looked, text);
+      EXPECT_EQ(std::hash<Text>{}(looked), std::hash<Text>{}(text));
+    }
+  }
+  EXPECT_EQ(Text(WellFormedUTF8{"cafe\u0301", false}), Text("caf\u00E9"));
 }
 
 TEST(Text, IsPrintedAsItWasGiven) {
