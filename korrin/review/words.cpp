@@ -7,7 +7,9 @@
 #include <cstddef>
 #include <vector>
 
+#include "korrin/foundation/hidden_scalar.h"
 #include "korrin/foundation/text.h"
+#include "korrin/foundation/utf8.h"
 
 namespace korrin::revision {
 namespace {
@@ -15,70 +17,10 @@ namespace {
 constexpr std::size_t longestText = 60;  // in Unicode scalars
 constexpr std::string_view ellipsis = "…";
 
-struct ScalarRange {
-  char32_t first;
-  char32_t last;
-};
-
-// Control characters, line separators, and the invisible ones that reorder or hide text. The
-// joiners U+200C and U+200D stay: scripts and emoji need them.
-constexpr std::array hiddenRanges = {
-    ScalarRange{0x00, 0x1F},       ScalarRange{0x7F, 0x9F},       ScalarRange{0xAD, 0xAD},
-    ScalarRange{0x600, 0x605},     ScalarRange{0x61C, 0x61C},     ScalarRange{0x6DD, 0x6DD},
-    ScalarRange{0x70F, 0x70F},     ScalarRange{0x180E, 0x180E},   ScalarRange{0x200B, 0x200B},
-    ScalarRange{0x200E, 0x200F},   ScalarRange{0x2028, 0x202E},   ScalarRange{0x2060, 0x206F},
-    ScalarRange{0xFEFF, 0xFEFF},   ScalarRange{0xFFF9, 0xFFFB},   ScalarRange{0x1BCA0, 0x1BCA3},
-    ScalarRange{0x1D173, 0x1D17A}, ScalarRange{0xE0001, 0xE0001}, ScalarRange{0xE0020, 0xE007F},
-};
-
-bool isHidden(char32_t scalar) {
-  return std::any_of(hiddenRanges.begin(), hiddenRanges.end(), [scalar](const ScalarRange& range) {
-    return scalar >= range.first && scalar <= range.last;
-  });
-}
-
-std::string escaped(char32_t scalar) {
-  switch (scalar) {
-    case '\n':
-      return "\\n";
-    case '\r':
-      return "\\r";
-    case '\t':
-      return "\\t";
-    default: {
-      std::array<char, 8> digits{};
-      const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
-                                     static_cast<std::uint32_t>(scalar), 16);
-      std::string hexadecimal(digits.data(), end.ptr);
-      for (char& digit : hexadecimal)
-        if (digit >= 'a') digit = static_cast<char>(digit - 'a' + 'A');
-      return "\\u{" + hexadecimal + "}";
-    }
-  }
-}
-
-struct Scalar {
-  char32_t value;
-  std::size_t length;  // in bytes
-};
-
-/// The first scalar of a text, which is not empty and well-formed.
-Scalar firstOf(std::string_view text) {
-  const auto byte = [text](std::size_t i) {
-    return static_cast<char32_t>(static_cast<unsigned char>(text[i]));
-  };
-  const char32_t lead = byte(0);
-  if (lead < 0x80) return {lead, 1};
-  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  char32_t value = lead & (0x7Fu >> length);
-  for (std::size_t i = 1; i < length; ++i) value = value << 6 | (byte(i) & 0x3F);
-  return {value, length};
-}
-
 bool isLong(std::string_view text) {
   for (std::size_t count = 0; !text.empty(); ++count) {
     if (count == longestText) return true;
-    text.remove_prefix(firstOf(text).length);
+    text.remove_prefix(utf8::step(text).length);
   }
   return false;
 }
@@ -87,7 +29,7 @@ bool isLong(std::string_view text) {
 std::size_t commonScalars(std::string_view a, std::string_view b) {
   std::size_t count = 0;
   while (!a.empty() && !b.empty()) {
-    const Scalar next = firstOf(a);
+    const utf8::Step next = utf8::step(a);
     if (a.substr(0, next.length) != b.substr(0, next.length)) break;
     a.remove_prefix(next.length);
     b.remove_prefix(next.length);
@@ -101,13 +43,13 @@ std::string shownFrom(std::string_view text, std::size_t first) {
   std::string result;
   for (std::size_t passed = 0; passed < first && !text.empty(); ++passed) {
     if (passed == 0) result = ellipsis;
-    text.remove_prefix(firstOf(text).length);
+    text.remove_prefix(utf8::step(text).length);
   }
   for (std::size_t count = 0; !text.empty(); ++count) {
     if (count == longestText) return result + std::string(ellipsis);
-    const Scalar next = firstOf(text);
-    if (isHidden(next.value))
-      result += escaped(next.value);
+    const utf8::Step next = utf8::step(text);
+    if (isHidden(next.scalar))
+      result += escaped(next.scalar);
     else
       result += text.substr(0, next.length);
     text.remove_prefix(next.length);

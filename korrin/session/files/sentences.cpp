@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "korrin/foundation/ascii.h"
+#include "korrin/foundation/hidden_scalar.h"
 #include "korrin/foundation/text.h"
 #include "korrin/foundation/utf8.h"
 
@@ -39,13 +40,6 @@ std::string_view kindOf(mode_t mode) {
   return "a device";
 }
 
-// What ends a line where the sentence is shown, or makes the rest of it read in another order.
-bool breaksTheLine(char32_t scalar) {
-  return scalar < 0x20 || (scalar >= 0x7F && scalar <= 0x9F) || scalar == 0x061C ||
-         scalar == 0x200E || scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
-         (scalar >= 0x2066 && scalar <= 0x2069);
-}
-
 }  // namespace
 
 std::string shown(const std::filesystem::path& path) {
@@ -55,7 +49,7 @@ std::string shown(const std::filesystem::path& path) {
     const utf8::Step next = utf8::step(rest);
     const std::string_view bytes = rest.substr(0, next.length);
     rest.remove_prefix(next.length);
-    if (!breaksTheLine(next.scalar)) {
+    if (!isHidden(next.scalar)) {
       text += bytes;
       continue;
     }

@@ -6,13 +6,14 @@
 
 #include <utf8proc.h>
 
+#include "korrin/foundation/hidden_scalar.h"
 #include "korrin/foundation/text.h"
 
 namespace korrin::host {
 namespace {
 
 struct Character {
-  utf8proc_int32_t scalar;
+  char32_t scalar;
   std::string_view bytes;
   std::size_t width;
 };
@@ -24,42 +25,12 @@ Character firstCharacter(std::string_view text) {
                                        static_cast<utf8proc_ssize_t>(text.size()), &scalar);
   const std::size_t taken = length > 0 ? static_cast<std::size_t>(length) : 1;
   const int width = utf8proc_charwidth(scalar);
-  return {scalar, text.substr(0, taken), width > 0 ? static_cast<std::size_t>(width) : 0};
-}
-
-bool isJoiner(utf8proc_int32_t scalar) { return scalar == 0x200C || scalar == 0x200D; }
-
-bool isObeyedOrInvisible(utf8proc_int32_t scalar) {
-  switch (utf8proc_category(scalar)) {
-    case UTF8PROC_CATEGORY_CC:
-    case UTF8PROC_CATEGORY_ZL:
-    case UTF8PROC_CATEGORY_ZP:
-      return true;
-    case UTF8PROC_CATEGORY_CF:
-      return !isJoiner(scalar);
-    default:
-      return false;
-  }
-}
-
-std::string escaped(utf8proc_int32_t scalar) {
-  switch (scalar) {
-    case '\n':
-      return "\\n";
-    case '\r':
-      return "\\r";
-    case '\t':
-      return "\\t";
-    default: {
-      std::array<char, 16> buffer{};
-      std::snprintf(buffer.data(), buffer.size(), "\\u{%X}", static_cast<unsigned>(scalar));
-      return buffer.data();
-    }
-  }
+  return {static_cast<char32_t>(scalar), text.substr(0, taken),
+          width > 0 ? static_cast<std::size_t>(width) : 0};
 }
 
 /// One UTF-16 code unit, or the two of a scalar beyond the basic plane.
-std::string escapedInJSON(utf8proc_int32_t scalar) {
+std::string escapedInJSON(char32_t scalar) {
   std::array<char, 16> buffer{};
   const auto value = static_cast<unsigned>(scalar);
   if (value < 0x10000)
@@ -77,7 +48,7 @@ std::string printable(std::string_view text) {
   std::string result;
   for (std::string_view rest = wellFormed; !rest.empty();) {
     const Character character = firstCharacter(rest);
-    if (isObeyedOrInvisible(character.scalar))
+    if (isHidden(character.scalar))
       result += escaped(character.scalar);
     else
       result += character.bytes;
@@ -90,7 +61,7 @@ std::string printableJSON(std::string_view json) {
   std::string result;
   while (!json.empty()) {
     const Character character = firstCharacter(json);
-    if (isObeyedOrInvisible(character.scalar))
+    if (isHidden(character.scalar))
       result += escapedInJSON(character.scalar);
     else
       result += character.bytes;
