@@ -23,6 +23,9 @@ using Time = std::chrono::nanoseconds;
 // Long enough for everybody, and short enough that ten times it is a number.
 constexpr Time longestQuiet = std::chrono::hours(24 * 365);
 
+// Before a write that failed is tried again, so that a full disk does not keep a processor busy.
+constexpr Time shortestPause = std::chrono::milliseconds(100);
+
 // Signals are the business of the host's threads.
 class SignalsBlocked {
  public:
@@ -203,8 +206,9 @@ class Autosave::Worker {
       pending_.emplace(std::move(*project));
       hasPending_ = true;
       notedAt_ = notedAt;
-      first_ = end;
-      last_ = end + 9 * quiet_;
+      const Time pause = std::max(10 * quiet_, shortestPause);
+      first_ = end + pause - 10 * quiet_;
+      last_ = end + pause - quiet_;
     }
     outcome_ = std::move(outcome);
     served_ = ticket;

@@ -26,7 +26,8 @@ namespace korrin {
 ///
 /// A state that could not be opened again is not written: the recovery before stays, and `failure`
 /// says why. Numbers that are not finite are written as strings, which `recoveryOf` reads. What
-/// could not be written is tried again after ten times `quiet`, or when something new is noted.
+/// could not be written is tried again after ten times `quiet`, but no sooner than after a tenth of
+/// a second, or when something new is noted.
 class Autosave {
  public:
   /// Starts the worker. Looks at no file. A relative path means what it means at this moment. A

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <chrono>
 #include <cmath>
+#include <ctime>
 #include <functional>
 #include <limits>
 #include <string>
@@ -94,6 +95,21 @@ TEST_F(AutosaveTest, TakesAnyLengthOfQuiet) {
     autosave.flush();
     EXPECT_EQ(recovered(), "first");
   }
+}
+
+TEST_F(AutosaveTest, RestsBeforeItTriesAgain) {
+  Autosave autosave(folder / "no such folder" / ".plot.json", 0ms);
+  autosave.note(first);
+  autosave.flush();
+  EXPECT_TRUE(autosave.failure());
+  const auto processorTime = [] {
+    timespec used;
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
+  };
+  const auto begin = processorTime();
+  std::this_thread::sleep_for(1s);
+  EXPECT_LT(processorTime() - begin, 200ms);
 }
 
 TEST_F(AutosaveTest, ForgetsWhatIsPendingAndRemovesTheFileWhenItSettles) {
