@@ -79,13 +79,14 @@ class PaintedSvg {
 
   void keepImage() {
     const std::string id(attributeIn(tag(), "id"));
+    const std::string_view box = attributeIn(tag(), "viewBox");
+    const QList<QByteArray> sides = QByteArray(box.data(), qsizetype(box.size())).split(' ');
+    if (sides.size() == 4) sizes_[id] = QSizeF(sides[2].toDouble(), sides[3].toDouble());
     at_ += tag().size();
     if (!isNext(imageTag)) return;
     // The whole image, whose data may be long.
     const std::string_view image = tag();
-    sizes_[id] = QSizeF(numberIn(image, "width"), numberIn(image, "height"));
-    painted_.append("<defs>").append(imageTag).append(" id=\"").append(id).append("\"");
-    painted_ += image.substr(imageTag.size());
+    painted_.append("<defs><g id=\"").append(id).append("\">").append(image).append("</g>");
     at_ += image.size();
   }
 

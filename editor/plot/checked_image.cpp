@@ -2,9 +2,11 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QTransform>
 #include <algorithm>
 #include <span>
 
+#include "korrin/drawing/photo_turn.h"
 #include "korrin/validation/embedded_asset_safety.h"
 #include "korrin/validation/pdf/first_page_box.h"
 #include "korrin/validation/raster_asset_safety.h"
@@ -48,6 +50,7 @@ std::variant<CheckedImage, AssetRefusal> CheckedImage::check(
   if (facts) {
     image.format_ = facts->format;
     image.size_ = QSizeF(double(facts->size->width), double(facts->size->height));
+    if (photoTurn(data).swapsSides()) image.size_.transpose();
     image.pixels_ = std::int64_t(facts->size->width * facts->size->height);
   } else {
     const PdfPage page = readFirstPage(data);
@@ -86,7 +89,13 @@ QImage CheckedImage::decoded(int longestSide) const {
   if (std::max(size.width(), size.height()) > longestSide)
     reader.setScaledSize(
         size.scaled(longestSide, longestSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
-  return reader.read();
+  // As the drawing library turns it, not as the decoder would.
+  reader.setAutoTransform(false);
+  const PhotoTurn turn = photoTurn(std::as_bytes(std::span(bytes_)));
+  const QImage stored = reader.read();
+  if (turn == PhotoTurn{}) return stored;
+  return stored.mirrored(turn.isMirrored, false)
+      .transformed(QTransform().rotate(90 * turn.quarterTurns));
 }
 
 }  // namespace korrin::editor

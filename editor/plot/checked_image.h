@@ -34,13 +34,13 @@ class CheckedImage {
   std::string_view ending() const;
   /// What it adds to the total of its plot: 0 for a PDF.
   std::int64_t pixels() const { return pixels_; }
-  /// Pixels, or points of a PDF's first page. More than 0 each way.
+  /// Of the upright picture: pixels, or points of a PDF's first page. More than 0 each way.
   QSizeF size() const { return size_; }
 
   /// Whether the system can draw it: not a PDF, nor a format without a plug-in here.
   bool canBeDrawn() const;
-  /// The picture, no longer than so many pixels each way. Null where it cannot be drawn or is
-  /// damaged behind its header.
+  /// The picture, upright as its camera noted and no longer than so many pixels each way. Null
+  /// where it cannot be drawn or is damaged behind its header.
   QImage decoded(int longestSide) const;
 
  private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "korrin/drawing/photo_turn.h"
 #include "korrin/drawing/symbol_table.h"
 #include "korrin/drawing/text_fit.h"
 #include "korrin/foundation/ascii.h"
@@ -63,7 +64,7 @@ Artwork::Image Artwork::load(const Text& sha256, const AssetManifestEntry* entry
   if (image.name.empty()) image.name = paperLine(sha256);
   image.title = repeatedLine(image.name);
   if (!options_.assetBytes) return image;
-  const std::optional<std::string> bytes = options_.assetBytes(sha256);
+  std::optional<std::string> bytes = options_.assetBytes(sha256);
   if (!bytes) return image;
   const auto data = std::as_bytes(std::span(*bytes));
   const std::optional<RasterFacts> facts = readRasterFacts(data);
@@ -77,8 +78,13 @@ Artwork::Image Artwork::load(const Text& sha256, const AssetManifestEntry* entry
   pixels_ += *pixels;
   image.kept = keptCount_++;
   image.isWidelyShown = format->isWidelyShown;
-  svg.keepImage(*image.kept, static_cast<double>(facts->size->width),
-                static_cast<double>(facts->size->height), format->mediaType, *bytes);
+  const PhotoTurn turn = photoTurn(data);
+  if (turn != PhotoTurn{}) forgetPhotoTurn(std::as_writable_bytes(std::span(*bytes)));
+  svg.keepImage(*image.kept, {.width = static_cast<double>(facts->size->width),
+                              .height = static_cast<double>(facts->size->height),
+                              .turn = turn,
+                              .mediaType = format->mediaType,
+                              .bytes = *bytes});
   return image;
 }
 

@@ -27,7 +27,8 @@ struct DrawingOptions {
   /// The bytes of an embedded image by its digest, or nothing where there are none. Asked at most
   /// once for each digest that a drawing shows; the digest is not checked again. Bytes that
   /// EmbeddedAssetSafety refuses, PDFs, and images that take the drawing's total beyond
-  /// RasterAssetSafety::maximumAggregatePixels are shown as a frame that bears the file's name.
+  /// RasterAssetSafety::maximumAggregatePixels are shown as a frame that bears the file's name. A
+  /// JPEG is drawn upright (see `photoTurn`).
   /// What it throws passes through. Absent for frames everywhere.
   std::function<std::optional<std::string>(const Text& sha256)> assetBytes = {};
   /// Factor on the size of every label, beside the item's own. No labels where it is not above 0.

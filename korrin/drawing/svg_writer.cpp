@@ -369,15 +369,22 @@ void SvgWriter::beginClipped(const Box& box) {
 
 void SvgWriter::endClipped() { content_ += "</svg>\n"; }
 
-void SvgWriter::keepImage(std::size_t name, double width, double height, std::string_view mediaType,
-                          std::string_view bytes) {
+void SvgWriter::keepImage(std::size_t name, const StoredImage& stored) {
+  const auto [width, height, turn, mediaType, bytes] = stored;
   content_.append("<symbol id=\"a").append(std::to_string(name)).append("\" viewBox=\"0 0 ");
-  number(width);
+  number(turn.swapsSides() ? height : width);
   content_ += ' ';
-  number(height);
+  number(turn.swapsSides() ? width : height);
   content_ += "\"><image";
   attribute("width", width);
   attribute("height", height);
+  if (turn != PhotoTurn{}) {
+    // Mirrored and turned about its corner, the image lies beside the box; this is the way back.
+    const double mirrored = turn.isMirrored ? width : 0;
+    const Place corners[] = {
+        {mirrored, 0}, {height, mirrored}, {width - mirrored, height}, {0, width - mirrored}};
+    place(corners[turn.quarterTurns], 90.0 * turn.quarterTurns, turn.isMirrored, false);
+  }
   content_.append(" xlink:href=\"data:").append(mediaType).append(";base64,");
   appendBase64(content_, bytes);
   content_ += "\"/></symbol>\n";

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "korrin/drawing/paper.h"
+#include "korrin/drawing/photo_turn.h"
 
 namespace korrin::drawing {
 
@@ -74,9 +75,16 @@ class SvgWriter {
   void beginClipped(const Box& box);
   void endClipped();
 
-  /// Keeps an image to be drawn by `image`. `mediaType` holds no character that XML obeys.
-  void keepImage(std::size_t name, double width, double height, std::string_view mediaType,
-                 std::string_view bytes);
+  /// An image as it is stored, and how it stands upright.
+  struct StoredImage {
+    double width;
+    double height;
+    PhotoTurn turn;
+    std::string_view mediaType;  ///< Holds no character that XML obeys.
+    std::string_view bytes;      ///< They ask for no turn themselves.
+  };
+  /// Keeps an image to be drawn by `image`.
+  void keepImage(std::size_t name, const StoredImage& stored);
   /// A kept image as large as the box allows.
   void image(std::size_t name, const Box& box);
 

@@ -1,5 +1,8 @@
 #include "korrin/drawing/plot_drawing.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
 #include <map>
 #include <stdexcept>
 
@@ -91,6 +94,68 @@ TEST(DrawPlot, NamesTheFormatThatAnImageHas) {
   Source source(png(40, 30));
   EXPECT_THAT(imagesIn(drawPlot(withImage("image/jpeg"), source.options())),
               testing::ElementsAre("data:image/png;base64,"));
+}
+
+/// A place of the stored image on the drawing of the upright one.
+StagePoint upright(const test::SvgElement& image, StagePoint place) {
+  double left = 0, top = 0, degrees = 0, sign = 1;
+  const std::string transform = image.attributes.at("transform");
+  std::sscanf(transform.c_str(), "translate(%lf %lf)", &left, &top);
+  if (const auto at = transform.find("rotate"); at != std::string::npos)
+    std::sscanf(transform.c_str() + at, "rotate(%lf)", &degrees);
+  if (transform.find("scale(-1 1)") != std::string::npos) sign = -1;
+  const double cosine = std::round(std::cos(degrees * 3.14159265 / 180));
+  const double sine = std::round(std::sin(degrees * 3.14159265 / 180));
+  return {.x = left + cosine * sign * place.x - sine * place.y,
+          .y = top + sine * sign * place.x + cosine * place.y};
+}
+
+struct TurnedPhoto {
+  const char* name;
+  std::uint8_t orientation;
+  const char* viewBox;
+  StagePoint first;   // where the corner of the first stored row and column stands
+  StagePoint across;  // where the other end of that row stands
+};
+
+class DrawPlotOfATurnedPhoto : public testing::TestWithParam<TurnedPhoto> {};
+
+TEST_P(DrawPlotOfATurnedPhoto, StandsItUpright) {
+  const TurnedPhoto& row = GetParam();
+  Source source(test::textOf(test::turnedPhoto(row.orientation, 40, 30)));
+  const std::string svg = drawPlot(withImage("image/jpeg"), source.options());
+  const auto elements = readSvg(svg).elements;
+  const auto image = std::ranges::find(elements, "image", &test::SvgElement::name);
+  ASSERT_NE(image, elements.end());
+  EXPECT_EQ(image->attributes.at("width"), "40");
+  EXPECT_EQ(image->attributes.at("height"), "30");
+  EXPECT_THAT(svg, HasSubstr("<symbol id=\"a0\" viewBox=\"" + std::string(row.viewBox) + '"'));
+  EXPECT_EQ(upright(*image, {.x = 0, .y = 0}), row.first);
+  EXPECT_EQ(upright(*image, {.x = 40, .y = 0}), row.across);
+  // A renderer that obeys the camera's note finds none.
+  const std::string unturned = drawPlot(
+      withImage("image/jpeg"), Source(test::textOf(test::turnedPhoto(1, 40, 30))).options());
+  const auto plain = readSvg(unturned).elements;
+  EXPECT_EQ(
+      image->attributes.at("xlink:href"),
+      std::ranges::find(plain, "image", &test::SvgElement::name)->attributes.at("xlink:href"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryTurn, DrawPlotOfATurnedPhoto,
+    testing::Values(TurnedPhoto{"Mirrored", 2, "0 0 40 30", {40, 0}, {0, 0}},
+                    TurnedPhoto{"UpsideDown", 3, "0 0 40 30", {40, 30}, {0, 30}},
+                    TurnedPhoto{"UpsideDownAndMirrored", 4, "0 0 40 30", {0, 30}, {40, 30}},
+                    TurnedPhoto{"LeftAndMirrored", 5, "0 0 30 40", {0, 0}, {0, 40}},
+                    TurnedPhoto{"Right", 6, "0 0 30 40", {30, 0}, {30, 40}},
+                    TurnedPhoto{"RightAndMirrored", 7, "0 0 30 40", {30, 40}, {30, 0}},
+                    TurnedPhoto{"Left", 8, "0 0 30 40", {0, 40}, {0, 0}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(DrawPlot, LeavesAnUprightPhotoAsItIs) {
+  Source source(test::textOf(test::turnedPhoto(1, 40, 30)));
+  EXPECT_THAT(drawPlot(withImage("image/jpeg"), source.options()),
+              HasSubstr("<image width=\"40\" height=\"30\" xlink:href="));
 }
 
 TEST(DrawPlot, FramesWhatCannotBeShown) {

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -51,5 +52,9 @@ class ByteWriter {
 };
 
 inline Bytes bytesOf(std::string_view text) { return ByteWriter().text(text).done(); }
+
+inline std::string textOf(const Bytes& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
 
 }  // namespace korrin::test

@@ -52,6 +52,20 @@ Bytes jpeg(std::initializer_list<Bytes> parts) {
   return ByteWriter().u8(0xFF).u8(0xD8).bytes(joined(parts)).bytes(scan).done();
 }
 
+Bytes orientationSegment(std::uint16_t orientation, std::endian order, std::uint16_t type) {
+  ByteWriter tiff(order);
+  tiff.text(order == std::endian::big ? "MM" : "II").u16(42).u32(8);
+  tiff.u16(2);                                                // entries
+  tiff.u16(0x010F).u16(2).u32(4).text("Cam").u8(0);           // who made the camera
+  tiff.u16(0x0112).u16(type).u32(1).u16(orientation).u16(0);  // the orientation
+  tiff.u32(0);                                                // no further directory
+  return jpegSegment(0xE1, ByteWriter().text("Exif").u16(0).bytes(tiff.done()).done());
+}
+
+Bytes turnedPhoto(std::uint16_t orientation, std::uint16_t width, std::uint16_t height) {
+  return jpeg({orientationSegment(orientation), jpegFrame(0xC0, width, height)});
+}
+
 Bytes gifScreen(std::uint16_t width, std::uint16_t height, unsigned colourBits,
                 std::string_view signature) {
   ByteWriter file(std::endian::little);

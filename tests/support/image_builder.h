@@ -3,6 +3,7 @@
 // Builds the smallest files of each raster format whose headers are right, and the parts from which
 // a test puts together one that is not. There are no pixels in them.
 
+#include <bit>
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
@@ -38,6 +39,11 @@ Bytes jpegFrame(std::uint8_t marker, std::uint16_t width, std::uint16_t height,
                 std::uint8_t precision = 8);
 /// Start of image, the parts, start of scan.
 Bytes jpeg(std::initializer_list<Bytes> parts);
+/// A segment of Exif with the orientation that a camera notes, among other entries.
+Bytes orientationSegment(std::uint16_t orientation, std::endian order = std::endian::big,
+                         std::uint16_t type = 3);
+/// A photo with such a segment.
+Bytes turnedPhoto(std::uint16_t orientation, std::uint16_t width, std::uint16_t height);
 
 /// Signature, screen and colour table of 2 ^ (`colourBits`) entries, none when 0.
 Bytes gifScreen(std::uint16_t width, std::uint16_t height, unsigned colourBits = 1,

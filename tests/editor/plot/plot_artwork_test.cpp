@@ -65,6 +65,61 @@ std::string digestOf(const QByteArray& bytes) { return editor::digestOf(bytes.to
 
 bool isReddish(QRgb pixel) { return qRed(pixel) > 160 && qGreen(pixel) < 90 && qBlue(pixel) < 90; }
 
+bool isGreenish(QRgb pixel) { return qGreen(pixel) > 160 && qRed(pixel) < 90 && qBlue(pixel) < 90; }
+bool isPurple(QRgb pixel) { return qRed(pixel) > 160 && qBlue(pixel) > 160 && qGreen(pixel) < 90; }
+bool isBluish(QRgb pixel) { return qBlue(pixel) > 160 && qRed(pixel) < 90 && qGreen(pixel) < 90; }
+
+// A photo that notes how its camera was held. As it is stored, the upper left quarter is red and
+// the upper right one blue, above green.
+QByteArray photo(int orientation) {
+  QImage image(160, 80, QImage::Format_RGB32);
+  image.fill(0xff20d020);
+  QPainter painter(&image);
+  painter.fillRect(0, 0, 80, 40, QColor(0xffd020d0));
+  painter.fillRect(80, 0, 80, 40, QColor(0xff2020d0));
+  painter.end();
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "JPEG", 95);
+  QByteArray note = QByteArray::fromHex(
+      "ffe10022457869660000"
+      "4d4d002a00000008"
+      "00010112000300000001000100000000"
+      "0000");
+  note[29] = char(orientation);
+  return bytes.insert(2, note);
+}
+
+// Where the purple and the blue quarter stand, seen from the middle of the photo.
+struct Quarters {
+  QPoint purpleOne;
+  QPoint blueOne;
+  bool operator==(const Quarters&) const = default;
+};
+
+Quarters quartersOf(const QImage& image) {
+  struct Middle {
+    double x = 0, y = 0, count = 0;
+    void add(int atX, int atY) { x += atX, y += atY, ++count; }
+  };
+  Middle ofPurple;
+  Middle ofBlue;
+  Middle ofAll;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const QRgb pixel = image.pixel(x, y);
+      if (isPurple(pixel)) ofPurple.add(x, y);
+      if (isBluish(pixel)) ofBlue.add(x, y);
+      if (isPurple(pixel) || isBluish(pixel) || isGreenish(pixel)) ofAll.add(x, y);
+    }
+  const auto side = [&](const Middle& one) {
+    return QPoint(one.x / one.count < ofAll.x / ofAll.count ? -1 : 1,
+                  one.y / one.count < ofAll.y / ofAll.count ? -1 : 1);
+  };
+  return {side(ofPurple), side(ofBlue)};
+}
+
 class PlotArtworkTest : public QObject {
   Q_OBJECT
 
@@ -134,6 +189,38 @@ class PlotArtworkTest : public QObject {
     const std::string sheet = sheetsOf(plot().project(), with).front();
     QVERIFY(sheet.find("data:image/png;base64,") != std::string::npos);
     QVERIFY(sheetsOf(plot().project()).front().find("base64") == std::string::npos);
+  }
+
+  void turnsAPhotoAsItsCameraNotedOnScreenAndOnPaper() {
+    const QPoint upperLeft(-1, -1);
+    const QPoint upperRight(1, -1);
+    const QPoint lowerLeft(-1, 1);
+    const QPoint lowerRight(1, 1);
+    const Quarters expected[] = {{upperLeft, upperRight},  {upperRight, upperLeft},
+                                 {lowerRight, lowerLeft},  {lowerLeft, lowerRight},
+                                 {upperLeft, lowerLeft},   {upperRight, lowerRight},
+                                 {lowerRight, upperRight}, {lowerLeft, upperLeft}};
+    for (int orientation = 1; orientation <= 8; ++orientation) {
+      const QByteArray number = QByteArray::number(orientation);
+      plot().begin(KorrinProject::newDocument());
+      insert({write("photo.jpg", photo(orientation))});
+      const PlotItem item = plot().project().items[0];
+      const bool isHigh = orientation >= 5;
+      QCOMPARE(item.size.width, isHigh ? item.size.height / 2 : item.size.height * 2);
+      QVERIFY(haveArrived());
+      plot().select({});
+      QTest::qWait(50);
+      const Canvas& canvas = window->canvas();
+      const QRect place(canvas.mapFromScene(QPointF(item.position.x - item.size.width / 2,
+                                                    item.position.y - item.size.height / 2)),
+                        canvas.mapFromScene(QPointF(item.position.x + item.size.width / 2,
+                                                    item.position.y + item.size.height / 2)));
+      const QImage seen = canvas.viewport()->grab(place).toImage();
+      const Quarters& wanted = expected[orientation - 1];
+      QVERIFY2(quartersOf(seen) == wanted, number);
+      const PrintedWith with = {.artwork = plot().artwork().bytesForPainting()};
+      QVERIFY2(quartersOf(pictureOfStage(plot().project(), 800, with)) == wanted, number);
+    }
   }
 
   void insertsSeveralAsOneEdit() {
