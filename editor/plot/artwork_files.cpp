@@ -90,7 +90,7 @@ std::optional<FoundArtwork> ArtworkFolders::find(const AssetManifestEntry& wante
     for (auto place = range.first; place != range.second; ++place) {
       File& file = files_[place->second];
       if (auto bytes = readIf(file, digest))
-        return FoundArtwork{.bytes = std::move(*bytes), .path = file.path};
+        return FoundArtwork{.bytes = std::move(*bytes), .digest = digest, .path = file.path};
     }
     return std::nullopt;
   };

@@ -25,6 +25,7 @@ std::string digestOf(std::string_view bytes);
 
 struct FoundArtwork {
   std::string bytes;
+  std::string digest;  ///< In lower case.
   std::filesystem::path path;
 };
 

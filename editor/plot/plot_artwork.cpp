@@ -11,6 +11,7 @@
 #include "korrin/validation/document_validation_error.h"
 #include "korrin/validation/raster_asset_safety.h"
 
+#include "editor/plot/artwork_copies.h"
 #include "editor/plot/open_plot.h"
 
 namespace korrin::editor {
@@ -20,25 +21,6 @@ constexpr int longestSide = 1536;  // pixels: sharp on a screen
 constexpr int shortSide = 256;     // for those that come when there are many
 constexpr std::size_t memoryForLarge = std::size_t{192} << 20;
 constexpr std::size_t memoryForAll = std::size_t{256} << 20;
-
-std::optional<std::string_view> typeOf(const AssetManifestEntry& entry) {
-  if (entry.mediaType.empty()) return std::nullopt;
-  return std::string_view(entry.mediaType);
-}
-
-struct CheckedFile {
-  CheckedImage image;
-  std::filesystem::path path;
-};
-
-std::optional<CheckedFile> checkedIn(ArtworkFolders& folders, const AssetManifestEntry& entry) {
-  std::optional<FoundArtwork> found = folders.find(entry);
-  if (!found) return std::nullopt;
-  auto checked = CheckedImage::check(std::move(found->bytes), typeOf(entry));
-  if (auto* image = std::get_if<CheckedImage>(&checked))
-    return CheckedFile{.image = std::move(*image), .path = std::move(found->path)};
-  return std::nullopt;
-}
 
 bool fits(AssetBudget& budget, std::int64_t pixels) {
   try {
@@ -257,40 +239,6 @@ void PlotArtwork::keep(const CheckedImage& image, const std::string& digest) {
   // It may have been missing so far.
   const auto known = known_.find(Text(digest));
   if (known != known_.end() && known->second.isMissing) ask(known->first);
-}
-
-std::vector<std::string> PlotArtwork::bring(const List<AssetManifestEntry>& entries,
-                                            const std::filesystem::path& folder) {
-  std::vector<std::string> failures;
-  if (entries.empty()) return failures;
-  ArtworkFolders target({folder});
-  ArtworkFolders sources(folders());
-  for (const AssetManifestEntry& entry : entries) {
-    if (brought_.contains({folder, entry.sha256})) continue;
-    ++looks_;
-    if (!target.find(entry)) {
-      const std::optional<CheckedFile> found = checkedIn(sources, entry);
-      if (!found) continue;
-      const CheckedImage& image = found->image;
-      try {
-        keepArtwork(folder, digestOf(image.bytes()), image.ending(), image.bytes());
-      } catch (const FileError& error) {
-        failures.emplace_back(error.what());
-        continue;
-      }
-    }
-    brought_.emplace(folder, entry.sha256);
-  }
-  index_.reset();
-  return failures;
-}
-
-std::vector<std::string> PlotArtwork::bringHere(const List<AssetManifestEntry>& entries) {
-  return bring(entries, folders().front());
-}
-
-std::vector<std::string> PlotArtwork::bringTo(const std::filesystem::path& plotFile) {
-  return bring(plot_.project().assetManifest, artworkBeside(plotFile));
 }
 
 }  // namespace korrin::editor

@@ -62,15 +62,13 @@ class PlotArtwork : public QObject {
   void keep(const CheckedImage& image, const std::string& digest);
 
   /// Puts the images into a folder as well, as far as they are found and safe. Returns a sentence
-  /// for each that cannot be written.
+  /// for each that cannot be written. The window is painted meanwhile; what the user presses waits.
   std::vector<std::string> bring(const List<AssetManifestEntry>& entries,
                                  const std::filesystem::path& folder);
   /// Puts them where the plot's images lie, such as those that have come by the clipboard.
   std::vector<std::string> bringHere(const List<AssetManifestEntry>& entries);
   /// Puts all images of the plot where that file's plot will look for them.
   std::vector<std::string> bringTo(const std::filesystem::path& plotFile);
-  /// How many images were looked for to be brought somewhere, for tests.
-  std::size_t looks() const { return looks_; }
 
  Q_SIGNALS:
   /// The image is there, or is known to be missing. Comes again when its file comes or goes.
@@ -119,7 +117,6 @@ class PlotArtwork : public QObject {
   int pending_ = 0;
   int generation_ = 0;
   std::shared_ptr<ArtworkFolders> index_;  // used on the thread
-  std::size_t looks_ = 0;
   QFileSystemWatcher watcher_;
   QTimer whenToLookAgain_;
   QThreadPool pool_;

@@ -364,14 +364,27 @@ class PlotArtworkTest : public QObject {
     const KorrinProject project = plot().project();
     plot().begin(project, DocumentFile(toPath(at("tonight.json"))));
     QVERIFY(haveArrived());
-    const std::size_t before = plot().artwork().looks();
+    // A file that was damaged without a trace in its folder shows that nobody reads it: whoever did
+    // would put a whole one beside it.
+    const QDir images(at("tonight.assets"));
+    write("tonight.assets/" + images.entryList(QDir::Files).first(), "damaged");
     QVERIFY(plot().artwork().bringTo(toPath(at("tonight.json"))).empty());
-    QCOMPARE(plot().artwork().looks(), before);
+    QCOMPARE(images.entryList(QDir::Files).size(), 2);
     // What has gone is brought back as far as it can be.
     QVERIFY(QDir(at("tonight.assets")).removeRecursively());
     QTRY_VERIFY_WITH_TIMEOUT((plot().artwork().bringTo(toPath(at("tonight.json"))),
                               QDir(at("tonight.assets")).entryList(QDir::Files).size() == 2),
                              patience);
+  }
+
+  void keepsTheWindowAliveWhileImagesAreCopied() {
+    insert({write("a.png", png(16, 16))});
+    bool isAlive = false;
+    QMetaObject::invokeMethod(
+        window.get(), [&isAlive] { isAlive = true; }, Qt::QueuedConnection);
+    QVERIFY(plot().artwork().bringTo(toPath(at("far.json"))).empty());
+    QVERIFY(isAlive);
+    QCOMPARE(QDir(at("far.assets")).entryList(QDir::Files).size(), 1);
   }
 
   void decodesNothingButWhatWasJudged() {
