@@ -87,6 +87,11 @@ QString plain(const QString& text) {
   return shown;
 }
 
+QString sentenceOf(std::string_view remark) {
+  const QString text = plain(QString::fromUtf8(remark.data(), qsizetype(remark.size())));
+  return text.endsWith('.') ? text : text + '.';
+}
+
 void tellFailure(QWidget* parent, const QString& heading, const QString& sentence) {
   Question box(parent, "failure", QMessageBox::Warning, heading, sentence);
   box.addButton(QMessageBox::Ok)->setObjectName("ok");
@@ -159,6 +164,26 @@ bool askToDrop(QWidget* parent, const QString& path, const UnknownKeys& keys) {
   box.add("save", tr("&Save without Them"), QMessageBox::AcceptRole);
   box.setDefaultButton(box.addCancel());
   return box.answer() == "save";
+}
+
+bool askToSaveElsewhere(QWidget* parent, const QString& sentence) {
+  Question box(parent, "notSaved", QMessageBox::Warning, tr("The plot was not saved"),
+               sentence + "\n\n" +
+                   tr("Your edits are still in this window. Save them under another name or in "
+                      "another folder, or mend what is wrong and save again."));
+  QPushButton* elsewhere =
+      box.add("saveElsewhere", tr("Save under &Another Name…"), QMessageBox::AcceptRole);
+  box.addCancel();
+  box.setDefaultButton(elsewhere);
+  return box.answer() == "saveElsewhere";
+}
+
+bool askToReplace(QWidget* parent, const QStringList& names) {
+  Question box(parent, "replaceFiles", QMessageBox::Question,
+               tr("Replace the files that are there already?"), plain(names.join("; ")));
+  box.add("replace", tr("&Replace Them"), QMessageBox::DestructiveRole);
+  box.setDefaultButton(box.addCancel());
+  return box.answer() == "replace";
 }
 
 UnsavedAnswer askAboutUnsaved(QWidget* parent, const QString& name) {

@@ -4,6 +4,8 @@
 // do, and has an answer that does nothing as the one for Escape.
 
 #include <QString>
+#include <QStringList>
+#include <string_view>
 
 #include "korrin/session/autosave.h"
 #include "korrin/session/opening.h"
@@ -22,6 +24,9 @@ enum class RecoveryAnswer { recover, discard, cancel };
 /// A text of a file in one line of a window: control characters are shown as such.
 QString plain(const QString& text);
 
+/// What the library says of a failure, on one line and with a full stop.
+QString sentenceOf(std::string_view remark);
+
 /// Something failed, in a sentence of the library's or the system's.
 void tellFailure(QWidget* parent, const QString& heading, const QString& sentence);
 
@@ -37,6 +42,13 @@ void tellUnsafe(QWidget* parent, const QString& path, const UnsafeDocument& docu
 
 /// Names what saving would drop. Returns whether to save all the same.
 bool askToDrop(QWidget* parent, const QString& path, const UnknownKeys& keys);
+
+/// The plot could not be saved, for the reason in this sentence. Returns whether to save it under
+/// another name.
+bool askToSaveElsewhere(QWidget* parent, const QString& sentence);
+
+/// Returns whether files of these names, which are there already, may go.
+bool askToReplace(QWidget* parent, const QStringList& names);
 
 UnsavedAnswer askAboutUnsaved(QWidget* parent, const QString& name);
 ChangedAnswer askAboutChanged(QWidget* parent, const QString& path);

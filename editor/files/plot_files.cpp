@@ -1,7 +1,5 @@
 #include "editor/files/plot_files.h"
 
-#include <QDateTime>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -15,6 +13,7 @@
 #include "editor/files/file_questions.h"
 #include "editor/files/paths.h"
 #include "editor/files/recent_files.h"
+#include "editor/files/typed_text.h"
 #include "editor/plot/plot_artwork.h"
 #include "editor/plot/qt_texts.h"
 
@@ -35,8 +34,6 @@ std::optional<DocumentVersions> newerVersionsIn(const std::filesystem::path& pat
   return std::nullopt;
 }
 
-QString sentenceOf(const std::exception& error) { return plain(QString::fromUtf8(error.what())); }
-
 }  // namespace
 
 PlotFiles::PlotFiles(OpenPlot& plot, QWidget* window, const QString& folder)
@@ -45,6 +42,12 @@ PlotFiles::PlotFiles(OpenPlot& plot, QWidget* window, const QString& folder)
       window_(window),
       safetyCopy_(new SafetyCopy(plot, folder, this)) {
   plot_.artwork().setSharedFolder(toPath(folder + "/assets"));
+  connect(safetyCopy_, &SafetyCopy::failed, this, [this](const QString& reason) {
+    Q_EMIT said(
+        tr("A crash would lose what is not saved, as no copy can be kept (%1). Save the plot, "
+           "in another folder if need be.")
+            .arg(plain(reason)));
+  });
 }
 
 QString PlotFiles::defaultFolder() {
@@ -55,46 +58,6 @@ QString PlotFiles::name() const {
   if (plot_.file() != nullptr) return QFileInfo(pathText(plot_.file()->path())).fileName();
   const QString title = toQString(plot_.project().metadata.title);
   return title.isEmpty() ? tr("Untitled") : title;
-}
-
-void PlotFiles::start(const QString& path) {
-  sweep();
-  if (!path.isEmpty()) {
-    open(path);
-    return;
-  }
-  if (!recoverLeftBehind()) begin();
-}
-
-void PlotFiles::sweep() {
-  if (!plot_.history().isSaved() || !safetyCopy_->isAlone()) return;
-  const QDir shared(pathText(plot_.artwork().sharedFolder()));
-  const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
-  const QFileInfoList images = shared.entryInfoList(QDir::Files);
-  for (const QFileInfo& image : images)
-    if (image.lastModified() < yesterday) QFile::remove(image.absoluteFilePath());
-}
-
-bool PlotFiles::recoverLeftBehind() {
-  for (Recovery& found : safetyCopy_->leftBehind()) {
-    const QString title = toQString(found.project.metadata.title);
-    const RecoveryAnswer answer =
-        askAboutRecovery(window_, title.isEmpty() ? tr("Untitled") : title, found.notedAt);
-    if (answer == RecoveryAnswer::cancel) continue;
-    if (answer == RecoveryAnswer::recover) {
-      plot_.begin(KorrinProject::newDocument(plot_.environment()));
-      recover(std::move(found.project));
-      safetyCopy_->flush();  // before the only other copy goes
-    }
-    SafetyCopy::discard(found);
-    if (answer == RecoveryAnswer::recover) return true;
-  }
-  return false;
-}
-
-// An edit, so that the plot counts as unsaved and the way back is open.
-void PlotFiles::recover(KorrinProject project) {
-  plot_.perform(tr("Recover Unsaved Changes"), DocumentCommand::replaceProject(std::move(project)));
 }
 
 bool PlotFiles::begin() {
@@ -127,7 +90,7 @@ bool PlotFiles::open(const QString& path) {
   try {
     outcome = file.open();
   } catch (const FileError& error) {
-    failure = sentenceOf(error);
+    failure = sentenceOf(error.what());
   }
   if (outcome)
     if (const auto* newer = std::get_if<NewerDocument>(&*outcome)) {
@@ -147,7 +110,7 @@ bool PlotFiles::open(const QString& path) {
       try {
         discardRecovery(place);
       } catch (const FileError& error) {
-        Q_EMIT said(sentenceOf(error));
+        Q_EMIT said(sentenceOf(error.what()));
       }
     }
   }
@@ -182,14 +145,16 @@ bool PlotFiles::open(const QString& path) {
 }
 
 bool PlotFiles::save() {
+  takeTypedText();
   if (plot_.file() == nullptr) return saveAs();
   if (dropped_.count > 0 && !askToDrop(window_, pathText(plot_.file()->path()), dropped_))
     return false;
-  return write(*plot_.file(), true);
+  return write(*plot_.file(), true) != Written::nowhere;
 }
 
 bool PlotFiles::saveAs() {
   QFileDialog dialog(window_, tr("Save the Plot"));
+  dialog.setObjectName("saveAs");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setNameFilter(tr("Stage plots (*.json)"));
   dialog.setDefaultSuffix(suffix);
@@ -201,6 +166,7 @@ bool PlotFiles::saveAs() {
 }
 
 bool PlotFiles::saveTo(const QString& path) {
+  takeTypedText();
   const std::filesystem::path place = toPath(QFileInfo(path).absoluteFilePath());
   if (plot_.file() != nullptr && plot_.file()->path() == place) return save();
   if (safetyCopy_->isOpenElsewhere(place)) {
@@ -219,17 +185,21 @@ bool PlotFiles::saveTo(const QString& path) {
         return false;
       }
     } catch (const FileError& error) {
-      tellFailure(window_, tr("The plot was not saved"), sentenceOf(error));
-      return false;
+      return askToSaveElsewhere(window_, sentenceOf(error.what())) && saveAs();
     }
   }
-  if (!write(file, true)) return false;
+  const Written written = write(file, true);
+  if (written != Written::here) return written == Written::elsewhere;
   plot_.setFile(std::move(file));
   plot_.markSaved();
   return true;
 }
 
-bool PlotFiles::write(DocumentFile& file, bool asks) {
+PlotFiles::Written PlotFiles::saveElsewhere() {
+  return saveAs() ? Written::elsewhere : Written::nowhere;
+}
+
+PlotFiles::Written PlotFiles::write(DocumentFile& file, bool asks) {
   const QString path = pathText(file.path());
   // First, so that no saved plot lacks an image that was there.
   const std::vector<std::string> leftOut = plot_.artwork().bringTo(file.path());
@@ -241,25 +211,25 @@ bool PlotFiles::write(DocumentFile& file, bool asks) {
   } catch (const ChangedElsewhere&) {
     if (const auto versions = newerVersionsIn(file.path())) {
       tellNewer(window_, path, *versions);
-      return saveAs();
+      return saveElsewhere();
     }
     switch (askAboutChanged(window_, path)) {
       case ChangedAnswer::overwrite:
         return write(file, false);
       case ChangedAnswer::saveElsewhere:
-        return saveAs();
+        return saveElsewhere();
       case ChangedAnswer::cancel:
-        return false;
+        return Written::nowhere;
     }
   } catch (const FileError& error) {
-    tellFailure(window_, tr("The plot was not saved"), sentenceOf(error));
-    return false;
+    return askToSaveElsewhere(window_, sentenceOf(error.what())) ? saveElsewhere()
+                                                                 : Written::nowhere;
   } catch (const EncodingError& error) {
-    tellFailure(window_, tr("The plot was not saved"), sentenceOf(error));
-    return false;
+    tellFailure(window_, tr("The plot was not saved"), sentenceOf(error.what()));
+    return Written::nowhere;
   } catch (const DocumentValidationError& error) {
-    tellFailure(window_, tr("The plot was not saved"), sentenceOf(error));
-    return false;
+    tellFailure(window_, tr("The plot was not saved"), sentenceOf(error.what()));
+    return Written::nowhere;
   }
   dropped_ = {};
   plot_.markSaved();
@@ -271,12 +241,13 @@ bool PlotFiles::write(DocumentFile& file, bool asks) {
   Q_EMIT said(sentence);
   if (!leftOut.empty())
     tellFailure(window_, tr("The plot is saved, but not all of its images"),
-                plain(QString::fromStdString(leftOut.front())) + ' ' +
+                sentenceOf(leftOut.front()) + ' ' +
                     tr("Make room in the plot's folder, or save the plot in another one."));
-  return true;
+  return Written::here;
 }
 
 bool PlotFiles::mayForget() {
+  takeTypedText();
   if (plot_.history().isSaved()) return true;
   switch (askAboutUnsaved(window_, name())) {
     case UnsavedAnswer::save:

@@ -53,8 +53,10 @@ class PlotFiles : public QObject {
  private:
   bool recoverLeftBehind();
   void recover(KorrinProject project);
-  bool write(DocumentFile& file, bool asks);
-  bool saveAgain();
+  /// Where the plot was saved: the user may have chosen another name meanwhile.
+  enum class Written { here, elsewhere, nowhere };
+  Written write(DocumentFile& file, bool asks);
+  Written saveElsewhere();
   QString name() const;
 
   OpenPlot& plot_;

@@ -15,6 +15,10 @@ namespace {
 // Plots without a file at the same time; more than these have no copy.
 constexpr int maximumWithoutFile = 32;
 
+// Milliseconds: a little after a copy is due, and between two words about one that failed.
+constexpr int firstLook = 3'000;
+constexpr int nextLook = 20'000;
+
 }  // namespace
 
 SafetyCopy::SafetyCopy(OpenPlot& plot, QString folder, QObject* parent)
@@ -22,6 +26,8 @@ SafetyCopy::SafetyCopy(OpenPlot& plot, QString folder, QObject* parent)
   QDir().mkpath(folder_);
   // The names of plots, if not their contents, would tell others what the user works on.
   QFile::setPermissions(folder_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  whenToCheck_.setSingleShot(true);
+  connect(&whenToCheck_, &QTimer::timeout, this, &SafetyCopy::check);
   connect(&plot_, &OpenPlot::historyChanged, this, &SafetyCopy::follow);
 }
 
@@ -82,11 +88,20 @@ bool SafetyCopy::isAtItsPlace() const {
 void SafetyCopy::follow() {
   if (!isAtItsPlace()) move();
   if (!autosave_) return;
-  if (plot_.history().isSaved())
+  if (plot_.history().isSaved()) {
     forget();
-  else
-    autosave_->note(plot_.project());
-  isNoted_ = !plot_.history().isSaved();
+    return;
+  }
+  autosave_->note(plot_.project());
+  isNoted_ = true;
+  if (!whenToCheck_.isActive()) whenToCheck_.start(firstLook);
+}
+
+bool SafetyCopy::check() {
+  const std::optional<std::string> failure = autosave_ ? autosave_->failure() : std::nullopt;
+  if (isNoted_) whenToCheck_.start(failure ? nextLook : firstLook);
+  if (failure) Q_EMIT failed(QString::fromStdString(*failure));
+  return autosave_ && !failure;
 }
 
 void SafetyCopy::move() {
@@ -122,10 +137,12 @@ void SafetyCopy::move() {
 void SafetyCopy::forget() {
   if (autosave_ && isNoted_) autosave_->settle();
   isNoted_ = false;
+  whenToCheck_.stop();
 }
 
-void SafetyCopy::flush() {
+bool SafetyCopy::flush() {
   if (autosave_) autosave_->flush();
+  return check();
 }
 
 }  // namespace korrin::editor

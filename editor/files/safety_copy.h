@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -45,10 +46,15 @@ class SafetyCopy : public QObject {
   /// The user gave up what is unsaved: removes the copy.
   void forget();
 
-  /// Waits until everything noted is on the disk.
-  void flush();
+  /// Waits until everything noted is on the disk. Returns whether it is.
+  bool flush();
+
+ Q_SIGNALS:
+  /// What is unsaved cannot be kept: why, in a sentence. Comes again as long as that lasts.
+  void failed(const QString& reason);
 
  private:
+  bool check();
   void follow();
   void move();
   bool isAtItsPlace() const;
@@ -62,6 +68,7 @@ class SafetyCopy : public QObject {
   std::unique_ptr<Autosave> autosave_;
   bool hasNoFile_ = false;
   bool isNoted_ = false;  // whether there may be a copy
+  QTimer whenToCheck_;
 };
 
 }  // namespace korrin::editor

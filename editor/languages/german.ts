@@ -1887,5 +1887,29 @@
         <source>Links the selected rows to a symbol that is chosen from a list</source>
         <translation>Verknüpft die ausgewählten Zeilen mit einem Symbol aus einer Liste</translation>
     </message>
+    <message>
+        <source>A crash would lose what is not saved, as no copy can be kept (%1). Save the plot, in another folder if need be.</source>
+        <translation>Nach einem Absturz wäre verloren, was nicht gespeichert ist: Es lässt sich keine Kopie behalten (%1). Speichern Sie den Plan, nötigenfalls in einem anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>Your edits are still in this window. Save them under another name or in another folder, or mend what is wrong and save again.</source>
+        <translation>Ihre Änderungen sind noch in diesem Fenster. Speichern Sie sie unter einem anderen Namen oder in einem anderen Ordner, oder beheben Sie die Ursache und speichern Sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>Replace the files that are there already?</source>
+        <translation>Vorhandene Dateien ersetzen?</translation>
+    </message>
+    <message>
+        <source>&amp;Replace Them</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>The export is not complete</source>
+        <translation>Der Export ist nicht vollständig</translation>
+    </message>
+    <message>
+        <source>Make room, or export to another folder.</source>
+        <translation>Schaffen Sie Platz, oder exportieren Sie in einen anderen Ordner.</translation>
+    </message>
 </context>
 </TS>

@@ -12,7 +12,9 @@
 #include <QtPrintSupport/QPrinter>
 
 #include "editor/dialogs/compare_dialog.h"
+#include "editor/files/file_questions.h"
 #include "editor/files/paths.h"
+#include "editor/files/typed_text.h"
 #include "editor/main_window.h"
 #include "editor/menus/live_actions.h"
 #include "editor/output/sheets.h"
@@ -56,14 +58,20 @@ void write(MainWindow& window, const QString& name, const QByteArray& bytes) {
 template <class Save>
 void askAndSave(MainWindow& window, const QString& title, const QString& filter,
                 const QString& ending, Save save) {
-  QString name =
-      QFileDialog::getSaveFileName(&window, title, suggestion(window.plot(), ending), filter);
-  if (name.isEmpty()) return;
-  if (QFileInfo(name).suffix().isEmpty()) name += ending;
+  takeTypedText();
+  QFileDialog dialog(&window, title);
+  dialog.setObjectName("exportAs");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilter(filter);
+  // The dialog asks about a file of the whole name, its ending included.
+  dialog.setDefaultSuffix(ending.mid(1));
+  dialog.selectFile(suggestion(window.plot(), ending));
+  if (dialog.exec() != QDialog::Accepted) return;
   try {
-    save(name);
+    save(dialog.selectedFiles().value(0));
   } catch (const FileError& error) {
-    window.say(QString::fromUtf8(error.what()));
+    tellFailure(&window, tr("The export is not complete"),
+                sentenceOf(error.what()) + ' ' + tr("Make room, or export to another folder."));
   }
 }
 
@@ -82,12 +90,16 @@ void saveSvg(MainWindow& window) {
                const QFileInfo info(name);
                const std::vector<std::string> sheets =
                    sheetsOf(window.plot().project(), printedWith(window.plot(), Drawn::byOthers));
-               for (std::size_t i = 0; i < sheets.size(); ++i) {
-                 const QString numbered =
-                     QString("%1/%2-%3.svg").arg(info.path(), info.completeBaseName()).arg(i + 1);
-                 write(window, sheets.size() == 1 ? name : numbered,
-                       QByteArray::fromStdString(sheets[i]));
+               QStringList names;
+               QStringList present;  // of which the dialog knew nothing
+               for (std::size_t i = 1; i <= sheets.size(); ++i) {
+                 const QString numbered = QString("%1-%2.svg").arg(info.completeBaseName()).arg(i);
+                 names += sheets.size() == 1 ? name : info.path() + '/' + numbered;
+                 if (sheets.size() > 1 && QFileInfo::exists(names.last())) present += numbered;
                }
+               if (!present.isEmpty() && !askToReplace(&window, present)) return;
+               for (qsizetype i = 0; i < names.size(); ++i)
+                 write(window, names[i], QByteArray::fromStdString(sheets[std::size_t(i)]));
              });
 }
 
@@ -105,6 +117,7 @@ void savePicture(MainWindow& window) {
 }
 
 void preview(MainWindow& window) {
+  takeTypedText();
   QPrinter printer(QPrinter::HighResolution);
   setPaper(printer, window.plot().project());
   QPrintPreviewDialog dialog(&printer, &window);
@@ -117,6 +130,7 @@ void preview(MainWindow& window) {
 }
 
 void print(MainWindow& window) {
+  takeTypedText();
   QPrinter printer(QPrinter::HighResolution);
   setPaper(printer, window.plot().project());
   QPrintDialog dialog(&printer, &window);

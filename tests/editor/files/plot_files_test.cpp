@@ -3,6 +3,8 @@
 #include "editor/files/plot_files.h"
 
 #include <QAbstractItemView>
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QSettings>
 #include <QSignalSpy>
@@ -17,6 +19,7 @@
 #include "editor/files/recent_files.h"
 #include "editor/main_window.h"
 #include "tests/editor/support/answers.h"
+#include "tests/editor/support/hands.h"
 #include "tests/editor/support/settings.h"
 
 namespace korrin::editor {
@@ -174,6 +177,93 @@ class PlotFilesTest : public QObject {
     QVERIFY(refusal.wasAsked());
     Answer consent("unsavedChanges", "discard");
     QVERIFY(files->mayForget());
+  }
+
+  void savesWhatIsBeingTyped() {
+    MainWindow main;
+    main.plot().begin(trio(), DocumentFile(toPath(at("typed.json"))));
+    main.show();
+    QVERIFY(test::activate(main));
+    auto* mainFiles = main.findChild<PlotFiles*>();
+    main.canvas().showItem(main.plot().project().items[0].id);
+    main.canvas().editLabel();
+    test::type("Cajon");
+    QVERIFY(mainFiles->save());
+    QCOMPARE(main.plot().project().items[0].label, Text("Cajon"));
+    QVERIFY(contentOf(at("typed.json")).contains("Cajon"));
+
+    // What was typed counts as unsaved when the window closes.
+    main.canvas().editLabel();
+    test::type("Bongos");
+    Answer refusal("unsavedChanges", "cancel");
+    QVERIFY(!main.close());
+    QVERIFY(refusal.wasAsked());
+    QCOMPARE(main.plot().project().items[0].label, Text("Bongos"));
+    QVERIFY(mainFiles->save());
+  }
+
+  void saysWhatToDoWhenItCannotSave() {
+    write(at("a.json"), documentOf(trio()));
+    QVERIFY(files->open(at("a.json")));
+    rename("Mine");
+    // No file can be made in what is no folder.
+    write(at("no folder"), "");
+    QString text;
+    Answer refusal("notSaved", [&](QWidget& box) {
+      text = static_cast<QMessageBox&>(box).informativeText();
+      static_cast<QMessageBox&>(box).reject();
+    });
+    QVERIFY(!files->saveTo(at("no folder/a.json")));
+    QVERIFY(refusal.wasAsked());
+    QVERIFY2(text.contains("no folder") && text.contains("another name"), qPrintable(text));
+    QVERIFY(!plot->history().isSaved());
+    QCOMPARE(plot->file()->path(), toPath(at("a.json")));
+
+    // Saved elsewhere, the plot is the one that lies there.
+    Answer elsewhere("notSaved", "saveElsewhere");
+    Answer naming("saveAs", [this](QWidget& widget) {
+      auto& dialog = static_cast<QFileDialog&>(widget);
+      dialog.selectFile(at("b.json"));
+      QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    QVERIFY(files->saveTo(at("no folder/a.json")));
+    QVERIFY(naming.wasAsked());
+    QVERIFY(plot->history().isSaved());
+    QCOMPARE(plot->file()->path(), toPath(at("b.json")));
+    QVERIFY(contentOf(at("b.json")).contains("Mine"));
+  }
+
+  void saysThatACrashWouldLoseTheEdits() {
+    write(at("a.json"), documentOf(trio()));
+    // The copy cannot be written where a folder bears its name.
+    const QString copy = pathText(recoveryFileFor(toPath(at("a.json"))));
+    QVERIFY(QDir().mkpath(copy + "/occupied"));
+    QVERIFY(files->open(at("a.json")));
+    QSignalSpy said(files, &PlotFiles::said);
+    rename("Mine");
+    QVERIFY(!files->safetyCopy().flush());
+    QCOMPARE(said.count(), 1);
+    QVERIFY(said[0][0].toString().contains("Save the plot"));
+    QVERIFY(QDir(copy).removeRecursively());
+    rename("Mine again");
+    QVERIFY(files->safetyCopy().flush());
+    QCOMPARE(said.count(), 1);
+  }
+
+  void keepsWhatACrashLeftUntilItIsKeptElsewhere() {
+    rename("Unsaved");
+    files->safetyCopy().flush();
+    crash();
+    // The place for the next plot without a file is taken by a folder.
+    const QString next = pathText(recoveryFileFor(toPath(at("unsaved/unsaved-2.json"))));
+    const QString first = pathText(recoveryFileFor(toPath(at("unsaved/unsaved-1.json"))));
+    QVERIFY(QFile::exists(first));
+    plot->begin(KorrinProject::newDocument());
+    QVERIFY(QDir().mkpath(next + "/occupied"));
+    Answer answer("recovery", "recover");
+    files->start("");
+    QCOMPARE(plot->project().metadata.title, Text("Unsaved"));
+    QVERIFY(QFile::exists(first));
   }
 
   void recoversAPlotAfterACrash() {
