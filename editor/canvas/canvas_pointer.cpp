@@ -22,6 +22,7 @@ namespace korrin::editor {
 namespace {
 
 constexpr double reachPixels = 7;
+constexpr std::size_t many = 300;  // items
 
 // Of files on this computer.
 QStringList pathsOf(const QMimeData& dragged) {
@@ -76,6 +77,8 @@ void Canvas::beginDrag(const QPointF& point) {
     else
       drag_ = std::make_unique<ResizeDrag>(plot_, *item, *press_->handle);
   } else if (press_->item) {
+    // Of many items that move, adding up the places takes longer than painting all that is seen.
+    if (plot_.selection().size() > many) setViewportUpdateMode(FullViewportUpdate);
     drag_ = std::make_unique<MoveDrag>(plot_, point);
   }
 }
@@ -133,6 +136,7 @@ void Canvas::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void Canvas::endPress() {
+  setViewportUpdateMode(MinimalViewportUpdate);
   press_.reset();
   drag_.reset();
   band_->hide();

@@ -30,9 +30,13 @@ QRectF boundsOf(const PlotItem& item) {
   return {left, top, right - left, bottom - top};
 }
 
-void LabelView::show(const PlotItem& item) {
+void LabelView::follow(const PlotItem& item) {
   const QRectF bounds = boundsOf(item);
   setPos(bounds.center().x(), bounds.bottom());
+}
+
+void LabelView::show(const PlotItem& item) {
+  follow(item);
   const QString text = item.style.labelVisible ? toQString(item.label).simplified() : QString();
   if (text == text_ && item.style.labelScale == scale_) return;
   prepareGeometryChange();
@@ -80,6 +84,7 @@ void LabelView::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
 SymbolView::SymbolView(const PlotItem& item, SymbolPictures& pictures)
     : item_(item), picture_(pictures.pictureOf(item)), label_(std::make_unique<LabelView>()) {
   show(item, pictures);
+  label_->show(item);
 }
 
 SymbolView::~SymbolView() = default;
@@ -92,10 +97,14 @@ void SymbolView::show(const PlotItem& item, SymbolPictures& pictures) {
   } else if (item_.isLocked != item.isLocked) {
     update();
   }
+  const bool isLabelledAlike = item_.label == item.label && item_.style == item.style;
   item_ = item;
   setPos(item.position.x, item.position.y);
   setRotation(std::fmod(item.rotationDegrees, 360));
-  label_->show(item);
+  if (isLabelledAlike)
+    label_->follow(item);
+  else
+    label_->show(item);
 }
 
 void SymbolView::redraw(SymbolPictures& pictures) {

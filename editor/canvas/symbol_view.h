@@ -17,6 +17,8 @@ QRectF boundsOf(const PlotItem& item);
 class LabelView : public QGraphicsItem {
  public:
   void show(const PlotItem& item);
+  /// The same for an item that has moved and has the label that it had.
+  void follow(const PlotItem& item);
   /// Tells how many pixels a millimetre on stage takes.
   void setZoom(double pixelsPerMillimetre);
 
