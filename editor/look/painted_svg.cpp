@@ -1,5 +1,6 @@
 #include "editor/look/painted_svg.h"
 
+#include <QList>
 #include <QSizeF>
 #include <algorithm>
 #include <map>
