@@ -13,9 +13,10 @@
 //
 // A copy costs one increment and allocates nothing. A change of a shared list copies the spine (10
 // bytes for every leaf), the touched leaf (8 bytes for every element in it) and, in `edit` alone,
-// the one element; a change of an unshared list happens in place. Elements that are trivially
-// copyable and at most 16 bytes large stand in the leaf itself. Leaves of records that name a
-// `searchKey` (search_key.h) carry marks of the keys too, by which records are found unread.
+// the one element; a change of an unshared list happens in place. The copy of a leaf may keep the
+// memory of the former one, but none of its elements. Elements that are trivially copyable and at
+// most 16 bytes large stand in the leaf itself. Leaves of records that name a `searchKey`
+// (search_key.h) carry marks of the keys too, by which records are found unread.
 //
 // Every operation either succeeds or throws and leaves the list equal to what it was, whatever
 // fails: memory, a constructor of the element, a predicate. The element's destructor does not
@@ -56,6 +57,7 @@ class List {
   using Spine = detail::ListSpine<T>;
   using Leaf = detail::ListLeaf<T>;
   using Slot = detail::ListSlot<T>;
+  using Mask = detail::SlotMask;  // what `Leaf` calls so, which needs `T` complete
 
  public:
   /// @{
@@ -123,9 +125,7 @@ class List {
   T& edit(std::size_t index) {
     const std::size_t k = placeOf(index);
     const std::size_t offset = index - spine_->startOf(k);
-    Leaf& leaf = ownLeaf(k);
-    leaf.slots()[offset].makeOwn();
-    return leaf.handOut(offset).value();
+    return ownLeaf(k).edit(offset).value();
   }
 
   /// Puts `element` in the place of element `index`, which is never copied. Aborts when there is
@@ -207,7 +207,7 @@ class List {
     }
     Shared<Leaf> rest = Leaf::make(remaining);
     for (std::size_t part = first; part < last; ++part) {
-      const typename Leaf::Mask removed = part == k ? typename Leaf::Mask{1} << offset : 0;
+      const Mask removed = part == k ? Mask{1} << offset : 0;
       rest->appendCopiesExcept(spine_->leaf(part), removed);
     }
     replaceLeaves(first, last - first, std::move(rest));
@@ -222,7 +222,7 @@ class List {
     Shared<Spine> kept;  // from the first removal on: what precedes the leaf at hand
     for (std::size_t k = 0; k < spine_->leafCount(); ++k) {
       const Leaf& leaf = spine_->leaf(k);
-      const typename Leaf::Mask removed = matches(leaf, predicate);
+      const Mask removed = matches(leaf, predicate);
       if (!kept) {
         if (removed == 0) continue;
         kept = Spine::make(spine_->leafCount());
@@ -284,7 +284,7 @@ class List {
     for (std::size_t k = 0; k < spine_->leafCount(); ++k) {
       const Leaf& leaf = spine_->leaf(k);
       if (isShared || !spine_->sharedLeaf(k).isUnique()) leaf.settleShared();
-      for (typename Leaf::Mask rest = candidates(leaf, ids); rest != 0; rest &= rest - 1) {
+      for (Mask rest = candidates(leaf, ids); rest != 0; rest &= rest - 1) {
         const auto offset = static_cast<std::size_t>(std::countr_zero(rest));
         visit(spine_->startOf(k) + offset, leaf.slots()[offset].value());
       }
@@ -350,11 +350,10 @@ class List {
   /// The slots whose elements may have one of the identifiers. Looking at every element takes less
   /// time than looking for each of many identifiers.
   template <class IDs>
-  static typename Leaf::Mask candidates(const Leaf& leaf, const IDs& ids) {
+  static Mask candidates(const Leaf& leaf, const IDs& ids) {
     constexpr std::size_t few = 16;
-    if (ids.empty() || ids.size() > few)
-      return ~typename Leaf::Mask{0} >> (Leaf::maximum - leaf.count());
-    typename Leaf::Mask found = 0;
+    if (ids.empty() || ids.size() > few) return detail::firstSlots(leaf.count());
+    Mask found = 0;
     for (const UUID& id : ids) found |= leaf.matches(id);
     return found;
   }
@@ -452,15 +451,15 @@ class List {
   }
 
   template <class Predicate>
-  static typename Leaf::Mask matches(const Leaf& leaf, Predicate& predicate) {
-    typename Leaf::Mask mask = 0;
+  static Mask matches(const Leaf& leaf, Predicate& predicate) {
+    Mask mask = 0;
     for (std::size_t i = 0; i < leaf.count(); ++i)
-      if (std::invoke(predicate, leaf.slots()[i].value())) mask |= typename Leaf::Mask{1} << i;
+      if (std::invoke(predicate, leaf.slots()[i].value())) mask |= Mask{1} << i;
     return mask;
   }
 
   /// Adds to `kept` what `leaf` holds beside the `removed` slots: the leaf itself where none is.
-  static void appendRemaining(Spine& kept, const Shared<Leaf>& leaf, typename Leaf::Mask removed) {
+  static void appendRemaining(Spine& kept, const Shared<Leaf>& leaf, Mask removed) {
     const std::size_t count = leaf->count() - static_cast<std::size_t>(std::popcount(removed));
     if (count == 0) return;
     const std::size_t last = kept.leafCount() - 1;

@@ -4,6 +4,7 @@
 // 64 neighbouring slots. Hosts use List (list.h), never these.
 
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -11,6 +12,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "korrin/foundation/list_loan.h"
 #include "korrin/foundation/list_marks.h"
 #include "korrin/foundation/shared.h"
 
@@ -40,6 +42,10 @@ class ListSlot {
   explicit ListSlot(std::in_place_t, Arguments&&... arguments)
       : record_(Shared<Record>::adopt(
             new Record(std::in_place, std::forward<Arguments>(arguments)...))) {}
+  /// Refers to the element of another slot without a share of its own (list_loan.h).
+  static ListSlot uncounted(const ListSlot& other) noexcept {
+    return ListSlot(Shared<Record>::uncounted(other.record_.get()));
+  }
 
   const T& value() const noexcept { return record_->value; }
   /// For a change. Only when this slot is reached by one list alone and after `makeOwn`.
@@ -60,6 +66,8 @@ class ListSlot {
     T value;
   };
 
+  explicit ListSlot(Shared<Record> record) noexcept : record_(std::move(record)) {}
+
   Shared<Record> record_;
 };
 
@@ -78,11 +86,17 @@ class ListSlot<T> {
   T value_;
 };
 
+struct NoLoan {};
+
+/// Plain elements have no owners to count, hence nothing to lend.
+template <class T>
+using LoanOf = std::conditional_t<PlainElement<T>, NoLoan, LeafLoan>;
+
 /// Up to 64 slots behind one count of owners, in memory for `capacity()` of them, with the marks of
 /// their elements. Only a leaf with a single owner, itself reached by one list alone, may be
-/// changed.
+/// changed. To lend is no change: threads that share a leaf may copy it at the same time.
 template <class T>
-class ListLeaf : public Counted {
+class ListLeaf : public Counted, public LoanOf<T> {
  public:
   using Slot = ListSlot<T>;
 
@@ -97,9 +111,10 @@ class ListLeaf : public Counted {
     return Shared<ListLeaf>::adopt(::new (memory) ListLeaf(capacity));
   }
   static void destroy(ListLeaf* leaf) noexcept {
+    if constexpr (isLending)
+      if (leaf->hasLoan()) return destroyInLoan(leaf);
     std::destroy_n(leaf->slots(), leaf->count_);
-    std::destroy_at(leaf);
-    ::operator delete(leaf);
+    freeMemoryOf(leaf);
   }
 
   std::size_t count() const noexcept { return count_; }
@@ -116,6 +131,13 @@ class ListLeaf : public Counted {
     marks_.handOut(slot);
     return slots()[slot];
   }
+  /// As `handOut`, after copying the element if other leaves hold it. When that fails, nothing has
+  /// changed.
+  Slot& edit(std::size_t slot) {
+    hold(Mask{1} << slot);
+    slots()[slot].makeOwn();
+    return handOut(slot);
+  }
   /// Ends the time in which elements that were handed out may be changed.
   void settle() noexcept { marks_.settle(slots()); }
   /// As `settle`, for a leaf that more than one list reaches, which other threads may be searching
@@ -131,17 +153,24 @@ class ListLeaf : public Counted {
     return handOut(count_++);
   }
 
-  void appendCopies(const ListLeaf& other, std::size_t first, std::size_t last) noexcept {
-    for (std::size_t i = first; i < last; ++i) appendCopy(other, i);
+  void appendCopies(ListLeaf& other, std::size_t first, std::size_t last) noexcept {
+    appendCopiesExcept(other, firstSlots(first) | ~firstSlots(last));
   }
 
-  void appendCopiesExcept(const ListLeaf& other, Mask left) noexcept {
-    for (std::size_t i = 0; i < other.count(); ++i)
-      if ((left >> i & 1) == 0) appendCopy(other, i);
+  /// An empty leaf borrows the elements where `other` can lend them (list_loan.h).
+  void appendCopiesExcept(ListLeaf& other, Mask left) noexcept {
+    const Mask copied = firstSlots(other.count_) & ~left;
+    bool isLoan = false;
+    if constexpr (isLending)
+      isLoan = count_ == 0 &&
+               other.lendTo(*this, static_cast<std::size_t>(std::popcount(copied)), ~copied);
+    for (Mask rest = copied; rest != 0; rest &= rest - 1)
+      appendCopy(other, static_cast<std::size_t>(std::countr_zero(rest)), isLoan);
   }
 
   /// Makes this leaf, which is empty, what `other` was, which may only be destroyed afterwards.
   void take(ListLeaf& other) noexcept {
+    other.hold(allSlots);
     for (; count_ < other.count_; ++count_)
       std::construct_at(slots() + count_, std::move(other.slots()[count_]));
     marks_.take(other.marks_);
@@ -149,6 +178,7 @@ class ListLeaf : public Counted {
 
   void insert(std::size_t offset, Slot slot) noexcept {
     settle();
+    hold(allSlots);
     for (Slot* gap = slots() + count_; gap != slots() + offset; --gap) moveSlot(gap - 1, gap);
     std::construct_at(slots() + offset, std::move(slot));
     marks_.insertAt(offset, count_++, slots()[offset].value());
@@ -156,6 +186,7 @@ class ListLeaf : public Counted {
 
   /// Puts another slot in the place of one, which is returned.
   Slot replace(std::size_t offset, Slot slot) noexcept {
+    hold(Mask{1} << offset);
     Slot former = std::move(slots()[offset]);
     std::destroy_at(slots() + offset);
     std::construct_at(slots() + offset, std::move(slot));
@@ -165,6 +196,7 @@ class ListLeaf : public Counted {
 
   Slot remove(std::size_t offset) noexcept {
     settle();
+    hold(allSlots);
     Slot removed = std::move(slots()[offset]);
     std::destroy_at(slots() + offset);
     marks_.removeAt(offset, count_--);
@@ -173,11 +205,53 @@ class ListLeaf : public Counted {
   }
 
  private:
+  static constexpr bool isLending = !PlainElement<T>;
+  static constexpr Mask allSlots = ~Mask{0};
+
   explicit ListLeaf(std::size_t capacity) noexcept
       : capacity_(static_cast<std::uint16_t>(capacity)) {}
 
-  void appendCopy(const ListLeaf& other, std::size_t from) noexcept {
-    std::construct_at(slots() + count_, other.slots()[from]);
+  static void freeMemoryOf(ListLeaf* leaf) noexcept {
+    std::destroy_at(leaf);
+    ::operator delete(leaf);
+  }
+
+  /// Destroys the slots whose elements the leaf at the other end does not go on holding.
+  static void destroyInLoan(ListLeaf* leaf) noexcept {
+    const Mask left = leaf->letGo(allSlots);
+    for (std::size_t i = 0; i < leaf->count_; ++i)
+      if ((left >> i & 1) == 0) std::destroy_at(leaf->slots() + i);
+    leaf->endLoan();
+    if (!leaf->leavesMemory()) freeMemoryOf(leaf);
+  }
+
+  /// Gives slots shares of their own in elements that are held jointly with the leaf at the other
+  /// end: the chosen slots of a borrower, all of a lender.
+  void hold([[maybe_unused]] Mask chosen) noexcept {
+    if constexpr (isLending) {
+      const Mask joint = this->joint(chosen);
+      if (joint == 0) return;
+      for (Mask rest = joint; rest != 0; rest &= rest - 1) {
+        Slot* const slot = slots() + std::countr_zero(rest);
+        std::construct_at(slot, Slot(*slot));
+      }
+      // Where the other leaf had let go before, the joint share is this leaf's as well.
+      for (Mask rest = joint & ~this->letGo(chosen); rest != 0; rest &= rest - 1)
+        [[maybe_unused]] const Slot surplus = Slot::uncounted(slots()[std::countr_zero(rest)]);
+      endLoan();
+    }
+  }
+
+  void endLoan() noexcept {
+    if (LeafLoan* const lender = this->endOfLoan()) freeMemoryOf(static_cast<ListLeaf*>(lender));
+  }
+
+  void appendCopy(const ListLeaf& other, std::size_t from, [[maybe_unused]] bool isLoan) noexcept {
+    const Slot& slot = other.slots()[from];
+    if constexpr (isLending)
+      std::construct_at(slots() + count_, isLoan ? Slot::uncounted(slot) : Slot(slot));
+    else
+      std::construct_at(slots() + count_, slot);
     marks_.copy(count_, other.marks_, from, slots()[count_].value());
     ++count_;
   }

@@ -28,6 +28,11 @@ namespace korrin::detail {
 using SlotMask = std::uint64_t;
 inline constexpr std::size_t slotsOfALeaf = 64;
 
+/// The slots before slot `count`: none of them for 0, all for 64.
+constexpr SlotMask firstSlots(std::size_t count) noexcept {
+  return (SlotMask{count < slotsOfALeaf} << count % slotsOfALeaf) - 1;
+}
+
 /// The mark of one identifier, or of none: a byte of its hash.
 struct ByteMark {
   using Type = std::uint8_t;
@@ -167,20 +172,17 @@ class ListMarks<T> {
     const auto sought = Mark::of(id);
     SlotMask found = handedOut();
     // One stretch of slots after the other that are not handed out; mostly there is but one.
-    for (SlotMask rest = ~found & firstBits(count); rest != 0;) {
+    for (SlotMask rest = ~found & firstSlots(count); rest != 0;) {
       const auto first = static_cast<std::size_t>(std::countr_zero(rest));
       const auto length = static_cast<std::size_t>(std::countr_one(rest >> first));
       found |= Mark::matches(marks_.data() + first, length, sought) << first;
-      rest &= ~(firstBits(length) << first);
+      rest &= ~(firstSlots(length) << first);
     }
     return found;
   }
 
  private:
   static SlotMask bit(std::size_t slot) noexcept { return SlotMask{1} << slot; }
-  static SlotMask firstBits(std::size_t count) noexcept {
-    return ~SlotMask{0} >> (slotsOfALeaf - count);
-  }
 
   // Acquire: where a bit is gone, the mark that another thread made is there.
   SlotMask handedOut() const noexcept { return handedOut_.load(std::memory_order_acquire); }

@@ -56,8 +56,12 @@ class Shared {
   /// Takes over a new object that nothing else refers to; cheaper than the constructor.
   static Shared adopt(Object* fresh) noexcept {
     fresh->owners_.store(1, std::memory_order_relaxed);
+    return uncounted(fresh);
+  }
+  /// Takes over, or will leave to another, a share that is counted already.
+  static Shared uncounted(Object* object) noexcept {
     Shared owner;
-    owner.object_ = fresh;
+    owner.object_ = object;
     return owner;
   }
   Shared(const Shared& other) noexcept : object_(other.object_) { retain(); }

@@ -15,6 +15,7 @@
 
 #include "korrin/foundation/list.h"
 
+#include "tests/foundation/second_thread.h"
 #include "tests/foundation/watched.h"
 #include "tests/support/allocations.h"
 
@@ -41,7 +42,7 @@ std::vector<int> valuesOf(const List<T>& list) {
   return values;
 }
 
-enum class Sharing { none, everything, someLeaves };
+enum class Sharing { none, everything, someLeaves, someLeavesOfChangedCopy };
 enum class Failing { allocation, element };
 
 struct Case {
@@ -95,8 +96,9 @@ int failAtEveryStep(const std::function<void(List<T>&, Watch&)>& change, Failing
     Watch watch;
     {
       List<T> list = listOf<T>(watch, count);
-      const List<T> copy = sharing == Sharing::none ? List<T>() : list;
+      List<T> copy = sharing == Sharing::none ? List<T>() : list;
       if (sharing == Sharing::someLeaves && count > 0) list.edit(list.size() / 2);
+      if (sharing == Sharing::someLeavesOfChangedCopy && count > 0) copy.edit(list.size() / 2);
       const std::vector<int> before = valuesOf(list);
       const std::vector<int> copyBefore = valuesOf(copy);
       const int aliveBefore = watch.alive;
@@ -119,10 +121,11 @@ int failAtEveryStep(const std::function<void(List<T>&, Watch&)>& change, Failing
 class ListFailure : public testing::TestWithParam<Case> {};
 
 constexpr std::initializer_list<int> counts = {0, 1, 4, 5, 64, 65, 130};
-constexpr std::initializer_list<Sharing> sharings = {Sharing::none, Sharing::everything,
-                                                     Sharing::someLeaves};
+constexpr std::initializer_list<Sharing> sharings = {
+    Sharing::none, Sharing::everything, Sharing::someLeaves, Sharing::someLeavesOfChangedCopy};
 
 TEST_P(ListFailure, OfAnyAllocationLeavesListAndCopiesAlone) {
+  haveHadASecondThread();
   int failures = 0;
   for (const int count : counts) {
     for (const Sharing sharing : sharings) {
@@ -134,6 +137,7 @@ TEST_P(ListFailure, OfAnyAllocationLeavesListAndCopiesAlone) {
 }
 
 TEST_P(ListFailure, OfAnyElementOrPredicateLeavesListAndCopiesAlone) {
+  haveHadASecondThread();
   int failures = 0;
   for (const int count : counts)
     for (const Sharing sharing : sharings)

@@ -10,6 +10,7 @@
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/uuid.h"
 
+#include "tests/foundation/second_thread.h"
 #include "tests/support/allocations.h"
 
 namespace korrin {
@@ -158,6 +159,25 @@ TEST(ListMemory, ADroppedCopyGivesEverythingBack) {
     EXPECT_GT(liveBytes(), before);
   }
   EXPECT_EQ(liveBytes(), before);
+}
+
+TEST(ListMemory, WhatAListThatIsGoneLeavesIsItsChangedLeaf) {
+  haveHadASecondThread();
+  constexpr std::ptrdiff_t leaf = 64 * 8 + 64;
+  const std::ptrdiff_t before = liveBytes();
+  List<Record> list = records(1000);
+  const std::ptrdiff_t filled = liveBytes() - before;
+  for (int generation = 0; generation < 9; ++generation) {
+    const List<Record> former = std::move(list);
+    list = former;
+    list.edit(300)[0] = 'x';
+    list.replace(310, Record{});
+  }
+  EXPECT_GT(liveBytes() - before, filled) << "the leaf borrows nothing";
+  EXPECT_LE(liveBytes() - before, filled + leaf);
+  for (std::size_t i = 300; i < 330; ++i) list.edit(i)[0] = 'x';
+  list.erase(310);
+  EXPECT_LE(liveBytes() - before, filled);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -159,6 +161,66 @@ TEST(ListThreads, TheLastOwnerDisposesOfWhatOthersHaveRead) {
     }
     identifiers.clear();
     for (std::thread& thread : threads) thread.join();
+  }
+}
+
+// A leaf lends its elements to the copy of it that is changed (list_loan.h). Of a loan, both ends
+// are dropped or changed at the same time.
+TEST(ListThreads, BothEndsOfALoanEndAtOnce) {
+  const auto element = std::make_shared<int>(7);  // it counts by how many lists it is held
+  const auto drop = [](auto& list) { list.clear(); };
+  const auto edit = [](auto& list) { list.edit(9) = nullptr; };
+  const auto erase = [](auto& list) { list.erase(30); };
+  const auto lend = [](auto& list) {
+    for (std::size_t i = 0; i < 3; ++i) {
+      auto copy = list;
+      copy.erase(i);
+    }
+  };
+  using Change = std::function<void(List<std::shared_ptr<int>>&)>;
+  const std::vector<Change> changes = {drop, edit, erase, lend};
+  for (std::size_t round = 0; round < 20 * changes.size() * changes.size(); ++round) {
+    List<std::shared_ptr<int>> lender(std::vector(64, element));
+    List<std::shared_ptr<int>> borrower = lender;
+    borrower.replace(20, nullptr);
+    std::atomic<int> ready = 0;
+    std::vector<std::thread> threads;
+    for (List<std::shared_ptr<int>>* end : {&lender, &borrower}) {
+      const Change& change = changes[(end == &lender ? round : round / changes.size()) % 4];
+      threads.emplace_back([&, end] {
+        ++ready;
+        while (ready < 2) std::this_thread::yield();
+        change(*end);
+      });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const auto* end : {&lender, &borrower})
+      for (const auto& held : *end) EXPECT_TRUE(held == nullptr || *held == 7);
+    lender.clear();
+    borrower.clear();
+    ASSERT_EQ(element.use_count(), 1) << "round " << round;
+  }
+}
+
+// Several threads ask one leaf for the loan; one gets it.
+TEST(ListThreads, OneOfManyBorrows) {
+  const auto element = std::make_shared<int>(7);
+  for (int round = 0; round < 50; ++round) {
+    List<std::shared_ptr<int>> original(std::vector(64, element));
+    std::atomic<int> ready = 0;
+    std::vector<std::thread> threads;
+    for (std::size_t borrower = 0; borrower < 3; ++borrower) {
+      threads.emplace_back([copy = original, borrower, &ready]() mutable {
+        ++ready;
+        while (ready < 3) std::this_thread::yield();
+        copy.erase(borrower);
+        for (const auto& held : copy) EXPECT_EQ(*held, 7);
+      });
+    }
+    original.clear();
+    for (std::thread& thread : threads) thread.join();
+    threads.clear();
+    ASSERT_EQ(element.use_count(), 1) << "round " << round;
   }
 }
 
