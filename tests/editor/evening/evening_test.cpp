@@ -220,7 +220,7 @@ class EveningTest : public QObject {
 
   void save() {
     QVERIFY(window->isWindowModified());
-    Answer naming("QFileDialog", [this](QWidget& dialog) { giveName(dialog); });
+    Answer naming("saveAs", [this](QWidget& dialog) { giveName(dialog); });
     press(QKeySequence::Save);
     QVERIFY(naming.wasAsked() && activate(*window));
     QVERIFY(!window->isWindowModified());
