@@ -79,9 +79,7 @@ inline std::uint64_t lastDigits(const char* end, std::size_t count) noexcept {
   const __m128i digits =
       _mm_and_si128(detail::loadBlock(end - blockSize), detail::loadBlock(masks.data() + count));
   // Neighbours become one number each time: digits, then pairs, then fours.
-  const __m128i pairs = _mm_and_si128(
-      _mm_add_epi16(_mm_mullo_epi16(digits, _mm_set1_epi16(10)), _mm_srli_epi16(digits, 8)),
-      _mm_set1_epi16(0xFF));
+  const __m128i pairs = _mm_srli_epi16(_mm_mullo_epi16(digits, _mm_set1_epi16(10 << 8 | 1)), 8);
   const __m128i fours = _mm_madd_epi16(pairs, _mm_set1_epi32(1 << 16 | 100));
   const __m128i eights =
       _mm_madd_epi16(_mm_packs_epi32(fours, fours), _mm_set1_epi32(1 << 16 | 10'000));

@@ -1,7 +1,6 @@
 #include "korrin/coding/json_reader.h"
 
 #include <bit>
-#include <cmath>
 
 #include "korrin/coding/date_coding.h"
 #include "korrin/coding/decimal_quotient.h"
@@ -41,12 +40,12 @@ std::optional<double> Reader::nonFinite() {
 }
 
 void Reader::read(double& value) {
+  static_assert(ShortNumber::maximumDigits - 1 <= mostDecimals);
   const char* const start = scanner_.position();
   if (const auto number = scanner_.shortNumber()) [[likely]] {
-    const double magnitude = nearestQuotient(number->digits, number->decimals);
-    if (!std::isnan(magnitude)) [[likely]] {
+    if (const auto magnitude = nearestQuotient(number->digits, number->decimals)) [[likely]] {
       // Keeps the sign of -0, and does not make the processor guess it.
-      value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) |
+      value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(*magnitude) |
                                     std::uint64_t{number->isNegative} << 63);
       return;
     }

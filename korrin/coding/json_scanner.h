@@ -33,7 +33,7 @@ std::string unescaped(const StringToken& token);
 /// before the last `decimals` of them.
 struct ShortNumber {
   std::uint64_t digits;
-  std::int64_t decimals;
+  std::size_t decimals;  ///< Fewer than `maximumDigits`, since a digit stands before the point.
   bool isNegative;
 
   static constexpr std::size_t maximumDigits = 19;
@@ -218,7 +218,7 @@ class Scanner {
     }
     if (*at == 'e' || *at == 'E') return std::nullopt;
     at_ = at;
-    return ShortNumber{digits, static_cast<std::int64_t>(decimals), isNegative};
+    return ShortNumber{digits, decimals, isNegative};
   }
 
   /// Takes any value.

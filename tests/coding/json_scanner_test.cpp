@@ -55,7 +55,7 @@ void expectItsParts(const Found& found) {
   if (text.front() == '-') text.erase(0, 1);
   const std::size_t point = text.find('.');
   const std::size_t decimals = point == std::string::npos ? 0 : text.size() - point - 1;
-  EXPECT_EQ(found.number.decimals, static_cast<std::int64_t>(decimals)) << found.taken;
+  EXPECT_EQ(found.number.decimals, decimals) << found.taken;
   std::erase(text, '.');
   EXPECT_EQ(found.number.digits, std::stoull(text)) << found.taken;
 }
