@@ -17,8 +17,9 @@ inline constexpr std::size_t mostDecimals = 18;
 namespace detail {
 
 /// Up to here both operands of a division are exact, with a margin: the other way takes the same
-/// time for all digits, where the border of 53 bits would divide what documents hold at random.
-inline constexpr std::uint64_t exactLimit = 1'000'000'000'000'000;
+/// time for all digits, where the border of 53 bits would divide what documents hold at random. A
+/// machine that rounds a quotient twice divides nothing but 0.
+inline constexpr std::uint64_t exactLimit = FLT_EVAL_METHOD == 0 ? 1'000'000'000'000'000 : 0;
 
 inline constexpr std::array<double, mostDecimals + 1> exactPowersOfTen = {
     1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
@@ -97,9 +98,8 @@ inline std::optional<double> byReciprocal(std::uint64_t digits, std::size_t deci
 /// `mostDecimals`; halves go to the even one. Nothing for about one quotient in a thousand, where
 /// this way is not sure of it.
 inline std::optional<double> nearestQuotient(std::uint64_t digits, std::size_t decimals) {
-  // Both operands are exact, so the quotient is the nearest double, if it is rounded only once.
   // Dividing by one takes less time than finding out that one need not.
-  if (digits <= detail::exactLimit && (FLT_EVAL_METHOD == 0 || digits == 0))
+  if (digits <= detail::exactLimit)
     return static_cast<double>(static_cast<std::int64_t>(digits)) /
            detail::exactPowersOfTen[decimals];
   return detail::byReciprocal(digits, decimals);

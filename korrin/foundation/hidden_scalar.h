@@ -34,6 +34,18 @@ constexpr bool isHidden(char32_t scalar) noexcept {
   });
 }
 
+/// The number of a scalar as Unicode writes it, in capital hexadecimal digits without zeros in
+/// front.
+inline std::string hexadecimal(char32_t scalar) {
+  std::array<char, 8> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                 static_cast<std::uint32_t>(scalar), 16);
+  std::string text(digits.data(), end.ptr);
+  for (char& digit : text)
+    if (digit >= 'a') digit = static_cast<char>(digit - 'a' + 'A');
+  return text;
+}
+
 /// How a hidden scalar is shown: `\n`, `\r`, `\t`, or its number as in `\u{202E}`.
 inline std::string escaped(char32_t scalar) {
   switch (scalar) {
@@ -43,15 +55,8 @@ inline std::string escaped(char32_t scalar) {
       return "\\r";
     case '\t':
       return "\\t";
-    default: {
-      std::array<char, 8> digits{};
-      const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
-                                     static_cast<std::uint32_t>(scalar), 16);
-      std::string hexadecimal(digits.data(), end.ptr);
-      for (char& digit : hexadecimal)
-        if (digit >= 'a') digit = static_cast<char>(digit - 'a' + 'A');
-      return "\\u{" + hexadecimal + "}";
-    }
+    default:
+      return "\\u{" + hexadecimal(scalar) + "}";
   }
 }
 

@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -223,6 +224,17 @@ TEST(ScaledInteger, IsNothingWhereRoundingUpWouldNotFit) {
   EXPECT_EQ(json::scaledInteger("9223372036854775807.5", 0, 0), std::nullopt);
   EXPECT_EQ(json::scaledInteger("18446744073709551615.5", 0, 0), std::nullopt);
   EXPECT_EQ(json::scaledInteger("-18446744073709551615.5", 0, highest), std::nullopt);
+}
+
+TEST(Double, IsTheNearestOneWhereItsDigitsLieNextToAHalf) {
+  // So near to the middle between two doubles that 64 bits of a quotient do not tell the sides.
+  for (const auto& [text, value] : {std::pair{"4959.3977607855727", 4959.3977607855727},
+                                    std::pair{"-1062.5414822155509", -1062.5414822155509},
+                                    std::pair{"8687.5603930526986", 8687.5603930526986}}) {
+    const auto point = decodeJSON<StagePoint>(R"({"y":0.5,"x":)" + std::string(text) +
+                                              R"(,"a key of some length":null})");
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(point.x), std::bit_cast<std::uint64_t>(value)) << text;
+  }
 }
 
 TEST(NearestDouble, EndsWithItsText) {

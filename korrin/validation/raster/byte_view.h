@@ -78,14 +78,15 @@ class ByteView {
       std::memcpy(&word, bytes_.data(), sizeof word);
       bytes_ = bytes_.subspan(count);
       return order_ == std::endian::native ? word : __builtin_bswap32(word);
+    } else {
+      std::uint64_t value = 0;
+      for (unsigned i = 0; i < count; ++i) {
+        const unsigned place = order_ == std::endian::big ? count - 1 - i : i;
+        value |= std::to_integer<std::uint64_t>(bytes_[i]) << (8 * place);
+      }
+      bytes_ = bytes_.subspan(count);
+      return value;
     }
-    std::uint64_t value = 0;
-    for (unsigned i = 0; i < count; ++i) {
-      const unsigned place = order_ == std::endian::big ? count - 1 - i : i;
-      value |= std::to_integer<std::uint64_t>(bytes_[i]) << (8 * place);
-    }
-    bytes_ = bytes_.subspan(count);
-    return value;
   }
 
   void fail() noexcept {
