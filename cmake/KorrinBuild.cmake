@@ -23,8 +23,8 @@ function(korrin_compile_options target)
   endif()
   if(KORRIN_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${KORRIN_SANITIZE} -fno-omit-frame-pointer
-                                             -fno-sanitize-recover=all)
-    target_link_options(${target} PUBLIC -fsanitize=${KORRIN_SANITIZE})
+                                             -fno-sanitize-recover=all ${KORRIN_SANITIZE_OPTIONS})
+    target_link_options(${target} PUBLIC -fsanitize=${KORRIN_SANITIZE} ${KORRIN_SANITIZE_OPTIONS})
   endif()
 endfunction()
 
