@@ -31,12 +31,16 @@ testing::AssertionResult isNearest(std::uint64_t digits, std::size_t decimals) {
   return testing::AssertionFailure() << digits << "e-" << decimals << " became " << *found;
 }
 
+std::size_t anyDecimals(std::mt19937_64& random) {
+  return static_cast<std::size_t>(random() % (mostDecimals + 1));
+}
+
 TEST(NearestQuotient, IsTheNearestDoubleOfRandomDigits) {
   constexpr unsigned seed = 4711;
   std::mt19937_64 random(seed);
   for (int round = 0; round < 100'000; ++round) {
     const std::uint64_t digits = random() >> (random() % 64);
-    const std::size_t decimals = random() % (mostDecimals + 1);
+    const std::size_t decimals = anyDecimals(random);
     ASSERT_TRUE(isNearest(digits, decimals)) << "seed " << seed;
   }
 }
@@ -69,7 +73,7 @@ TEST(NearestQuotient, IsFoundForNearlyAllDigits) {
   constexpr int rounds = 100'000;
   int missed = 0;
   for (int round = 0; round < rounds; ++round)
-    missed += nearestQuotient(random() | 1, random() % (mostDecimals + 1)) ? 0 : 1;
+    missed += nearestQuotient(random() | 1, anyDecimals(random)) ? 0 : 1;
   // One in 1,024 is expected; this is ten standard deviations more.
   EXPECT_LT(missed, 200) << "seed " << seed;
 }

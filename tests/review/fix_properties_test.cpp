@@ -13,6 +13,7 @@
 #include "korrin/review/rules.h"
 #include "korrin/review/safe_fixes.h"
 
+#include "tests/support/effort.h"
 #include "tests/support/hostile_projects.h"
 #include "tests/support/laws.h"
 #include "tests/support/sample_project.h"
@@ -224,7 +225,7 @@ void expectSafeFixesToBeLawful(const KorrinProject& project, std::map<std::strin
 
 TEST(Fixes, KeepWhatTheyPromiseOnHostileProjects) {
   const char* const rounds = std::getenv("KORRIN_FIX_ROUNDS");
-  const int count = rounds != nullptr ? std::atoi(rounds) : 1'000;
+  const int count = rounds != nullptr ? std::atoi(rounds) : repetitions(1'000, 300);
   const char* const seedText = std::getenv("KORRIN_FIX_SEED");
   const auto seed = static_cast<unsigned>(seedText != nullptr ? std::atoi(seedText) : 16);
   std::map<std::string, int> offered;
