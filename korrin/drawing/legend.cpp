@@ -10,7 +10,7 @@ namespace {
 
 constexpr double highestRow = 7.4;
 constexpr double lowestRow = 4.4;
-constexpr double headHeight = 6;
+constexpr double headingHeight = 6;
 constexpr double columnWidth = 56;
 constexpr double swatchWidth = 6.6;
 constexpr double swatchHeight = 5.8;
@@ -25,7 +25,7 @@ class Legend {
         columns_(std::max<std::size_t>(1, static_cast<std::size_t>(box_.width / columnWidth))),
         notes_(drawn.missing.empty() ? 0 : 1),
         wanted_(drawn.looks.size() + drawn.risers.size() + notes_) {
-    const double room = box_.height - headHeight;
+    const double room = box_.height - headingHeight;
     const std::size_t rows = std::max<std::size_t>(1, (wanted_ + columns_ - 1) / columns_);
     rowHeight_ = std::clamp(room / static_cast<double>(rows), lowestRow, highestRow);
     rows_ = static_cast<std::size_t>(room / rowHeight_ + 1e-9);
@@ -48,7 +48,7 @@ class Legend {
   Place place() const {
     const double width = box_.width / static_cast<double>(columns_);
     return {box_.x + width * static_cast<double>(line_ / rows_),
-            box_.y + headHeight + rowHeight_ * (static_cast<double>(line_ % rows_) + 0.5)};
+            box_.y + headingHeight + rowHeight_ * (static_cast<double>(line_ % rows_) + 0.5)};
   }
 
   void drawLook(LookIndex index) {

@@ -8,7 +8,7 @@ namespace {
 using enum AuditRule;
 using enum PreflightSeverity;
 
-constexpr std::array descriptions = {
+constexpr std::array catalogue = {
     AuditRuleDescription{missingLayer, error, "Symbol is on no layer",
                          "A symbol names a layer that does not exist. It can be neither seen nor "
                          "selected, and it will not be printed.",
@@ -76,6 +76,6 @@ constexpr std::array descriptions = {
 
 }  // namespace
 
-std::span<const AuditRuleDescription> auditRules() { return descriptions; }
+std::span<const AuditRuleDescription> auditRules() { return catalogue; }
 
 }  // namespace korrin

@@ -36,7 +36,7 @@ AuditFinding about(AuditRule rule, const char* detail, const PlotGroup& group, L
 
 // The place of the group that the finding is about: the first with its identifier and its fault.
 template <class Predicate>
-std::size_t placeOf(const AuditFinding& finding, PlotLookup& plot, Predicate holds) {
+std::size_t faultyGroup(const AuditFinding& finding, PlotLookup& plot, Predicate holds) {
   return *plot.firstWith(&KorrinProject::groups, *finding.recordID, holds);
 }
 
@@ -97,7 +97,7 @@ std::optional<Fix> followedGroup(PlotLookup& plot, const AuditFinding& finding,
                                  const Environment&) {
   const Memberships& memberships = plot.memberships();
   const std::size_t place =
-      placeOf(finding, plot, [&](const PlotGroup& group) { return !memberships.agree(group); });
+      faultyGroup(finding, plot, [&](const PlotGroup& group) { return !memberships.agree(group); });
   const PlotGroup& group = plot.project().groups[place];
   List<UUID> members = group.itemIDs;
   members.eraseIf([&](const UUID& member) { return memberships.isStray(group, member); });
@@ -123,8 +123,8 @@ std::optional<Fix> knownMembers(PlotLookup& plot, const AuditFinding& finding, c
   const auto isItem = [&](const UUID& member) {
     return plot.placeOf(&KorrinProject::items, member).has_value();
   };
-  const std::size_t place =
-      placeOf(finding, plot, [&](const PlotGroup& group) { return listsUnknown(group, isItem); });
+  const std::size_t place = faultyGroup(
+      finding, plot, [&](const PlotGroup& group) { return listsUnknown(group, isItem); });
   const PlotGroup& group = plot.project().groups[place];
   List<UUID> members = group.itemIDs;
   members.eraseIf([&](const UUID& member) { return !isItem(member); });
@@ -143,7 +143,7 @@ void repeatedMembers(const KorrinProject& project, Findings& findings) {
 }
 
 std::optional<Fix> membersOnce(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
-  const std::size_t place = placeOf(
+  const std::size_t place = faultyGroup(
       finding, plot, [](const PlotGroup& group) { return !repeatedOnes(group.itemIDs).empty(); });
   const PlotGroup& group = plot.project().groups[place];
   return listing(plot.project(), place, eachOnce(group.itemIDs),
@@ -159,7 +159,7 @@ void emptyGroups(const KorrinProject& project, Findings& findings) {
 std::optional<Fix> withoutGroup(PlotLookup& plot, const AuditFinding& finding, const Environment&) {
   if (plot.memberships().isNamed(*finding.recordID)) return std::nullopt;
   const std::size_t place =
-      placeOf(finding, plot, [](const PlotGroup& group) { return group.itemIDs.empty(); });
+      faultyGroup(finding, plot, [](const PlotGroup& group) { return group.itemIDs.empty(); });
   List<PlotGroup> groups = plot.project().groups;
   const std::string title = "Remove the empty " + nameOf(groups[place]);
   groups.erase(place);

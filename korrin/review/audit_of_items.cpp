@@ -79,7 +79,7 @@ void report(AuditRule rule, const char* detail, const KorrinProject& project, Fi
 
 // The place of the item that the finding is about: the first with its identifier and its fault.
 template <class Predicate>
-std::size_t placeOf(const AuditFinding& finding, PlotLookup& plot, Predicate holds) {
+std::size_t faultyItem(const AuditFinding& finding, PlotLookup& plot, Predicate holds) {
   return *plot.firstWith(&KorrinProject::items, finding.itemIDs.front(), holds);
 }
 
@@ -101,7 +101,7 @@ std::optional<Fix> firstLayer(PlotLookup& plot, const AuditFinding& finding,
                               const Environment& environment) {
   const KorrinProject& project = plot.project();
   if (project.layers.empty()) return std::nullopt;
-  const std::size_t place = placeOf(finding, plot, [&](const PlotItem& item) {
+  const std::size_t place = faultyItem(finding, plot, [&](const PlotItem& item) {
     return !plot.placeOf(&KorrinProject::layers, item.layerID);
   });
   PlotItem item = project.items[place];
@@ -150,7 +150,7 @@ void unencodableNumbers(const KorrinProject& project, Findings& findings) {
 
 std::optional<Fix> noHeight(PlotLookup& plot, const AuditFinding& finding,
                             const Environment& environment) {
-  const std::size_t place = placeOf(finding, plot, hasUnencodableNumber);
+  const std::size_t place = faultyItem(finding, plot, hasUnencodableNumber);
   PlotItem item = plot.project().items[place];
   item.riserHeightMillimeters = std::nullopt;
   const std::string title = "Remove the riser height of " + nameOf(item);
@@ -167,7 +167,7 @@ std::optional<Fix> turnedInside(PlotLookup& plot, const AuditFinding& finding,
                                 const Environment& environment) {
   const StageSize& stage = plot.project().stage.size;
   const std::size_t place =
-      placeOf(finding, plot, [&](const PlotItem& item) { return turnsOutside(stage, item); });
+      faultyItem(finding, plot, [&](const PlotItem& item) { return turnsOutside(stage, item); });
   const PlotItem& item = plot.project().items[place];
   const StageSize extent = turnedExtent(item);
   if (!(extent.width <= stage.width) || !(extent.height <= stage.height)) return std::nullopt;
@@ -186,7 +186,7 @@ void unreadableTints(const KorrinProject& project, Findings& findings) {
 
 std::optional<Fix> noTint(PlotLookup& plot, const AuditFinding& finding,
                           const Environment& environment) {
-  const std::size_t place = placeOf(finding, plot, hasUnreadableTint);
+  const std::size_t place = faultyItem(finding, plot, hasUnreadableTint);
   PlotItem item = plot.project().items[place];
   item.style.tintHex = std::nullopt;
   const std::string title = "Remove the colour of " + nameOf(item);

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path root = KORRIN_SOURCE_DIR;
+const fs::path checkout = KORRIN_SOURCE_DIR;
 
 std::string page(const std::string& name) { return test::contentOfSource(name); }
 
@@ -48,10 +48,10 @@ std::vector<std::string> linkedPages(const std::string& text) {
 }
 
 TEST(Documentation, LinksToPagesThatExist) {
-  std::vector<fs::path> pages = {root / "README.md", root / "CHANGELOG.md"};
-  for (const auto& entry : fs::recursive_directory_iterator(root / "docs"))
+  std::vector<fs::path> pages = {checkout / "README.md", checkout / "CHANGELOG.md"};
+  for (const auto& entry : fs::recursive_directory_iterator(checkout / "docs"))
     if (entry.path().extension() == ".md") pages.push_back(entry.path());
-  for (const auto& entry : fs::recursive_directory_iterator(root / "examples"))
+  for (const auto& entry : fs::recursive_directory_iterator(checkout / "examples"))
     if (entry.path().extension() == ".md") pages.push_back(entry.path());
   std::size_t links = 0;
   for (const fs::path& page : pages) {
@@ -95,12 +95,12 @@ std::string region(const std::string& program, const std::string& name) {
 const std::string guide = "docs/guide";
 const std::string programs = "examples/guide";
 
-// The files of a folder with this extension, named from the root.
+// The files of a folder with this extension, named from the checkout.
 std::vector<std::string> filesOf(const std::string& folder, const std::string& extension) {
   std::vector<std::string> files;
-  for (const auto& entry : fs::directory_iterator(root / folder))
+  for (const auto& entry : fs::directory_iterator(checkout / folder))
     if (entry.path().extension() == extension)
-      files.push_back(entry.path().lexically_relative(root).string());
+      files.push_back(entry.path().lexically_relative(checkout).string());
   return files;
 }
 
@@ -135,7 +135,7 @@ TEST(Guide, ShowsCodeThatIsCompiled) {
   std::size_t blocks = 0;
   for (const std::string& name : filesOf(guide, ".md")) {
     for (const Shown& shown : codeOf(name)) {
-      ASSERT_TRUE(fs::is_regular_file(root / shown.program)) << name << ": " << shown.code;
+      ASSERT_TRUE(fs::is_regular_file(checkout / shown.program)) << name << ": " << shown.code;
       EXPECT_EQ(shown.code, region(shown.program, shown.region)) << name << ": " << shown.region;
       EXPECT_NE(shown.code, "") << name;
       ++blocks;

@@ -74,7 +74,8 @@ std::string structureOf(const std::string& svg) {
   return lines;
 }
 
-constexpr const char* digest = "0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef";
+constexpr const char* logoDigest =
+    "0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef";
 
 /// A riser with a microphone upon it, a wedge beside the stage, a logo, a label that is too long
 /// and an item on a hidden layer.
@@ -109,10 +110,10 @@ KorrinProject plot() {
       "and "
       "the accordion in those of the second");
   PlotItem& logo = add("krn.furniture.table.v1", {.x = -2000, .y = 1000}, "");
-  logo.assetID = digest;
+  logo.assetID = logoDigest;
   add("krn.audio.wedge.v1", {.x = 1000, .y = 1500}, "Spare wedge").layerID = hidden.id;
   project.assetManifest.push_back(
-      {.sha256 = digest, .filename = "logo.png", .mediaType = "image/png", .byteCount = 100});
+      {.sha256 = logoDigest, .filename = "logo.png", .mediaType = "image/png", .byteCount = 100});
   while (project.inputs.size() > 2) project.inputs.erase(project.inputs.size() - 1);
   project.inputs.edit(0).plotItemID = identifier(101);
   project.inputs.edit(1).plotItemID = identifier(101);

@@ -19,13 +19,6 @@
 namespace korrin {
 namespace {
 
-List<Watched> watched(Watch& watch, int count) {
-  List<Watched> list;
-  for (int i = 0; i < count; ++i) list.emplace_back(watch, i);
-  watch.copies = 0;
-  return list;
-}
-
 std::vector<int> valuesOf(const List<Watched>& list) {
   std::vector<int> values;
   for (const Watched& element : list) values.push_back(element.value());

@@ -15,13 +15,6 @@
 namespace korrin {
 namespace {
 
-List<Watched> watched(Watch& watch, int count) {
-  List<Watched> list;
-  for (int i = 0; i < count; ++i) list.emplace_back(watch, i);
-  watch.copies = 0;
-  return list;
-}
-
 template <class T>
 std::vector<const T*> addresses(const List<T>& list) {
   std::vector<const T*> result;

@@ -16,12 +16,6 @@
 namespace korrin {
 namespace {
 
-std::string utf8Of(char32_t scalar) {
-  std::string text;
-  utf8::append(text, scalar);
-  return text;
-}
-
 constexpr bool isScalar(char32_t value) {
   return value < 0xD800 || (value > 0xDFFF && value < 0x110000);
 }
@@ -68,7 +62,7 @@ TEST_F(PublishedNormalization, LeavesEveryScalarAloneThatItDoesNotList) {
   std::size_t changed = 0;
   for (char32_t scalar = 0; scalar < 0x110000; ++scalar) {
     if (!isScalar(scalar)) continue;
-    const std::string text = utf8Of(scalar);
+    const std::string text = test::utf8Of(scalar);
     if (!listed.contains(text) && toNFC(text) != text) ++changed;
   }
   EXPECT_EQ(changed, 0u);
@@ -79,7 +73,7 @@ TEST(Normalization, CallsNoScalarStableThatItChanges) {
   std::size_t stable = 0;
   for (char32_t scalar = 0; scalar < 0x110000; ++scalar) {
     if (!isScalar(scalar)) continue;
-    const std::string text = utf8Of(scalar);
+    const std::string text = test::utf8Of(scalar);
     if (!isStableNFC(text)) continue;
     ++stable;
     if (toNFC(text) != text) ++wrong;
@@ -138,7 +132,7 @@ TEST(Normalization, LeavesStableScalarsAloneBesideEachOther) {
   std::vector<char32_t> scalars = relevantScalars();
   if (scalars.empty())
     GTEST_SKIP() << "NormalizationTest.txt of the package unicode-data is not there";
-  std::erase_if(scalars, [](char32_t scalar) { return !isStableNFC(utf8Of(scalar)); });
+  std::erase_if(scalars, [](char32_t scalar) { return !isStableNFC(test::utf8Of(scalar)); });
   ASSERT_GT(scalars.size(), 1000u);
   const auto stride = static_cast<std::size_t>(test::repetitions(1, 37));
   std::size_t wrong = 0;

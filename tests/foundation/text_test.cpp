@@ -303,12 +303,6 @@ TEST(Text, OutlivesTheTextItWasCopiedFrom) {
   EXPECT_EQ(copy, "short-lived, yet held");
 }
 
-std::string utf8Of(char32_t scalar) {
-  std::string text;
-  utf8::append(text, scalar);
-  return text;
-}
-
 TEST(Text, IsBlankForEveryWhiteSpaceScalarAndNoOther) {
   const auto whiteSpace = test::scalarsWithProperty("White_Space");
   if (!whiteSpace) GTEST_SKIP() << "PropList.txt of the package unicode-data is not installed";
@@ -316,7 +310,7 @@ TEST(Text, IsBlankForEveryWhiteSpaceScalarAndNoOther) {
   std::size_t wrong = 0;
   for (char32_t scalar = 0; scalar < 0x110000; ++scalar) {
     if (scalar >= 0xD800 && scalar <= 0xDFFF) continue;
-    if (Text(utf8Of(scalar)).isBlank() != whiteSpace->contains(scalar)) ++wrong;
+    if (Text(test::utf8Of(scalar)).isBlank() != whiteSpace->contains(scalar)) ++wrong;
   }
   EXPECT_EQ(wrong, 0u);
 }

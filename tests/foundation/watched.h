@@ -2,6 +2,8 @@
 
 // An element that reports what happens to it, and fails when told to.
 
+#include "korrin/foundation/list.h"
+
 namespace korrin {
 
 struct ElementFailure {};
@@ -45,5 +47,13 @@ class Watched {
   Watch* watch_;
   int value_;
 };
+
+/// The numbers from 0 on, whose copies are counted from here on.
+inline List<Watched> watched(Watch& watch, int count) {
+  List<Watched> list;
+  for (int i = 0; i < count; ++i) list.emplace_back(watch, i);
+  watch.copies = 0;
+  return list;
+}
 
 }  // namespace korrin

@@ -13,7 +13,7 @@ KorrinProject festival() {
   return decodeDocument(exampleDocument("festival-main-stage"), DateStrategy::iso8601);
 }
 
-std::string refusal(auto action) {
+std::string refusalOf(auto action) {
   try {
     action();
   } catch (const LineError& error) {
@@ -34,16 +34,16 @@ TEST(ItemNames, AreComparedAsTextsAre) {
   const KorrinProject project = festival();
   const ItemNames names(project);
   EXPECT_EQ(names.item("A\u0301ngela").label, "Ángela");
-  EXPECT_EQ(refusal([&] { names.item("bv 1"); }),
+  EXPECT_EQ(refusalOf([&] { names.item("bv 1"); }),
             "there is no item \"bv 1\"; did you mean \"BV 1\"?");
-  EXPECT_EQ(refusal([&] { names.item(""); }), "there is no item \"\"");
+  EXPECT_EQ(refusalOf([&] { names.item(""); }), "there is no item \"\"");
 }
 
 TEST(ItemNames, AreRefusedWhenSeveralItemsHaveTheLabel) {
   KorrinProject project = festival();
   project.items.edit(9).label = "BV 1";
   const ItemNames names(project);
-  EXPECT_EQ(refusal([&] { names.item("BV 1"); }),
+  EXPECT_EQ(refusalOf([&] { names.item("BV 1"); }),
             "2 items are labelled \"BV 1\"; name one \"BV 1#1\", \"BV 1#2\" and so on, or by its "
             "identifier: " +
                 project.items[8].id.text() + ", " + project.items[9].id.text());
@@ -57,8 +57,8 @@ TEST(ItemNames, TellItemsWithOneLabelApartByNumber) {
   EXPECT_EQ(ItemNames(project).item("BV 1#2"), project.items[9]);
   for (const char* name :
        {"BV 1#3", "BV 1#99999999999999999999", "BV 1#0", "BV 1#", "#1", "BV 1#1 "})
-    EXPECT_NE(refusal([&] { ItemNames(project).item(name); }), "not refused") << name;
-  EXPECT_EQ(refusal([&] { ItemNames(project).item("BV 1#3"); }),
+    EXPECT_NE(refusalOf([&] { ItemNames(project).item(name); }), "not refused") << name;
+  EXPECT_EQ(refusalOf([&] { ItemNames(project).item("BV 1#3"); }),
             "there is no item \"BV 1#3\": 2 items are labelled \"BV 1\"");
   project.items.edit(0).label = "BV 1#2";
   EXPECT_EQ(ItemNames(project).item("BV 1#2"), project.items[0]);
@@ -81,11 +81,11 @@ TEST(EditableItems, ComeInTheOrderNamed) {
 TEST(EditableItems, AreRefusedWhenNamedTwice) {
   const KorrinProject project = festival();
   const ItemNames names(project);
-  EXPECT_EQ(refusal([&] {
+  EXPECT_EQ(refusalOf([&] {
               names.editableItems({"BV 1", "BV 2", "BV 1"});
             }),
             "\"BV 1\" is named twice");
-  EXPECT_EQ(refusal([&] {
+  EXPECT_EQ(refusalOf([&] {
               names.editableItems({"BV 1", project.items[8].id.text()});
             }),
             "\"" + project.items[8].id.text() + "\" is named twice");
@@ -97,7 +97,7 @@ TEST(EditableItems, AreRefusedWithTheLockOrLayerInTheWay) {
   project.layers.edit(0).isVisible = false;
   const ItemNames names(project);
   const auto reason = [&](const std::string& name) {
-    return refusal([&] { names.editableItems({name}); });
+    return refusalOf([&] { names.editableItems({name}); });
   };
   EXPECT_EQ(reason("16A"), "\"16A\" is locked");
   EXPECT_EQ(reason("Banner 舞台"), "\"Banner 舞台\" is on the layer \"House\", which is locked");

@@ -28,7 +28,7 @@ using testing::StartsWith;
 
 json findingsOf(const Outcome& outcome) { return json::parse(outcome.out)["files"][0]["findings"]; }
 
-std::string newerDocument() {
+std::string documentOfAnotherVersion() {
   return replaced(exampleDocument("festival-main-stage"), "\"minimumReaderVersion\": 1",
                   "\"minimumReaderVersion\": 2");
 }
@@ -117,7 +117,7 @@ TEST(Check, ReadsStandardInput) {
 
 TEST(Check, ReportsTheWorstOfSeveralFilesAndGoesOn) {
   const Scratch scratch;
-  scratch.write("newer.json", newerDocument());
+  scratch.write("newer.json", documentOfAnotherVersion());
   scratch.write("broken.json", "{");
   const std::string clean = " $D/festival-main-stage.json ";
   const std::string found = " $D/club-night-with-findings.json ";
@@ -153,7 +153,7 @@ TEST(Check, TakesFoldersAndSeveralPlotsAtOnceAndSumsUp) {
 
 TEST(Check, ReportsRefusedFilesInJsonToo) {
   const Scratch scratch;
-  scratch.write("newer.json", newerDocument());
+  scratch.write("newer.json", documentOfAnotherVersion());
   const Outcome outcome =
       scratch.korrin("check --format json newer.json absent $D/club-night-with-findings.json");
   EXPECT_EQ(outcome.status, 3);
@@ -253,12 +253,12 @@ TEST(Fmt, ReplacesTheFileItRead) {
 
 TEST(Fmt, NeitherReadsNorReplacesANewerDocument) {
   const Scratch scratch;
-  scratch.write("newer.json", newerDocument());
+  scratch.write("newer.json", documentOfAnotherVersion());
   EXPECT_EQ(scratch.korrin("fmt newer.json").status, 3);
   const Outcome outcome = scratch.korrin("fmt $D/festival-main-stage.json -o newer.json");
   EXPECT_EQ(outcome.status, 3);
   EXPECT_THAT(outcome.err, StartsWith("korrin: newer.json: needs a newer version of korrin"));
-  EXPECT_EQ(contentOf(scratch.path("newer.json")), newerDocument());
+  EXPECT_EQ(contentOf(scratch.path("newer.json")), documentOfAnotherVersion());
 }
 
 TEST(Fmt, LeavesTheOldFileWhenItCannotGoOn) {

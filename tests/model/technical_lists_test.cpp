@@ -12,11 +12,11 @@
 namespace korrin {
 namespace {
 
-const KorrinProject full = test::fullProject();
+const KorrinProject filled = test::fullProject();
 const KorrinProject sparse = test::sparseProject();
 
 TEST(InputChannel, KeepsTheRecordLaws) {
-  test::expectRecordLaws(full.inputs[0]);
+  test::expectRecordLaws(filled.inputs[0]);
   test::expectRecordLaws(sparse.inputs[0]);
 }
 
@@ -30,33 +30,33 @@ TEST(InputChannel, WithoutANumberIsNotChannelZero) {
 }
 
 TEST(MonitorMix, KeepsTheRecordLaws) {
-  test::expectRecordLaws(full.monitorMixes[0]);
+  test::expectRecordLaws(filled.monitorMixes[0]);
   test::expectRecordLaws(sparse.monitorMixes[0]);
 }
 
 TEST(EquipmentRequirement, KeepsTheRecordLaws) {
-  test::expectRecordLaws(full.equipmentRequirements[0]);
+  test::expectRecordLaws(filled.equipmentRequirements[0]);
   test::expectRecordLaws(sparse.equipmentRequirements[0]);
 }
 
 TEST(EquipmentRequirement, HoldsANegativeQuantity) {
-  EquipmentRequirement requirement = full.equipmentRequirements[0];
+  EquipmentRequirement requirement = filled.equipmentRequirements[0];
   requirement.quantity = -1;
   const std::string text = encodeJSON(requirement);
   EXPECT_NE(text.find("\"quantity\":-1,"), std::string::npos);
   EXPECT_EQ(decodeJSON<EquipmentRequirement>(text).quantity, -1);
 }
 
-TEST(ProjectNote, KeepsTheRecordLaws) { test::expectRecordLaws(full.notes[0]); }
+TEST(ProjectNote, KeepsTheRecordLaws) { test::expectRecordLaws(filled.notes[0]); }
 
 TEST(ProjectNote, DiffersByItsIdentifierAlone) {
-  ProjectNote other = full.notes[0];
+  ProjectNote other = filled.notes[0];
   other.id = test::numberedID(99);
-  EXPECT_FALSE(other == full.notes[0]);
+  EXPECT_FALSE(other == filled.notes[0]);
 }
 
 TEST(TechnicalList, KeepsItsOrderAndItsDuplicates) {
-  const InputChannel kick = full.inputs[0];
+  const InputChannel kick = filled.inputs[0];
   InputChannel snare = kick;
   snare.source = "Snare";
   const List<InputChannel> inputs = {snare, kick, snare};

@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-ItemChanges changesOf(const KorrinProject& before, const KorrinProject& after) {
+ItemChanges changesBetween(const KorrinProject& before, const KorrinProject& after) {
   return itemChanges(differences(before, after), before);
 }
 
@@ -27,7 +27,7 @@ class ItemChangesTest : public testing::Test {
 };
 
 TEST_F(ItemChangesTest, AreNoneOfAPlotAndItself) {
-  const ItemChanges changes = changesOf(before, after);
+  const ItemChanges changes = changesBetween(before, after);
   EXPECT_THAT(changes.added, IsEmpty());
   EXPECT_THAT(changes.changed, IsEmpty());
   EXPECT_THAT(idsOf(changes.moved), IsEmpty());
@@ -48,7 +48,7 @@ TEST_F(ItemChangesTest, NameEachItemOnce) {
   fresh.id = identifier(77);
   after.items.push_back(fresh);
 
-  const ItemChanges changes = changesOf(before, after);
+  const ItemChanges changes = changesBetween(before, after);
   EXPECT_THAT(changes.added, ElementsAre(identifier(77)));
   EXPECT_THAT(changes.changed, ElementsAre(changed));
   EXPECT_THAT(idsOf(changes.moved), ElementsAre(moved));
@@ -63,7 +63,7 @@ TEST_F(ItemChangesTest, PassOverWhatNobodySawBefore) {
   after.layers.edit(0).isVisible = false;
   after.items.edit(0).position.x += 100;
   after.items.erase(2);
-  const ItemChanges changes = changesOf(before, after);
+  const ItemChanges changes = changesBetween(before, after);
   EXPECT_THAT(idsOf(changes.moved), IsEmpty());
   EXPECT_THAT(idsOf(changes.gone), IsEmpty());
 }
@@ -71,7 +71,7 @@ TEST_F(ItemChangesTest, PassOverWhatNobodySawBefore) {
 TEST_F(ItemChangesTest, PassOverAnotherOrderAndOtherLists) {
   after.items.move(0, 2);
   after.inputs.erase(0);
-  const ItemChanges changes = changesOf(before, after);
+  const ItemChanges changes = changesBetween(before, after);
   EXPECT_THAT(changes.changed, IsEmpty());
   EXPECT_THAT(idsOf(changes.moved), IsEmpty());
   EXPECT_THAT(idsOf(changes.gone), IsEmpty());

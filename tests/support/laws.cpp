@@ -139,7 +139,7 @@ bool restoresModifiedAt(const DocumentCommand& command) {
 }
 
 // A text shares nothing with the project it was written from.
-std::string written(const KorrinProject& project) {
+std::string documentOf(const KorrinProject& project) {
   return encodeJSON(project, {.nonFinite = NonFinite::strings});
 }
 
@@ -162,7 +162,7 @@ std::vector<DocumentCommand> unfolded(const DocumentCommand& command) {
 AssertionResult changesWhatItSays(const KorrinProject& project, const DocumentCommand& command) {
   TestEnvironment environment;
   const std::vector<DocumentCommand> cases = unfolded(command);
-  const std::string writtenBefore = written(project);
+  const std::string writtenBefore = documentOf(project);
   KorrinProject after = project;
   const CommandResult result = command.apply(after, environment);
 
@@ -170,7 +170,7 @@ AssertionResult changesWhatItSays(const KorrinProject& project, const DocumentCo
     return ok;
   if (const auto ok = onlyConcernedFieldsChange(project, after, cases); !ok) return ok;
   if (const auto ok = changesAreReported(project, after, result.changes); !ok) return ok;
-  if (written(project) != writtenBefore)
+  if (documentOf(project) != writtenBefore)
     return AssertionFailure() << "a copy of the project changed with it";
   return AssertionSuccess();
 }

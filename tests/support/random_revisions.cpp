@@ -6,11 +6,6 @@
 namespace korrin::test {
 namespace {
 
-template <class Value>
-inline constexpr bool isListOfRecords = false;
-template <RecordType Record>
-inline constexpr bool isListOfRecords<List<Record>> = true;
-
 // Identifiers stay: a record with another one is another record.
 template <class Field>
 bool isIdentity(const Field& field) {

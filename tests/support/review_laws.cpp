@@ -13,6 +13,7 @@
 #include "korrin/validation/document_validation.h"
 
 #include "tests/support/laws.h"
+#include "tests/support/random_revisions.h"
 
 namespace korrin::test {
 namespace {
@@ -30,11 +31,6 @@ std::string writtenButModifiedAt(const KorrinProject& project) {
 KorrinProject unshared(const KorrinProject& project) {
   return decodeJSON<KorrinProject>(written(project), {.nonFinite = NonFinite::strings});
 }
-
-template <class Value>
-inline constexpr bool isListOfRecords = false;
-template <RecordType Record>
-inline constexpr bool isListOfRecords<List<Record>> = true;
 
 template <class Visit>
 void forEachList(Visit visit) {

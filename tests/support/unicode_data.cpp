@@ -52,6 +52,12 @@ std::optional<std::string> normalizationTest() {
 
 }  // namespace
 
+std::string utf8Of(char32_t scalar) {
+  std::string text;
+  utf8::append(text, scalar);
+  return text;
+}
+
 std::optional<std::set<char32_t>> scalarsWithProperty(const std::string& property) {
   std::ifstream file(packageFolder / "PropList.txt");
   if (!file) return std::nullopt;

@@ -9,6 +9,8 @@
 
 namespace korrin::test {
 
+std::string utf8Of(char32_t scalar);
+
 /// The scalars that PropList.txt gives `property`; nothing when the file is not installed.
 std::optional<std::set<char32_t>> scalarsWithProperty(const std::string& property);
 

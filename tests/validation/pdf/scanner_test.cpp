@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/validation/pdf/purse.h"
+
 namespace korrin::pdf {
 namespace {
 
@@ -53,13 +55,6 @@ TEST(Search, FindsAWordBehindBytesOfAnyKind) {
     text += "word";
     EXPECT_EQ(find(text, "word"), 7u) << byte;
   }
-}
-
-// A budget of so many steps.
-Budget purseOf(std::size_t steps) {
-  Budget budget(0);
-  budget.payFor(limits::stepsBase - steps, 1);
-  return budget;
 }
 
 TEST(Scanner, PaysForEachWordThatItTakes) {

@@ -8,6 +8,7 @@
 #include "korrin/validation/pdf/scanner.h"
 
 #include "tests/support/pdf_builder.h"
+#include "tests/validation/pdf/purse.h"
 
 namespace korrin::pdf {
 namespace {
@@ -65,13 +66,6 @@ TEST(Inflate, TakesAsMuchAsIsWantedWhateverThePieces) {
     EXPECT_EQ(sizeOf(pieceSize, all), text.size()) << pieceSize;
     EXPECT_EQ(sizeOf(pieceSize, 5'000), 5'000u) << pieceSize;
   }
-}
-
-// A budget of so many steps.
-Budget purseOf(std::size_t steps) {
-  Budget budget(0);
-  budget.payFor(limits::stepsBase - steps, 1);
-  return budget;
 }
 
 TEST(Copy, PaysForEachByte) {

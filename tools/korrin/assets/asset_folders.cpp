@@ -12,17 +12,12 @@
 #include "assets/sha256.h"
 #include "documents/document_file.h"
 #include "terminal/similar_file.h"
+#include "terminal/words.h"
 
 namespace korrin::host {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string lowerCase(std::string text) {
-  for (char& character : text)
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character - 'A' + 'a');
-  return text;
-}
 
 [[noreturn]] void fail(const std::string& folder, const std::error_code& error) {
   throw FileError(folder + ": cannot be read: " + error.message() + similarFileSuggestion(folder));

@@ -34,7 +34,7 @@ std::optional<AssetType> typeOf(const Facts& facts) {
 /// Points, which are seldom whole, in as many digits as tell a page from its limit.
 std::string pointsText(double points) { return shortNumber(points, 7); }
 
-std::string sizeOf(const Facts& facts) {
+std::string sizeInWords(const Facts& facts) {
   if (facts.raster && facts.raster->size)
     return std::to_string(facts.raster->size->width) + " x " +
            std::to_string(facts.raster->size->height) + " px";
@@ -94,7 +94,7 @@ std::string inWords(AssetRefusal refusal, const Facts& facts) {
 AssetVerdict judgeAsset(std::span<const std::byte> bytes,
                         std::optional<std::string_view> mediaType) {
   const Facts facts = factsOf(bytes);
-  AssetVerdict verdict{typeOf(facts), sizeOf(facts), std::nullopt, 0, {}};
+  AssetVerdict verdict{typeOf(facts), sizeInWords(facts), std::nullopt, 0, {}};
   if (!mediaType && verdict.type) mediaType = verdict.type->mediaType;
   if (const auto refusal = EmbeddedAssetSafety::refusal(bytes, mediaType)) {
     verdict.error = errorOf(*refusal);

@@ -16,7 +16,7 @@ std::string filenameOf(const std::string& path) {
 }
 
 /// What to call an entry: its file's name or, when that is blank, its digest.
-std::string nameOf(const AssetManifestEntry& entry) {
+std::string manifestName(const AssetManifestEntry& entry) {
   return entry.filename.isBlank() ? entry.sha256.str() : entry.filename.str();
 }
 
@@ -73,9 +73,11 @@ JudgedAsset AssetJudge::file(const std::string& path, std::span<const std::byte>
 }
 
 JudgedAsset AssetJudge::entry(const AssetManifestEntry& entry, const FoundAsset& found) {
-  JudgedAsset asset = take(
-      {.name = nameOf(entry), .status = AssetStatus::accepted, .file = found.path, .entry = entry},
-      std::as_bytes(std::span(found.bytes)), found.digest, entry.mediaType);
+  JudgedAsset asset = take({.name = manifestName(entry),
+                            .status = AssetStatus::accepted,
+                            .file = found.path,
+                            .entry = entry},
+                           std::as_bytes(std::span(found.bytes)), found.digest, entry.mediaType);
   if (asset.status == AssetStatus::accepted &&
       std::cmp_not_equal(found.bytes.size(), entry.byteCount)) {
     asset.status = AssetStatus::wrongByteCount;
@@ -93,7 +95,7 @@ JudgedAsset AssetJudge::unreadable(const std::string& path, std::string remark) 
 }
 
 JudgedAsset AssetJudge::missing(const AssetManifestEntry& entry, std::string remark) const {
-  return {.name = nameOf(entry),
+  return {.name = manifestName(entry),
           .status = AssetStatus::missing,
           .remark = std::move(remark),
           .totalPixels = budget_.pixels(),

@@ -8,13 +8,13 @@
 namespace korrin::host {
 namespace {
 
-constexpr std::string_view blanks = " \t\r\f\v";
+constexpr std::string_view whiteSpace = " \t\r\f\v";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view trimmed(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(blanks);
+  const std::size_t first = line.find_first_not_of(whiteSpace);
   if (first == std::string_view::npos) return {};
-  return line.substr(first, line.find_last_not_of(blanks) - first + 1);
+  return line.substr(first, line.find_last_not_of(whiteSpace) - first + 1);
 }
 
 }  // namespace

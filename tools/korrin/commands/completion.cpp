@@ -1,13 +1,9 @@
 #include "commands/completion.h"
 
+#include "terminal/words.h"
+
 namespace korrin::host {
 namespace {
-
-std::string joined(const std::vector<std::string>& words, const std::string& separator) {
-  std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
-  return text;
-}
 
 /// What may follow an option: a file's name, or a word among a few, if any are known.
 std::string valueCase(const Parameter& option) {

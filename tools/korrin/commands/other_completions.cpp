@@ -1,18 +1,13 @@
 // Completion in zsh and fish, both of which show what each word means.
 
 #include "commands/completion.h"
+#include "terminal/words.h"
 
 namespace korrin::host {
 namespace {
 
-std::string joined(const std::vector<std::string>& words, const std::string& separator) {
-  std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
-  return text;
-}
-
 /// The text with a backslash before each of these characters.
-std::string escaped(std::string_view text, std::string_view characters) {
+std::string withBackslashes(std::string_view text, std::string_view characters) {
   std::string result;
   for (const char c : text) {
     if (characters.find(c) != std::string_view::npos) result += '\\';
@@ -28,7 +23,7 @@ std::string zshQuoted(std::string_view text) {
   return result + "'";
 }
 
-std::string fishQuoted(std::string_view text) { return "'" + escaped(text, "\\'") + "'"; }
+std::string fishQuoted(std::string_view text) { return "'" + withBackslashes(text, "\\'") + "'"; }
 
 /// What zsh offers for a value: ":FORMAT:(text json)".
 std::string zshValue(const Parameter& parameter) {
@@ -38,7 +33,7 @@ std::string zshValue(const Parameter& parameter) {
     action = "(" + joined(parameter.choices, " ") + ")";
   else if (parameter.takesFile())
     action = "_files";
-  return ":" + escaped(name, ":") + ":" + action;
+  return ":" + withBackslashes(name, ":") + ":" + action;
 }
 
 std::string zshSpecifications(const CommandPage& page) {
@@ -46,7 +41,7 @@ std::string zshSpecifications(const CommandPage& page) {
   for (const Parameter& option : page.options)
     for (const std::string& name : option.names)
       text += " \\\n        " + zshQuoted((option.isRepeatable ? "*" : "") + name + "[" +
-                                          escaped(option.text, "[]:") + "]" +
+                                          withBackslashes(option.text, "[]:") + "]" +
                                           (option.isFlag() ? "" : zshValue(option)));
   for (const Parameter& argument : page.arguments)
     text += " \\\n        " + zshQuoted((argument.isRepeatable ? "*" : "") + zshValue(argument));
@@ -68,7 +63,7 @@ std::string zshCompletion(const CommandPage& program) {
   std::string names;
   std::string cases;
   for (const CommandPage& command : program.subcommands) {
-    names += "    " + zshQuoted(command.name + ":" + escaped(command.summary, ":")) + "\n";
+    names += "    " + zshQuoted(command.name + ":" + withBackslashes(command.summary, ":")) + "\n";
     cases +=
         "    " + command.name + ")\n      _arguments" + zshSpecifications(command) + "\n      ;;\n";
   }

@@ -5,11 +5,11 @@
 namespace korrin::host {
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view blankBytes = " \t\r\n";
 constexpr std::string_view escapes = "\"\\nrt";
-constexpr std::string_view escaped = "\"\\\n\r\t";  // what each stands for
+constexpr std::string_view unescaped = "\"\\\n\r\t";  // what each stands for
 
-bool isBlank(char byte) { return blanks.find(byte) != std::string_view::npos; }
+bool isBlank(char byte) { return blankBytes.find(byte) != std::string_view::npos; }
 
 /// Appends what stands between the quote at `position` and its partner, and moves behind it.
 void takeQuoted(std::string_view line, std::size_t& position, std::string& word) {
@@ -22,7 +22,7 @@ void takeQuoted(std::string_view line, std::size_t& position, std::string& word)
                                    ? escapes.find(line[position + 1])
                                    : std::string_view::npos;
     if (escape != std::string_view::npos) ++position;
-    word += escape == std::string_view::npos ? line[position] : escaped[escape];
+    word += escape == std::string_view::npos ? line[position] : unescaped[escape];
   }
   throw LineError("a double quote has no partner");
 }

@@ -49,12 +49,6 @@ void arrange(EditSession& session, ItemAlignment alignment, const Words& words) 
   session.apply(DocumentCommand::replaceItems(KorrinGeometry::applying(alignment, items)));
 }
 
-IDSet identifiersOf(const List<PlotItem>& items) {
-  IDSet identifiers;
-  for (const PlotItem& item : items) identifiers.insert(item.id);
-  return identifiers;
-}
-
 std::vector<std::string> edges() {
   std::vector<std::string> names;
   for (const ItemAlignment alignment : allCases<ItemAlignment>())

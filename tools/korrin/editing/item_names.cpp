@@ -40,6 +40,12 @@ std::optional<NumberedLabel> numberedLabel(std::string_view name) {
 
 }  // namespace
 
+IDSet identifiersOf(const List<PlotItem>& items) {
+  IDSet identifiers;
+  for (const PlotItem& item : items) identifiers.insert(item.id);
+  return identifiers;
+}
+
 ItemNames::ItemNames(const KorrinProject& project) : project_(project) {
   for (const PlotItem& item : project.items) {
     byIdentifier_.try_emplace(item.id, &item);

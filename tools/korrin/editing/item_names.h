@@ -13,6 +13,8 @@
 
 namespace korrin::host {
 
+IDSet identifiersOf(const List<PlotItem>& items);
+
 /// Finds the items of one project by name. Refers to the project, which must outlive it unchanged.
 class ItemNames {
  public:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 #include <map>
 #include <optional>
@@ -22,6 +21,7 @@
 #include "findings/findings_table.h"
 #include "terminal/display_text.h"
 #include "terminal/text_table.h"
+#include "terminal/words.h"
 
 namespace korrin::host {
 namespace {
@@ -148,13 +148,6 @@ void showItem(EditSession& session, const std::string& name) {
   printLinks(out, project.equipmentRequirements, item.id);
   if (const auto reason = names.obstacle(item))
     out << "may not be edited: " << printable(*reason) << '\n';
-}
-
-std::string lowerCase(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(),
-                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return result;
 }
 
 /// Prints the texts of a record, and of the records inside it, that hold what is looked for.

@@ -1,7 +1,6 @@
 #include "editing/record_edits.h"
 
 #include <algorithm>
-#include <cctype>
 #include <optional>
 #include <span>
 #include <utility>
@@ -112,13 +111,6 @@ void setByPath(EditSession& session, const std::string& path, const std::string&
   throw LineError("the plot has no field " + inQuotes(path) +
                   suggestion(path, plotFieldPaths(),
                              "; fields of records are set as in set input 7 source Kick"));
-}
-
-std::string lowerCase(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(),
-                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return result;
 }
 
 /// The symbol with this identifier or name, letter case aside.

@@ -29,12 +29,6 @@ StagePoint offsetOf(const std::string& dx, const std::string& dy) {
   return {.x = *x, .y = *y};
 }
 
-IDSet identifiersOf(const List<PlotItem>& items) {
-  IDSet identifiers;
-  for (const PlotItem& item : items) identifiers.insert(item.id);
-  return identifiers;
-}
-
 /// The items with these names, which may all be edited.
 IDSet selected(const EditSession& session, const Words& words) {
   return identifiersOf(ItemNames(session.project()).editableItems(words));

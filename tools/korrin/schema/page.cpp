@@ -6,7 +6,7 @@
 namespace korrin::host {
 namespace {
 
-std::string trimmed(std::string_view text) {
+std::string withoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return "";
   return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
@@ -16,12 +16,12 @@ std::string trimmed(std::string_view text) {
 PageRow cellsOf(const std::string& line) {
   PageRow cells;
   std::istringstream parts(line.substr(1));
-  for (std::string cell; std::getline(parts, cell, '|');) cells.push_back(trimmed(cell));
+  for (std::string cell; std::getline(parts, cell, '|');) cells.push_back(withoutBlanks(cell));
   return cells;
 }
 
 std::string headingOf(const std::string& line) {
-  std::string heading = trimmed(line.substr(line.find_first_not_of('#')));
+  std::string heading = withoutBlanks(line.substr(line.find_first_not_of('#')));
   std::erase(heading, '`');
   return heading;
 }

@@ -41,6 +41,21 @@ std::string listed(const std::vector<std::string>& words, std::size_t most) {
   return text;
 }
 
+std::string joined(const std::vector<std::string>& words, std::string_view separator) {
+  std::string text;
+  for (const std::string& word : words) {
+    if (&word != &words.front()) text += separator;
+    text += word;
+  }
+  return text;
+}
+
+std::string lowerCase(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) c = lowerCase(c);
+  return result;
+}
+
 std::optional<std::string> similarWord(std::string_view given,
                                        const std::vector<std::string>& known) {
   if (given.empty() || given.size() > longestWord) return std::nullopt;

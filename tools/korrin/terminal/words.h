@@ -14,6 +14,12 @@ namespace korrin::host {
 std::string listed(const std::vector<std::string>& words,
                    std::size_t most = static_cast<std::size_t>(-1));
 
+/// The words one after another, `separator` between two.
+std::string joined(const std::vector<std::string>& words, std::string_view separator);
+
+/// The text with small letters for the capital ones of ASCII.
+std::string lowerCase(std::string_view text);
+
 /// The word of `known` that takes the fewest single-character changes to reach from `given`, letter
 /// case aside; nothing where even that one is quite another word. The first of several.
 std::optional<std::string> similarWord(std::string_view given,
