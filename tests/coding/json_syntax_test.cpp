@@ -9,6 +9,7 @@
 
 #include "korrin/model/document_coding.h"
 
+#include "tests/support/corpora.h"
 #include "tests/support/decoding_outcome.h"
 #include "tests/support/files.h"
 
@@ -213,10 +214,10 @@ const std::map<std::string, std::pair<bool, std::string>> openCases = {
 };
 
 TEST(Syntax, AgreesWithAnotherAuthorsSuite) {
-  const std::filesystem::path folder = std::filesystem::path(KORRIN_CORPORA_DIR) / "json/nst";
-  if (!exists(folder)) GTEST_SKIP() << "the corpora are not beside the repository";
+  const auto folder = test::corpusFolder("json/nst");
+  if (!folder) GTEST_SKIP() << "the corpora are not beside the repository";
   std::map<char, int> counts;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+  for (const auto& entry : std::filesystem::directory_iterator(*folder)) {
     const std::string name = entry.path().stem();
     SCOPED_TRACE(name);
     ++counts[name.front()];

@@ -7,8 +7,11 @@
 
 namespace korrin::test {
 
-std::filesystem::path corpusFolder(const std::string& name) {
-  return std::filesystem::path(KORRIN_CORPORA_DIR) / name;
+std::optional<std::filesystem::path> corpusFolder(const std::string& name) {
+  const std::filesystem::path corpora = KORRIN_CORPORA_DIR;
+  if (!exists(corpora)) return std::nullopt;
+  if (!exists(corpora / name)) throw std::runtime_error("the corpora have no folder " + name);
+  return corpora / name;
 }
 
 std::vector<ExpectedOutcome> expectedOutcomes(const std::filesystem::path& folder) {

@@ -1,9 +1,10 @@
 #pragma once
 
-// The fixture of tests over one folder of third-party files, skipped when it is absent.
+// The fixture of tests over one folder of third-party files, skipped when there are no corpora.
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -14,16 +15,21 @@ namespace korrin::test {
 
 class CorpusTest : public testing::Test {
  protected:
-  explicit CorpusTest(const std::string& name) : folder_(corpusFolder(name)) {}
+  explicit CorpusTest(std::string name) : name_(std::move(name)) {}
 
   void SetUp() override {
-    if (!exists(folder_)) GTEST_SKIP() << "there is no corpus at " << folder_;
+    const auto folder = corpusFolder(name_);
+    if (!folder) GTEST_SKIP() << "the corpora are not beside the repository";
+    folder_ = *folder;
     lines_ = expectedOutcomes(folder_);
     ASSERT_FALSE(lines_.empty());
   }
 
-  const std::filesystem::path folder_;
+  std::filesystem::path folder_;
   std::vector<ExpectedOutcome> lines_;
+
+ private:
+  const std::string name_;
 };
 
 class ImageCorpus : public CorpusTest {
