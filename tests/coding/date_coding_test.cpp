@@ -17,6 +17,7 @@
 #include "tests/support/date_texts.h"
 #include "tests/support/decoding_outcome.h"
 #include "tests/support/effort.h"
+#include "tests/support/extremes.h"
 #include "tests/support/full_project.h"
 
 namespace korrin {
@@ -24,13 +25,12 @@ namespace {
 
 using namespace std::chrono;
 using Kind = DecodingError::Kind;
+using test::highest;
+using test::lowest;
 
 // A strategy has names for a host's options, and stands in no document itself.
 static_assert(fromRawValue<DateStrategy>("secondsSince1970") == DateStrategy::secondsSince1970);
 static_assert(!isCodable<DateStrategy> && !isCodable<List<DateStrategy>>);
-
-constexpr std::int64_t highestInteger = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t lowestInteger = std::numeric_limits<std::int64_t>::min();
 
 constexpr Instant at(std::int64_t count) { return Instant(nanoseconds(count)); }
 constexpr Instant at(int y, unsigned m, unsigned d, nanoseconds time = {}) {
@@ -62,8 +62,8 @@ TEST(DateText, HasAsFewFractionDigitsAsAreExact) {
   EXPECT_EQ(instantText(at(2026, 7, 18, 10ns)), "2026-07-18T00:00:00.000000010Z");
   EXPECT_EQ(instantText(at(-1)), "1969-12-31T23:59:59.999999999Z");
   EXPECT_EQ(instantText(at(-1'000'000)), "1969-12-31T23:59:59.999Z");
-  EXPECT_EQ(instantText(at(lowestInteger)), "1677-09-21T00:12:43.145224192Z");
-  EXPECT_EQ(instantText(at(highestInteger)), "2262-04-11T23:47:16.854775807Z");
+  EXPECT_EQ(instantText(at(lowest)), "1677-09-21T00:12:43.145224192Z");
+  EXPECT_EQ(instantText(at(highest)), "2262-04-11T23:47:16.854775807Z");
 }
 
 ProjectMetadata created(Instant instant) {
@@ -91,8 +91,8 @@ std::vector<Instant> instants() {
       referenceDate - 9'000'000'000 * second - 1'000'000'000 * second;
   std::vector<Instant> some;
   for (const std::int64_t centre :
-       {lowestInteger + 2, std::int64_t{0}, referenceDate, twentyDigits, -second, second,
-        highestInteger / second * second, lowestInteger / second * second, highestInteger - 2})
+       {lowest + 2, std::int64_t{0}, referenceDate, twentyDigits, -second, second,
+        highest / second * second, lowest / second * second, highest - 2})
     for (std::int64_t offset = -2; offset <= 2; ++offset) some.push_back(at(centre + offset));
   std::mt19937_64 random(99);
   for (int i = 0; i < test::repetitions(30'000, 5'000); ++i) {
@@ -174,9 +174,9 @@ TEST(Date, IsReadFromANumberToTheNearestNanosecond) {
         Row{"0.00000000049999999999999999999", 0}, Row{"-0.0000000005", -1},
         Row{"-0.0000000004", 0}, Row{"5e-10", 1}, Row{"0.9999999995", 1'000'000'000},
         Row{"1.0000000015", 1'000'000'002}, Row{"1e-999999999999999999999", 0},
-        Row{"0e999999999999999999999", 0}, Row{"9223372036.854775807", highestInteger},
-        Row{"9223372036.8547758074", highestInteger}, Row{"-9223372036.854775808", lowestInteger},
-        Row{"-9223372036.8547758084", lowestInteger},
+        Row{"0e999999999999999999999", 0}, Row{"9223372036.854775807", highest},
+        Row{"9223372036.8547758074", highest}, Row{"-9223372036.854775808", lowest},
+        Row{"-9223372036.8547758084", lowest},
         Row{"922337203685477580.7e-8", 9'223'372'036'854'775'807}}) {
     const auto metadata = decodeJSON<ProjectMetadata>(
         R"({"title":"","artist":"","venue":"","preparedBy":"","contactEmail":"","revision":"",)"

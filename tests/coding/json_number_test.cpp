@@ -17,6 +17,7 @@
 
 #include "tests/support/decoding_outcome.h"
 #include "tests/support/effort.h"
+#include "tests/support/extremes.h"
 #include "tests/support/locales.h"
 #include "tests/support/number_texts.h"
 
@@ -24,12 +25,11 @@ namespace korrin {
 namespace {
 
 using Kind = DecodingError::Kind;
+using test::highest;
+using test::largest;
+using test::lowest;
 using test::refusalOf;
-
-constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
-constexpr double largest = std::numeric_limits<double>::max();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
+using test::smallest;
 
 std::string zeros(std::size_t count) { return std::string(count, '0'); }
 

@@ -13,6 +13,8 @@
 #include "korrin/foundation/list.h"
 #include "korrin/foundation/uuid.h"
 
+#include "tests/foundation/numbers.h"
+
 namespace korrin {
 namespace {
 
@@ -20,12 +22,6 @@ static_assert(std::random_access_iterator<List<std::string>::const_iterator>);
 static_assert(std::random_access_iterator<List<UUID>::const_iterator>);
 static_assert(std::is_same_v<List<std::string>::iterator, List<std::string>::const_iterator>);
 static_assert(std::is_same_v<decltype(*List<int>().begin()), const int&>);
-
-List<int> numbersUpTo(int count) {
-  List<int> list;
-  for (int i = 0; i < count; ++i) list.push_back(i);
-  return list;
-}
 
 TEST(ListIterator, StepsForwardsAndBackwardsOverEveryElement) {
   std::vector<std::string> expected;
@@ -43,7 +39,7 @@ TEST(ListIterator, StepsForwardsAndBackwardsOverEveryElement) {
 }
 
 TEST(ListIterator, AddsAndSubtractsAcrossLeaves) {
-  List<int> list = numbersUpTo(300);
+  List<int> list = numbers(300);
   list.eraseIf([](int n) { return n % 64 > 60 || n == 100; });
   const auto size = static_cast<std::ptrdiff_t>(list.size());
   for (std::ptrdiff_t from = 0; from <= size; from += 7) {
@@ -65,7 +61,7 @@ TEST(ListIterator, AddsAndSubtractsAcrossLeaves) {
 }
 
 TEST(ListIterator, ServesTheStandardAlgorithms) {
-  const List<int> list = numbersUpTo(1000);
+  const List<int> list = numbers(1000);
   EXPECT_EQ(*std::lower_bound(list.begin(), list.end(), 777), 777);
   EXPECT_EQ(std::ranges::find(list, 640) - list.begin(), 640);
   EXPECT_EQ(std::accumulate(list.begin(), list.end(), 0), 999 * 500);

@@ -15,6 +15,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/foundation/numbers.h"
 #include "tests/foundation/watched.h"
 
 namespace korrin {
@@ -32,12 +33,6 @@ static_assert(sizeof(List<std::string>) == sizeof(void*));
 List<std::string> texts(int count) {
   List<std::string> list;
   for (int i = 0; i < count; ++i) list.push_back("element number " + std::to_string(i));
-  return list;
-}
-
-List<int> numbers(int count) {
-  List<int> list;
-  for (int i = 0; i < count; ++i) list.push_back(i);
   return list;
 }
 

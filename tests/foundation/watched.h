@@ -48,7 +48,7 @@ class Watched {
   int value_;
 };
 
-/// The numbers from 0 on, whose copies are counted from here on.
+/// So many elements, numbered from 0 on, of which `watch` has seen no copies yet.
 inline List<Watched> watched(Watch& watch, int count) {
   List<Watched> list;
   for (int i = 0; i < count; ++i) list.emplace_back(watch, i);

@@ -24,11 +24,6 @@ Refusal refusal(auto action) {
   return Refusal(RefusalReason::unreadable, "");
 }
 
-std::string newerDocument() {
-  return replaced(exampleDocument("festival-main-stage"), "\"minimumReaderVersion\": 1",
-                  "\"minimumReaderVersion\": 7");
-}
-
 TEST(DecodeDocument, RefusesANewerDocumentBeforeItsWords) {
   const std::string document =
       replaced(replaced(newerDocument(), "\"schemaVersion\": 1", "\"schemaVersion\": 9"),

@@ -28,11 +28,6 @@ using testing::StartsWith;
 
 json findingsOf(const Outcome& outcome) { return json::parse(outcome.out)["files"][0]["findings"]; }
 
-std::string documentOfAnotherVersion() {
-  return replaced(exampleDocument("festival-main-stage"), "\"minimumReaderVersion\": 1",
-                  "\"minimumReaderVersion\": 2");
-}
-
 TEST(Check, PassesAPlotWithNothingButInformation) {
   const Scratch scratch;
   const Outcome outcome = scratch.korrin("check $D/festival-main-stage.json");
@@ -117,7 +112,7 @@ TEST(Check, ReadsStandardInput) {
 
 TEST(Check, ReportsTheWorstOfSeveralFilesAndGoesOn) {
   const Scratch scratch;
-  scratch.write("newer.json", documentOfAnotherVersion());
+  scratch.write("newer.json", newerDocument());
   scratch.write("broken.json", "{");
   const std::string clean = " $D/festival-main-stage.json ";
   const std::string found = " $D/club-night-with-findings.json ";
@@ -153,7 +148,7 @@ TEST(Check, TakesFoldersAndSeveralPlotsAtOnceAndSumsUp) {
 
 TEST(Check, ReportsRefusedFilesInJsonToo) {
   const Scratch scratch;
-  scratch.write("newer.json", documentOfAnotherVersion());
+  scratch.write("newer.json", newerDocument());
   const Outcome outcome =
       scratch.korrin("check --format json newer.json absent $D/club-night-with-findings.json");
   EXPECT_EQ(outcome.status, 3);
@@ -253,12 +248,12 @@ TEST(Fmt, ReplacesTheFileItRead) {
 
 TEST(Fmt, NeitherReadsNorReplacesANewerDocument) {
   const Scratch scratch;
-  scratch.write("newer.json", documentOfAnotherVersion());
+  scratch.write("newer.json", newerDocument());
   EXPECT_EQ(scratch.korrin("fmt newer.json").status, 3);
   const Outcome outcome = scratch.korrin("fmt $D/festival-main-stage.json -o newer.json");
   EXPECT_EQ(outcome.status, 3);
   EXPECT_THAT(outcome.err, StartsWith("korrin: newer.json: needs a newer version of korrin"));
-  EXPECT_EQ(contentOf(scratch.path("newer.json")), documentOfAnotherVersion());
+  EXPECT_EQ(contentOf(scratch.path("newer.json")), newerDocument());
 }
 
 TEST(Fmt, LeavesTheOldFileWhenItCannotGoOn) {

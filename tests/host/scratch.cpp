@@ -68,4 +68,9 @@ std::string replaced(std::string text, std::string_view part, std::string_view r
   return text;
 }
 
+std::string newerDocument() {
+  return replaced(exampleDocument("festival-main-stage"), "\"minimumReaderVersion\": 1",
+                  "\"minimumReaderVersion\": 7");
+}
+
 }  // namespace korrin::host

@@ -49,4 +49,7 @@ std::string exampleDocument(std::string_view name);
 /// The text with the first `part` replaced; the test fails when it is not there.
 std::string replaced(std::string text, std::string_view part, std::string_view replacement);
 
+/// The example "festival-main-stage", which demands a reader of version 7.
+std::string newerDocument();
+
 }  // namespace korrin::host

@@ -17,6 +17,22 @@ TEST(ListedWords, SayHowManyAreLeftOut) {
   EXPECT_EQ(listed({"left", "right", "top", "bottom"}, 2), "left, right and 2 more");
 }
 
+TEST(JoinedWords, HaveTheSeparatorBetweenThem) {
+  EXPECT_EQ(joined({}, "|"), "");
+  EXPECT_EQ(joined({"left"}, "|"), "left");
+  EXPECT_EQ(joined({"", "left", ""}, ", "), ", left, ");
+}
+
+TEST(TrimmedText, HasNoWhiteSpaceAtItsEnds) {
+  EXPECT_EQ(trimmed(""), "");
+  EXPECT_EQ(trimmed(" \t\n\r\f\v"), "");
+  EXPECT_EQ(trimmed("\t left  right\r\n"), "left  right");
+}
+
+TEST(LowerCase, ChangesLettersOfASCIIAlone) {
+  EXPECT_EQ(lowerCase("AZaz@[`{ 09 \u00C9"), "azaz@[`{ 09 \u00C9");
+}
+
 TEST(SimilarWord, IsTheOneThatTakesTheFewestChanges) {
   const Words commands = {"list", "show", "align", "delete", "duplicate", "undo", "redo"};
   EXPECT_EQ(similarWord("delte", commands), "delete");

@@ -1,15 +1,13 @@
 #include "tests/support/date_texts.h"
 
 #include <chrono>
-#include <limits>
+
+#include "tests/support/extremes.h"
 
 namespace korrin::test {
 namespace {
 
 using namespace std::chrono;
-
-constexpr std::int64_t highestInteger = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t lowestInteger = std::numeric_limits<std::int64_t>::min();
 
 constexpr Instant at(std::int64_t count) { return Instant(nanoseconds(count)); }
 constexpr Instant at(int y, unsigned m, unsigned d, nanoseconds time = {}) {
@@ -37,11 +35,11 @@ std::vector<DateText> acceptedDates() {
       DateText{"FractionBefore1970", "1960-05-01T12:00:00.25Z", at(1960, 5, 1, 12h + 250ms)},
       DateText{"LeapDayOfTheCentury", "2000-02-29T00:00:00Z", at(2000, 2, 29)},
       DateText{"LastSecondOfADay", "2026-12-31T23:59:59Z", at(2026, 12, 31, 24h - 1s)},
-      DateText{"Earliest", "1677-09-21T00:12:43.145224192Z", at(lowestInteger)},
-      DateText{"EarliestInTheEast", "1677-09-21T02:12:43.145224192+02:00", at(lowestInteger)},
-      DateText{"EarliestInTheWest", "1677-09-20T22:12:43.145224192-02:00", at(lowestInteger)},
-      DateText{"Latest", "2262-04-11T23:47:16.854775807Z", at(highestInteger)},
-      DateText{"LatestInTheEast", "2262-04-12T00:47:16.854775807+01:00", at(highestInteger)},
+      DateText{"Earliest", "1677-09-21T00:12:43.145224192Z", at(lowest)},
+      DateText{"EarliestInTheEast", "1677-09-21T02:12:43.145224192+02:00", at(lowest)},
+      DateText{"EarliestInTheWest", "1677-09-20T22:12:43.145224192-02:00", at(lowest)},
+      DateText{"Latest", "2262-04-11T23:47:16.854775807Z", at(highest)},
+      DateText{"LatestInTheEast", "2262-04-12T00:47:16.854775807+01:00", at(highest)},
   };
 }
 

@@ -1,16 +1,11 @@
 #include "tests/support/number_texts.h"
 
-#include <limits>
+#include "tests/support/extremes.h"
 
 namespace korrin::test {
 namespace {
 
 using Kind = DecodingError::Kind;
-
-constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
-constexpr double largest = std::numeric_limits<double>::max();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
 
 std::string zeros(std::size_t count) { return std::string(count, '0'); }
 

@@ -3,6 +3,8 @@
 #include <limits>
 #include <type_traits>
 
+#include "korrin/review/record_walk.h"
+
 namespace korrin::test {
 namespace {
 
@@ -67,7 +69,7 @@ KorrinProject RandomRevisions::revised(KorrinProject project) {
                             (chosen >= 20 && field.key == "groups");
       ++place;
       if (!isChosen) return;
-      if constexpr (isListOfRecords<Value>)
+      if constexpr (revision::isList<Value>)
         edit(project.*field.member, donor.*field.member);
       else
         change(project.*field.member, donor.*field.member);

@@ -8,12 +8,6 @@
 
 namespace korrin::test {
 
-/// Whether a field of this type has records that stand or go on their own.
-template <class Value>
-inline constexpr bool isListOfRecords = false;
-template <RecordType Record>
-inline constexpr bool isListOfRecords<List<Record>> = true;
-
 /// Draws revisions. They share the storage of what they do not change. Identifiers of added records
 /// come from the same few as those of `RandomEdits`, so that sides add under one identifier, and
 /// lists repeat one now and then. Some numbers are not finite.

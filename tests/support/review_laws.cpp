@@ -10,6 +10,7 @@
 #include "korrin/model/document_coding.h"
 #include "korrin/review/difference.h"
 #include "korrin/review/merge.h"
+#include "korrin/review/record_walk.h"
 #include "korrin/validation/document_validation.h"
 
 #include "tests/support/laws.h"
@@ -35,7 +36,7 @@ KorrinProject unshared(const KorrinProject& project) {
 template <class Visit>
 void forEachList(Visit visit) {
   forEachField<KorrinProject>([&](const auto& field) {
-    if constexpr (isListOfRecords<typename std::decay_t<decltype(field)>::ValueType>) visit(field);
+    if constexpr (revision::isList<typename std::decay_t<decltype(field)>::ValueType>) visit(field);
   });
 }
 

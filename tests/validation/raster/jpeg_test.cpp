@@ -54,7 +54,7 @@ TEST(JpegWalk, RefusesASegmentThatReachesPastTheEnd) {
 }
 
 TEST(JpegWalk, GivesUpWhenItsStepsAreSpent) {
-  // Two more steps go to the bytes of the baseline's own marker.
+  // Two more steps go to the bytes of the frame's own marker.
   const auto filled = [](int count) {
     return jpeg({Bytes(static_cast<std::size_t>(count), std::byte{0xFF}), baseline});
   };

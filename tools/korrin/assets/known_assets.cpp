@@ -4,18 +4,12 @@
 
 #include "documents/document_file.h"
 #include "terminal/similar_file.h"
+#include "terminal/words.h"
 
 namespace korrin::host {
 namespace {
 
-constexpr std::string_view whiteSpace = " \t\r\f\v";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-std::string_view trimmed(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(whiteSpace);
-  if (first == std::string_view::npos) return {};
-  return line.substr(first, line.find_last_not_of(whiteSpace) - first + 1);
-}
 
 }  // namespace
 

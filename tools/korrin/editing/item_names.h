@@ -13,6 +13,7 @@
 
 namespace korrin::host {
 
+/// The identifiers of the items, each once.
 IDSet identifiersOf(const List<PlotItem>& items);
 
 /// Finds the items of one project by name. Refers to the project, which must outlive it unchanged.

@@ -3,25 +3,21 @@
 #include <algorithm>
 #include <sstream>
 
+#include "terminal/words.h"
+
 namespace korrin::host {
 namespace {
-
-std::string withoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return "";
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
 
 // The cells of "| a | b |".
 PageRow cellsOf(const std::string& line) {
   PageRow cells;
   std::istringstream parts(line.substr(1));
-  for (std::string cell; std::getline(parts, cell, '|');) cells.push_back(withoutBlanks(cell));
+  for (std::string cell; std::getline(parts, cell, '|');) cells.emplace_back(trimmed(cell));
   return cells;
 }
 
 std::string headingOf(const std::string& line) {
-  std::string heading = withoutBlanks(line.substr(line.find_first_not_of('#')));
+  std::string heading(trimmed(std::string_view(line).substr(line.find_first_not_of('#'))));
   std::erase(heading, '`');
   return heading;
 }

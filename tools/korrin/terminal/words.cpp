@@ -50,6 +50,13 @@ std::string joined(const std::vector<std::string>& words, std::string_view separ
   return text;
 }
 
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view whiteSpace = " \t\n\r\f\v";
+  const std::size_t first = text.find_first_not_of(whiteSpace);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
+}
+
 std::string lowerCase(std::string_view text) {
   std::string result(text);
   for (char& c : result) c = lowerCase(c);

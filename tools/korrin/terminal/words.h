@@ -17,6 +17,9 @@ std::string listed(const std::vector<std::string>& words,
 /// The words one after another, `separator` between two.
 std::string joined(const std::vector<std::string>& words, std::string_view separator);
 
+/// The text without white space of ASCII at its two ends.
+std::string_view trimmed(std::string_view text);
+
 /// The text with small letters for the capital ones of ASCII.
 std::string lowerCase(std::string_view text);
 
